@@ -1,0 +1,38 @@
+# Options shared by every target, and the helpers that the folders' own lists use.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_C_STANDARD 11)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_C_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_library(zavel_options INTERFACE)
+# Index keys compare as signed bytes, so the signedness of char is fixed once, here.
+target_compile_options(zavel_options INTERFACE
+  -fsigned-char -Wall -Wextra -Wpedantic -Wshadow -Wcast-align -Wimplicit-fallthrough -Werror
+  $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Woverloaded-virtual>)
+target_include_directories(zavel_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+if(ZAVEL_SANITIZE)
+  add_compile_options(-fsanitize=${ZAVEL_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${ZAVEL_SANITIZE})
+endif()
+
+# zavel_module(NAME SOURCES... [LINKS targets...]): one folder of the house as a static library.
+function(zavel_module name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC zavel_options ${arg_LINKS})
+endfunction()
+
+# zavel_test(NAME SOURCES... LINKS targets...): one GoogleTest program, its cases known to ctest.
+function(zavel_test name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(${name} PRIVATE zavel_options ${arg_LINKS} GTest::gtest GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+endfunction()

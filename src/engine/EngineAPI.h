@@ -1,0 +1,148 @@
+/* The bilingual dictionary engine: seventeen functions over one dictionary, exported with C linkage.
+ *
+ * Glossary: midasi headword, imi meaning, katuyo conjugation, sikibetu identification of a stored entry,
+ * yourei, kurei, bunrei example usage, phrase and sentence, hinsi part of speech, kihon basic (the shipped
+ * dictionary), kana and kji the reading index and the written-form index. E, J and K at the end of a name:
+ * English headwords, Japanese by reading, Japanese by kanji. `Serch` is the engine's spelling.
+ *
+ * Conventions of this header:
+ *  1. All strings are bytes: ASCII for English, Shift_JIS for Japanese, NUL-terminated, never null unless
+ *     said so. `const char*` is only read; a plain `char*` may be changed as its function tells.
+ *  2. Every function returns an engine status, 1 for success; engine/EngineStatus.h lists them.
+ *  3. A search clears its out-parameters first, so that they are 0 and null on any failure. A search that
+ *     finds nothing returns 1 with size 0 and a null list.
+ *  4. A result is a block list: lock its handle, read records, free it with GlobalFree. The caller owns it.
+ *     Integers in a block list are little-endian and not aligned.
+ *  5. The engine serves one thread at a time.
+ */
+#ifndef ENGINE_ENGINEAPI_H
+#define ENGINE_ENGINEAPI_H
+
+#include <stdint.h>
+
+#include "foundation/Export.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* A movable memory block. */
+typedef struct zavel_handle* Handle;
+
+/* The address of the block's bytes; valid until the handle is freed. Null for a null handle. */
+ZAVEL_API void* GlobalLock(Handle handle);
+/* Ends the use of the address. */
+ZAVEL_API void GlobalUnlock(Handle handle);
+/* Frees the block. A null handle is passed over. */
+ZAVEL_API void GlobalFree(Handle handle);
+
+/* Example usage, example phrase, example sentence: the English side and the Japanese side. */
+typedef struct yourei {
+  char* eng;
+  char* jpn;
+} yourei;
+typedef struct kurei {
+  char* eng;
+  char* jpn;
+} kurei;
+typedef struct bunrei {
+  char* eng;
+  char* jpn;
+} bunrei;
+
+/* Identification of one stored user entry: all that locates its row, so that a change of the index since
+ * the search is noticed. */
+typedef struct sikibetu_data {
+  uint32_t reserved;  /* 0 */
+  uint16_t fileNo;    /* 0 for the first kanji index, k for continuation index k */
+  uint16_t pos1;      /* row in the first table; 0xFFFF: none */
+  uint16_t pos2;      /* row in the second table */
+  uint16_t pos3;      /* row in the last table */
+  uint32_t ix3Offset; /* offset of the third-level block */
+  uint16_t ix3Size;   /* bytes in that block */
+  uint16_t ix3Count;  /* rows in that block */
+  uint16_t ix3Index;  /* the row */
+  uint32_t dicOffset; /* offset of the entry in the .dic file */
+} sikibetu_data;
+
+/* One English user entry. */
+typedef struct add_dic_e {
+  char* word;              /* headword */
+  uint8_t kind;            /* 1 a meaning entry with a part of speech, 2 a phrase entry */
+  uint16_t hinsi;          /* part of speech 1 to 9 when kind is 1 */
+  char* imi;               /* meaning, Shift_JIS and ASCII mixed */
+  char* phrase;            /* the phrase, ASCII, when kind is 2 */
+  uint16_t youreiCount;    /* number of examples */
+  yourei** youreis;        /* their addresses */
+  sikibetu_data* sikibetu; /* null to add; set to overwrite that entry */
+} add_dic_e;
+
+/* One Japanese user entry. */
+typedef struct add_dic_j {
+  char* kana;                   /* reading */
+  char* kanji;                  /* written form, or null */
+  char* imi;                    /* meaning, ASCII */
+  uint16_t kureiCount;          /* number of phrases */
+  kurei** kureis;               /* their addresses */
+  uint16_t bunreiCount;         /* number of sentences */
+  bunrei** bunreis;             /* their addresses */
+  sikibetu_data* sikibetuKana;  /* both null to add, both set to overwrite */
+  sikibetu_data* sikibetuKanji;
+} add_dic_j;
+
+/* Opens the engine.
+ *   kihonPath  prefix of the basic set's file names, ending in its own separator ("/usr/share/x/")
+ *   userPathE  prefix of the user English set, its last part 1 to 5 characters without extension, or null
+ *   userPathJ  the same for the user Japanese set, or null
+ * A user set of which no file exists is created.
+ * Status: 1; 17; 18 a path missing or malformed; 257, 258, 259 a basic, user English or user Japanese file
+ * that can't be opened; 260 an index that can't be loaded; 261 open already. On any but 1 the engine is
+ * closed. */
+ZAVEL_API uint16_t InitAPI(const char* kihonPath, const char* userPathE, const char* userPathJ);
+
+/* Saves changed user indexes and closes the engine. Status: 1; 20 never opened; 21 a failed write;
+ * 35 a call is still inside; 263 closed already. The engine is closed whatever the status. */
+ZAVEL_API uint16_t EndAPI(void);
+
+/* Lists display lines of the English headwords that begin with `word`.
+ *   mode  0 all, 1 only lines marked "***", 2 only lines marked "**" and not "***"
+ *   size  out: bytes in *list
+ *   list  out: records of u16 length and that many bytes of text, NUL included
+ *   dic   1 basic, 2 user, 3 both
+ * At most 50 lines from each dictionary and 50 in the merged list. A word shorter than three characters
+ * finds only what is filed under exactly that word.
+ * Status: 1; 17; 18 bad argument; 20; 21; 35; 257; 258; 2304. */
+ZAVEL_API uint16_t SerchMidasiE(const char* word, uint8_t mode, uint32_t* size, Handle* list, uint8_t dic);
+
+/* Lists display lines of the Japanese headwords that begin with `word`, in kana or with kanji.
+ *   word  katakana in it is turned into hiragana in place, also when the status is 18
+ * The rest as in SerchMidasiE, with 259 in the place of 258. */
+ZAVEL_API uint16_t SerchMidasiJ(char* word, uint32_t* size, Handle* list, uint8_t dic);
+
+/* Gives the entries of exactly `word`.
+ *   word    trailing tabs and blanks are cut in place
+ *   midasi  null, or a line as SerchMidasiE listed it: only the entry that yields exactly this line
+ *   filter  0 whole entries, 3 meanings, 4 phrases, 5 examples
+ *   list    out: records of u32 length and that many bytes of tagged entry text, without NUL
+ * Basic entries come first, then entries of other spellings they refer to, then user entries.
+ * Status: 1; 17; 18 bad argument; 20; 21; 35; 257; 258; 2304. */
+ZAVEL_API uint16_t SerchImiE(char* word, const char* midasi, uint8_t filter, uint32_t* size, Handle* list,
+                             uint8_t dic);
+
+/* The same for Japanese.
+ *   word  katakana is turned into hiragana and trailing blanks are cut, in place */
+ZAVEL_API uint16_t SerchImiJ(char* word, const char* midasi, uint8_t filter, uint32_t* size, Handle* list,
+                             uint8_t dic);
+
+/* Gives the inflection table of an English word, base or inflected.
+ *   list  out: records of u16 L, u8 form code, L bytes of text, NUL included. Codes: 1, 2 noun singular and
+ *         plural; 3, 4, 5 adjective positive, comparative, superlative; 6 to 10 verb present, third person,
+ *         past, past participle, progressive
+ * Status: 1; 17; 18 bad argument; 19 and 257 a malformed conjugation record; 20; 21; 35; 257 no file. */
+ZAVEL_API uint16_t GetKatuyo(const char* word, uint32_t* size, Handle* list);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,48 @@
+// First-level indexes: loading, searching their tables, walking them to a block offset.
+#ifndef ENGINE_INDEX1_H
+#define ENGINE_INDEX1_H
+
+#include <cstdint>
+#include <string>
+
+#include "engine/EngineStatus.h"
+#include "engine/Globals.h"
+
+namespace zavel::engine {
+
+// Loads an index whole into the named block `name` and fills `info`. `set` 1 basic, 2 user. False on a
+// read failure, a malformed file or when no block can be had.
+bool LoadIndex1(FsObj* stream, const char* name, idx_info_ptr* info, uint16_t set, uint16_t type, bool reload);
+void UnLoadIndex1(idx_info_ptr* info);
+
+// Table searches: a row, kRowNotFound, or kRowBad for a bad argument or an unloaded table.
+// Single-byte keys compare signed, two-byte keys unsigned. For set 2 and type 3 `fileNo` 0 is the first
+// kanji index, k continuation index k. Type 5 searches table C.
+uint16_t Bsrch1(uint16_t type, uint16_t fileNo, uint16_t key, uint16_t set);
+uint16_t Bsrch2_1(uint16_t type, uint16_t key, uint16_t parentRow, uint16_t set);
+uint16_t Bsrch2_2(uint16_t type, uint16_t fileNo, uint16_t key, uint16_t parentRow, uint16_t set);
+
+// 1 if every table pointer of every opened set is set, else 20.
+Status CheckOuterVal();
+
+// Walks the tables for a key: kOk with the block offset or the "no block" value (also for an empty key),
+// kInternal for damaged tables. Types 1, 2, 3; GetIdxKihon walks the derived-word index as type 4.
+Status GetIdxKihon(uint16_t type, const std::string& key, uint32_t* offset);
+Status GetIdxUser(uint16_t type, const std::string& key, uint32_t* offset);
+
+// The same in a user index with every row position recorded (kRowNotFound where there is none).
+struct Idx1Position {
+  uint16_t fileNo = 0;
+  uint16_t pos1 = kRowNotFound;
+  uint16_t pos2 = kRowNotFound;
+  uint16_t pos3 = kRowNotFound;
+  uint32_t offset = kNoBlockUser;
+};
+Status GetIdxUserPosition(uint16_t type, const std::string& key, Idx1Position* position);
+
+// kOk if `row` is below the row count of `table` (its size word first), else kInternal.
+Status AccessCheck(const uint8_t* table, uint16_t row, size_t rowSize);
+
+}  // namespace zavel::engine
+
+#endif

@@ -1,0 +1,88 @@
+// The names of the Windows API and of a Shift_JIS character library that the engine speaks, with the
+// meaning it relies on: one process, no real shared memory, no real locking.
+#ifndef ENGINE_SHIM_H
+#define ENGINE_SHIM_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "engine/EngineAPI.h"
+#include "engine/EngineStatus.h"
+
+namespace zavel::engine {
+
+// --- Memory blocks with handles (GlobalLock, GlobalUnlock, GlobalFree are exported) ---
+
+inline constexpr uint32_t kZeroFill = 0x40;   // bit of `flags`: zero-filled
+inline constexpr uint32_t kHandleFlags = 0x42;  // what every call in the engine gives
+
+// A new block of `size` bytes; null on failure.
+Handle GlobalAlloc(uint32_t flags, size_t size);
+// Resizes in place, content kept, and gives the same handle; null on failure, the block then as it was.
+Handle GlobalReAlloc(Handle handle, size_t size, uint32_t flags);
+size_t GlobalSize(Handle handle);
+
+// The usual end of a search: a block list of exactly `bytes`. Empty bytes give a null handle and kOk.
+Status MakeBlockList(std::string_view bytes, uint32_t* size, Handle* list);
+
+// --- Named memory: ten slots ---
+
+struct FileMapping;  // one slot
+FileMapping* CreateFileMapping(int file, void* security, uint32_t protect, uint32_t sizeHigh, uint32_t sizeLow,
+                               const char* name);
+void* MapViewOfFile(FileMapping* mapping);
+int UnmapViewOfFile(void* view);
+void DeleteFileMapping();
+uint32_t GetLastError();
+int CloseHandle(int handle);
+
+// --- Mutex ---
+
+int CreateMutex(void* security, int initialOwner, const char* name);
+int ReleaseMutex(int handle);
+uint32_t WaitForSingleObject(int handle, uint32_t timeout);
+
+// --- Files; true on success. All go through the storage seam ---
+
+bool DeleteFile(const std::string& path);
+bool CopyFile(const std::string& from, const std::string& to);
+bool MoveFile(const std::string& from, const std::string& to);
+// A new empty file in `folder`; its path in `path`.
+bool GetTempFileName(const std::string& folder, const std::string& prefix, uint32_t unique, std::string* path);
+
+struct SplitPath {
+  std::string drive;  // always empty here
+  std::string dir;    // up to and with the last "/" (or "\")
+  std::string name;   // the last part without its extension
+  std::string ext;    // from the last "." of the last part on, that "." included
+};
+SplitPath _splitpath(const std::string& path);
+
+// --- Byte order ---
+
+int ChangeLoHi(uint8_t* bytes, size_t size, size_t unit);
+uint32_t getChangeLoHiDWORD(const uint8_t* bytes);
+uint16_t getChangeLoHiWORD(const uint8_t* bytes);
+
+// --- Characters: codes are a single byte, or lead byte x 256 + trail byte ---
+
+inline int _ismbblead(unsigned c) { return ((c >= 0x81 && c <= 0x9F) || (c >= 0xE0 && c <= 0xFC)) ? static_cast<int>(c) : 0; }
+bool _ismbclegal(unsigned code);
+bool _ismbchira(unsigned code);
+bool _ismbckata(unsigned code);
+bool _ismbcl1(unsigned code);
+bool _ismbcl2(unsigned code);
+unsigned _mbctohira(unsigned code);
+unsigned _mbctombb(unsigned code);
+bool _ismbcprint(unsigned code);
+bool _isalpha(unsigned c);
+int _isprint(unsigned c);
+unsigned o_toupper(unsigned c);
+inline uint8_t HIBYTE(unsigned x) { return static_cast<uint8_t>(x >> 8); }
+inline uint8_t LOBYTE(unsigned x) { return static_cast<uint8_t>(x); }
+
+}  // namespace zavel::engine
+
+#endif
