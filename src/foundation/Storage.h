@@ -81,11 +81,13 @@ Storage* setStorage(Storage* replacement);
 // Defined by the port.
 Storage& defaultStorage();
 
-// Whole content of a file of at most `limit` bytes. False when it can't be read or is longer.
+// Whole content of a file of at most `limit` bytes. False when it can't be read or is longer; `out` is
+// then untouched.
 bool readWholeFile(const std::string& path, size_t limit, std::string* out);
 
 // Temporary file beside `path`, written, synced, renamed over it, folder synced. False leaves the old
-// content of `path` as it was and no temporary behind.
+// content of `path` as it was and no temporary behind. One failure comes after the rename: when the folder
+// can't be synced, the new content stands there whole, false only says that it may not outlive a power cut.
 bool writeFileAtomically(const std::string& path, std::string_view bytes);
 
 }  // namespace zavel
