@@ -22,7 +22,8 @@ std::optional<std::string> toShiftJis(std::string_view utf8, std::string* lackin
 
 // The same for running text of an entry: where two neighbouring characters would look like a tag to a
 // reader that goes byte by byte (a trail byte 0xF5 before a lead byte 0xE3, as in 員 and 罎), a blank parts
-// them. Not for headwords, whose spelling must stay.
+// them; and "≦" and "≧", between which readers drop all text, become "<=" and ">=". Not for headwords,
+// whose spelling must stay.
 std::optional<std::string> toEntryText(std::string_view utf8, std::string* lacking = nullptr);
 
 // True when a reader that goes byte by byte would see a tag in `sjis`, which holds none on purpose.

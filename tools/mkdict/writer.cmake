@@ -1,3 +1,5 @@
 # The frame, the writer, the verifier and the Japanese side.
 list(APPEND mkdict_sources
-  Summary.cpp)
+  Progress.cpp
+  Summary.cpp
+  ToShiftJis.cpp)
