@@ -1,26 +1,33 @@
-// Entry text: reading one entry, and the line that a headword list shows for it.
+// Entries of a .dic file: reading one, and the line that a headword list shows for it.
 #ifndef ENGINE_ENTRY_H
 #define ENGINE_ENTRY_H
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "engine/EngineStatus.h"
+#include "engine/IndexLine.h"
 
 namespace zavel::engine {
 
 // Appends the entry at `offset` to *text: up to the next entry tag, the end of the file or 65,535 bytes,
 // each NUL as a blank. With a non-null `midasi` the entry's line must equal it, gloss included, else
-// kOtherMidasi and nothing appended. `type` 1 reads ej.dic, 2 and 3 je.dic.
+// kOtherMidasi and nothing appended. `type` 1 reads ej.dic, 2 and 3 je.dic. An offset past the end of the
+// file appends nothing and is kOk. Else kFileError, or 257 to 259 for a stream that can't be had.
 Status GetDicData(const char* midasi, uint16_t type, uint16_t set, uint32_t offset, std::string* text);
 
-// The display line of the entry at `offset`, without its NUL: English "headword [gloss]", Japanese after
-// InformMidasiJ. *readable false: nothing could be read there, the row is to be skipped.
+// The display line of the entry at `offset`, without its NUL, cut so that a u16 can count it with its NUL:
+// English "headword [gloss]", Japanese after InformMidasiJ. *readable false: no entry can be read there,
+// the row is to be skipped.
 Status GetIndexWord(uint16_t type, uint32_t offset, uint16_t set, std::string* line, bool* readable);
 
-// Turns a Japanese line into its final form: by kana "reading [written form]", by kanji the other way
-// round, "〈" and "〉" into brackets.
-void InformMidasiJ(std::string* line, uint16_t type);
+// Bytes of the entry that `text` begins with: up to its second entry tag; npos when there is none.
+size_t EntryLength(std::string_view text);
+
+// Where an entry tag stands in `text` from `from` on, byte by byte; npos for nowhere.
+size_t FindEntryTag(std::string_view text, size_t from);
 
 }  // namespace zavel::engine
 
