@@ -42,7 +42,16 @@ struct JapaneseEntry {
   uint32_t rank = 0;
 };
 
+// One source of the set, for the list of sources that stands beside the files. All UTF-8.
+struct Source {
+  std::string name;     // "EDICT"
+  std::string version;  // as the data itself says, may be empty
+  std::string licence;  // "CC BY-SA 3.0, (c) ..."
+  std::string used;     // "Japanese entries"
+};
+
 struct Compilation {
+  std::vector<Source> sources;
   std::vector<EnglishEntry> english;
   std::vector<DerivedForm> derived;
   std::vector<KatuRecord> katu;
