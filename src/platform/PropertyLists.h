@@ -21,7 +21,8 @@ class PropertyLists {
   // False when `bytes` is no property list; `out` is then untouched.
   virtual bool parse(std::string_view bytes, Value* out) = 0;
 
-  // Empty when `value` can't be written (nested deeper than 512).
+  // Empty when `value` can't be written: nested deeper than 512, over 64 MiB, or a null other than as a
+  // member of a map (where it is left out).
   virtual std::string serialize(const Value& value, PropertyListFormat format) = 0;
 
   // The same on a file. Reading false: missing, unreadable or refused. Writing is atomic.
