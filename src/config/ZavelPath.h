@@ -13,6 +13,15 @@
 #ifndef CONFIG_ZAVELPATH_H
 #define CONFIG_ZAVELPATH_H
 
+#ifdef __cplusplus
+#include <array>
+#include <optional>
+#include <string>
+
+#include "config/PathTableRows.h"
+#include "platform/Value.h"
+#endif
+
 #include "config/ZavelApplet.h"
 #include "foundation/Export.h"
 
@@ -118,6 +127,63 @@ ZAVEL_API const char* zavelPathHomepageURL(void);
 
 #ifdef __cplusplus
 } /* extern "C" */
+
+namespace zavel {
+
+// The table behind the plain functions. Reading: platform().propertyLists(); folders: twcCreateFolder.
+class ZavelPath {
+ public:
+  ZavelPath() = default;
+  ZavelPath(const ZavelPath&) = delete;
+  ZavelPath& operator=(const ZavelPath&) = delete;
+  virtual ~ZavelPath() = default;
+
+  // As zavelPathLoadDictAndHelper, without the edition. An empty path is a table that is not there.
+  // `path` may be this table's own. A second load replaces the values that it reads; a group that the new
+  // table lacks, and all that stands behind the first missing value, keep what they were.
+  virtual int loadDictAndHelper(const char* path);
+
+  // Path of the table in use, null before the first load. Owned by this object.
+  virtual const char* pathDictAndHelper();
+
+  // Application path by ZAVEL_APPLET number, as it stands in the table; null when there is none. The map
+  // of applications is taken from the table on the first call and kept. Owned by this object.
+  virtual const char* getAppleyPath(int applet);
+
+  // Key of an application in the path table; null when its number has none.
+  virtual const char* appKeyWithEnum(int applet);
+
+  // The path at `key` of the table, or of `map`: a leading "~/" expanded and, with `createFolder`, the
+  // folder made. Nothing when the value is missing or no string, when there is no home folder to expand
+  // to, or when the folder can't be made.
+  virtual std::optional<std::string> extractFromPlistCreateCopy(const std::string& key, bool createFolder);
+  virtual std::optional<std::string> extractFromDictionaryCreateCopy(const Value& map, const std::string& key,
+                                                                     bool createFolder);
+
+  // Copies a file with /bin/cp; true when that ended with 0. A path that holds a blank is not copied (kept,
+  // see docs/quirks.md), nor is one of 1024 bytes or more, or one that would mean more than a path to a
+  // shell or to the command.
+  virtual bool fileCopyAndRename(const std::string& from, const std::string& to);
+
+  // A value as the accessors give it: null when missing. Owned by this object.
+  const char* value(PathEntry entry) const;
+
+ private:
+  bool synchronize();
+  int loadGroup(const PathGroupRow& group);
+  int loadRow(const PathRow& row, const Value& map);
+  void loadTwedApplication();
+
+  std::optional<std::string> dictAndHelper_;
+  Value table_;  // as last read; null when it could not be
+  std::array<std::optional<std::string>, kPathEntryCount> values_;
+  // The maps that values were read from, kept because the plain names stay in theirs.
+  std::array<Value, kPathGroupCount> groups_;
+  std::array<const char*, kPathEntryCount> names_ = {};  // borrowed from groups_
+  std::optional<Value> applicationPath_;
+};
+
+}  // namespace zavel
 #endif
 
 #endif

@@ -1,0 +1,45 @@
+// The path table that a host writes on its first start.
+#ifndef CONFIG_WORKPATHTABLE_H
+#define CONFIG_WORKPATHTABLE_H
+
+#include <string>
+
+#include "platform/Value.h"
+
+namespace zavel {
+
+// Folders below which everything of the table stands: absolute, UTF-8, without a trailing delimiter. The
+// usual choice are the user's own: data, cache and preferences are "zavel" below $XDG_DATA_HOME,
+// $XDG_CACHE_HOME and $XDG_CONFIG_HOME, or below one folder for all.
+struct PathTableRoots {
+  std::string data;
+  std::string cache;
+  std::string preferences;
+  std::string documents;
+  std::string helpers;  // where the helper programs are installed
+
+  // Web addresses that the installer knows; an empty one is left out of the table.
+  std::string support;
+  std::string homepage;
+};
+
+// A table with every key of every group, so that it loads with code 0 wherever its folders can be made.
+//   <data>/dictionaries/basic     the bilingual dictionary ("KenkyuDictionaryFolder")
+//   <data>/dictionaries/...       user, memories, learning, enhanced/EJ, technical/EJ, checker, ...
+//   <data>/archives, <data>/memories, <data>/help
+//   <cache>                       "CacheFolder"; the other cache folders stand below it
+//   <preferences>                 "PreferencesFolder", with ZavelStyle and PresetRSS
+//   <documents>                   "DocumentsFolder", where the user dictionaries' names are joined on
+//   <helpers>/zavel-...           helper programs, engine modules and sibling applications
+Value defaultPathTable(const PathTableRoots& roots);
+
+// Writes the default table as XML to `path` + ".plist", with the folders above it, if nothing is there. The
+// write is atomic. True when a file stands there afterwards; one that stood there before is not looked into.
+bool writePathTableIfMissing(const std::string& path, const PathTableRoots& roots);
+
+// Where loading looks for the table when it is given no path, without ".plist".
+std::string defaultPathTablePath();
+
+}  // namespace zavel
+
+#endif
