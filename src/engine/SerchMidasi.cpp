@@ -1,0 +1,99 @@
+// Headword search: the block that the first characters lead to, the rows in it that begin with the word,
+// a line for each. English lines are sorted and rid of doubles, basic Japanese lines stay in key order.
+// Tests: tests/engine/SerchMidasiTest.cpp
+#include <algorithm>
+
+#include "engine/ChangeMidasi.h"
+#include "engine/Entry.h"
+#include "engine/MidasiCheck.h"
+#include "engine/MidasiOrder.h"
+#include "engine/SerchFrame.h"
+#include "engine/Workers.h"
+#include "foundation/ByteReader.h"
+
+namespace zavel::engine {
+namespace {
+
+// The `mode` argument of SerchMidasiE.
+constexpr uint8_t kModeAll = 0;
+constexpr uint8_t kModeThreeStars = 1;
+constexpr uint8_t kModeTwoStars = 2;
+
+bool PassesMode(std::string_view line, uint8_t mode) {
+  if (mode == kModeAll) return true;
+  const bool three = line.starts_with("***");
+  return mode == kModeThreeStars ? three : line.starts_with("**") && !three;
+}
+
+// The lines of one side in row order, at most fifty rows; none when the side has no such word.
+Status ListSide(uint16_t type, uint16_t set, const std::string& key, uint8_t mode, MidasiLines* lines) {
+  uint32_t offset = 0;
+  bool found = false;
+  Status status = FindBlock(type, set, key, &offset, &found);
+  if (status != kOk || !found) return status;
+  Ix3Rows rows;
+  status = GetIndex3(type, set, key, offset, &rows);
+  if (status != kOk) return status;
+  rows.offsets.resize(std::min<size_t>(rows.offsets.size(), kMaxRows));
+  for (const uint32_t entry : rows.offsets) {
+    std::string line;
+    bool readable = false;
+    status = GetIndexWord(type, entry, set, &line, &readable);
+    if (status != kOk) return status;
+    if (readable && PassesMode(line, mode)) lines->push_back(std::move(line));
+  }
+  return kOk;
+}
+
+std::string ToRecords(const MidasiLines& lines) {
+  std::string records;
+  for (const std::string& line : lines) {
+    appendLE16(records, static_cast<uint16_t>(line.size() + 1));
+    records.append(line).push_back('\0');
+  }
+  return records;
+}
+
+Status ListMidasiE(const char* word, uint8_t mode, SerchSides sides, std::string* records) {
+  if (ChkMidasiStrE(word) != kOk || mode > kModeTwoStars) return kBadArgument;
+  if (mode != kModeAll && !sides.kihon) return kBadArgument;
+  sides.user = sides.user && mode == kModeAll;  // stars are marks of the basic dictionary
+  const std::string key = ChangeMidasiStrE(word);
+  MidasiLines kihon;
+  MidasiLines user;
+  Status status = sides.kihon ? ListSide(kTypeE, kSetKihon, key, mode, &kihon) : kOk;
+  if (status == kOk && sides.user) status = ListSide(kTypeE, kSetUser, key, mode, &user);
+  SortMidasiE(&kihon);
+  SortMidasiE(&user);
+  *records = ToRecords(IncludingUser(kihon, user));
+  return status;
+}
+
+Status ListMidasiJ(char* word, SerchSides sides, std::string* records) {
+  const uint16_t type = ToHiragana(word);  // kept: changed before the check, so also with kBadArgument
+  if ((type == kTypeKji ? ChkMidasiStrK(word) : ChkMidasiStrJ(word)) != kOk) return kBadArgument;
+  std::string key;
+  Status status = ChangeMidasi(word, type, &key);
+  MidasiLines kihon;
+  MidasiLines user;
+  if (status == kOk && sides.kihon) status = ListSide(type, kSetKihon, key, kModeAll, &kihon);
+  if (status == kOk && sides.user) status = ListSide(type, kSetUser, key, kModeAll, &user);
+  SortMidasiJ(&user);
+  *records = ToRecords(IncludingUserJ(kihon, user));
+  return status;
+}
+
+}  // namespace
+
+Status _SerchMidasiE(const char* word, uint8_t mode, uint32_t* size, Handle* list, uint8_t dic) {
+  return RunSerch({kCodeSerchMidasiE, word, size, list, dic}, [&](SerchSides sides, std::string* records) {
+    return ListMidasiE(word, mode, sides, records);
+  });
+}
+
+Status _SerchMidasiJ(char* word, uint32_t* size, Handle* list, uint8_t dic) {
+  return RunSerch({kCodeSerchMidasiJ, word, size, list, dic},
+                  [&](SerchSides sides, std::string* records) { return ListMidasiJ(word, sides, records); });
+}
+
+}  // namespace zavel::engine
