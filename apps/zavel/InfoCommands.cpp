@@ -1,0 +1,90 @@
+// Tests: tests/zavel/zavel-test.sh
+#include "InfoCommands.h"
+
+#include <cstdio>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "ExitStatus.h"
+#include "Failure.h"
+#include "JsonWriter.h"
+#include "Places.h"
+#include "Version.h"
+
+namespace zavel::host {
+namespace {
+
+struct DataSource {
+  const char* name;
+  const char* package;  // of the distribution
+  const char* use;
+  const char* licence;
+  const char* home;
+};
+
+constexpr DataSource kSources[] = {
+    {"FreeDict English-Japanese (FreeDict and WikDict, from Wiktionary)", "dict-freedict-eng-jpn",
+     "English entries", "Creative Commons Attribution-ShareAlike 3.0", "https://freedict.org/"},
+    {"EDICT (Electronic Dictionary Research and Development Group)", "edict",
+     "Japanese entries, and English entries turned round",
+     "Creative Commons Attribution-ShareAlike 3.0, EDRDG licence statement",
+     "https://www.edrdg.org/edrdg/licence.html"},
+    {"WordNet 3.0 (Princeton University)", "wordnet-base", "irregular forms, derivation, frequency",
+     "WordNet 3.0 license", "https://wordnet.princeton.edu/"},
+};
+
+std::vector<std::pair<const char*, std::string>> placeRows(const Places& places) {
+  return {{"data", places.data},   {"dictionary", places.dictionary}, {"config", places.config},
+          {"state", places.state}, {"cache", places.cache},           {"root", places.root}};
+}
+
+}  // namespace
+
+int runPaths(bool json) {
+  const Places places = findPlaces();
+  if (places.data.empty()) {
+    const Failure failure{kExitEnvironment, "no_home",
+                          "no folder to work in: neither ZAVEL_ROOT nor HOME is set",
+                          "Set ZAVEL_ROOT to a folder of yours."};
+    if (json) std::printf("%s\n", failureJson(failure).c_str());
+    return report(failure);
+  }
+  JsonWriter writer;
+  writer.beginObject().member("schema", 1);
+  for (const auto& [name, path] : placeRows(places)) {
+    if (json) {
+      writer.member(name, path);
+    } else {
+      std::printf("%-10s  %s\n", name, path.c_str());
+    }
+  }
+  writer.endObject();
+  if (json) std::printf("%s\n", writer.text().c_str());
+  return kExitFound;
+}
+
+int runAbout(bool json) {
+  if (json) {
+    JsonWriter writer;
+    writer.beginObject().member("schema", 1).member("name", "ZavelLex").member("version", kVersion);
+    writer.member("license", "Apache-2.0").key("sources").beginArray();
+    for (const DataSource& source : kSources) {
+      writer.beginObject().member("name", source.name).member("package", source.package);
+      writer.member("use", source.use).member("license", source.licence).member("home", source.home);
+      writer.endObject();
+    }
+    writer.endArray().endObject();
+    std::printf("%s\n", writer.text().c_str());
+    return kExitFound;
+  }
+  std::printf("ZavelLex %s, English and Japanese dictionary. Licence: Apache-2.0.\n\n", kVersion);
+  std::printf("The dictionary is compiled on this machine from open data:\n");
+  for (const DataSource& source : kSources) {
+    std::printf("\n  %s\n    for: %s\n    package: %s\n    licence: %s\n    %s\n", source.name, source.use,
+                source.package, source.licence, source.home);
+  }
+  return kExitFound;
+}
+
+}  // namespace zavel::host

@@ -1,0 +1,36 @@
+// Tests: tests/zavel/zavel-test.sh
+#include "LockFile.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace zavel::host {
+namespace {
+
+std::string readAll(int fd) {
+  char text[64];
+  const ssize_t length = pread(fd, text, sizeof text, 0);
+  std::string name(text, length > 0 ? static_cast<size_t>(length) : 0);
+  return name.substr(0, name.find('\n'));
+}
+
+}  // namespace
+
+LockFile::LockFile(const std::string& path) {
+  fd_ = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+  if (fd_ < 0) return;
+  if (flock(fd_, LOCK_EX | LOCK_NB) != 0) {
+    holder_ = readAll(fd_);
+    if (holder_.empty()) holder_ = "another process";
+    return;
+  }
+  const std::string name = "process " + std::to_string(getpid()) + "\n";
+  held_ = ftruncate(fd_, 0) == 0 && pwrite(fd_, name.data(), name.size(), 0) == static_cast<ssize_t>(name.size());
+}
+
+LockFile::~LockFile() {
+  if (fd_ >= 0) close(fd_);
+}
+
+}  // namespace zavel::host

@@ -1,0 +1,30 @@
+// One lock file beside a store, naming the process that holds it.
+#ifndef ZAVEL_LOCKFILE_H
+#define ZAVEL_LOCKFILE_H
+
+#include <string>
+
+namespace zavel::host {
+
+// Held until destroyed or the process ends. The file itself stays: removing it would let two processes
+// hold two files of one name.
+class LockFile {
+ public:
+  explicit LockFile(const std::string& path);
+  ~LockFile();
+  LockFile(const LockFile&) = delete;
+  LockFile& operator=(const LockFile&) = delete;
+
+  bool held() const { return held_; }
+  // Who holds it instead ("process 4711"), where it is not held.
+  const std::string& holder() const { return holder_; }
+
+ private:
+  int fd_ = -1;
+  bool held_ = false;
+  std::string holder_;
+};
+
+}  // namespace zavel::host
+
+#endif

@@ -1,0 +1,49 @@
+// The road of one look-up over the manager: origin, headwords, entries, forms, near headwords.
+#ifndef ZAVEL_LOOK_H
+#define ZAVEL_LOOK_H
+
+#include <cstddef>
+#include <string>
+
+#include "Failure.h"
+#include "LookResult.h"
+#include "lookup/MirellDictionaryManager.h"
+
+namespace zavel::host {
+
+struct LookRequest {
+  std::string word;            // UTF-8, blanks at both ends already cut
+  Mode mode = Mode::kAll;
+  bool wantEntries = true;     // entries, with text and senses
+  bool wantHeadwords = true;   // the list of headwords that begin with the word
+  bool wantForms = false;      // the inflection table
+  size_t suggestions = 0;      // near headwords to look for when nothing is found
+};
+
+class Look {
+ public:
+  explicit Look(MirellDictionaryManager& manager) : manager_(manager) {}
+
+  // False with `failure` filled when the word can't be asked for at all. A word that is not found is a
+  // result without entries.
+  bool run(const LookRequest& request, LookResult* result, Failure* failure);
+
+ private:
+  void lookEnglish(const LookRequest& request, const std::string& word, LookResult* result);
+  void lookJapanese(const LookRequest& request, const std::string& word, LookResult* result);
+  std::vector<Headword> takeHeadwords(std::vector<std::string>* lines);
+  void fetchWhole(const std::string& word, bool english, LookResult* result);
+  void fetchRows(const std::string& word, bool english, Mode mode, LookResult* result);
+  void takeEntries(LookResult* result);
+  void explainEnglish(const std::string& word, LookResult* result);
+  void takeForms(const std::string& word, LookResult* result);
+  void suggestEnglish(const std::string& word, size_t limit, LookResult* result);
+  void suggestJapanese(const std::string& word, size_t limit, LookResult* result);
+  bool isHeadword(const std::string& word);
+
+  MirellDictionaryManager& manager_;  // borrowed
+};
+
+}  // namespace zavel::host
+
+#endif

@@ -1,0 +1,79 @@
+// What one look-up gives, ready to be shown or written as JSON. All text UTF-8.
+#ifndef ZAVEL_LOOKRESULT_H
+#define ZAVEL_LOOKRESULT_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace zavel::host {
+
+// How an entry came to answer the query.
+enum class Match { kExact, kInflected, kDerived, kSpelling };
+
+const char* matchName(Match match);  // "exact", "inflected", "derived", "spelling"
+
+// Which part of the entries is asked for; the value is the engine's filter.
+enum class Mode : uint8_t { kAll = 0, kPos = 3, kPhrase = 4, kExample = 5 };
+
+struct Example {
+  std::string source;
+  std::string target;
+};
+
+struct Sense {
+  std::vector<std::string> pos;  // "n", "v", "adj", ...; several where the dictionary names several
+  std::string number;            // the dictionary's own sense number; empty where it has none
+  std::vector<std::string> glosses;
+  std::string note;              // what the dictionary says about the sense; may be empty
+  std::vector<Example> examples;
+};
+
+// A stretch of laid-out text in one look.
+struct Span {
+  size_t begin;     // bytes into the text
+  bool bold;
+  bool italic;
+  uint32_t colour;  // 0xRRGGBB; 0 is the terminal's own
+};
+
+struct Entry {
+  std::string headword;
+  std::string reading;  // Japanese entries with a written form; else empty
+  int homograph = 0;    // 0 where the word has one entry only
+  int stars = 0;        // frequency marks, 0, 2 or 3
+  Match match = Match::kExact;
+  std::vector<std::string> via;  // names of the inflections that lead to it
+  std::vector<Sense> senses;
+  std::string text;              // laid out, lines ended by 0x0A
+  std::vector<Span> spans;       // rising, the first at 0
+};
+
+struct Form {
+  int code;           // 1 to 10, as the engine numbers them
+  std::string form;
+  std::string label;  // the dictionary's Japanese name of the form
+};
+
+// A line of the headword list.
+struct Headword {
+  std::string line;     // as the list shows it: word, and its gloss or written form in brackets
+  std::string keyword;  // the word that looks it up
+};
+
+struct LookResult {
+  std::string query;
+  bool english = true;
+  std::string origin;  // the dictionary form; the query where there is none
+  std::vector<Headword> headwords;
+  std::vector<Entry> entries;
+  std::vector<Form> forms;
+  std::vector<std::string> suggestions;
+
+  bool found() const { return !entries.empty(); }
+};
+
+}  // namespace zavel::host
+
+#endif

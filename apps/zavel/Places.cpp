@@ -1,0 +1,53 @@
+// Tests: tests/zavel/PlacesTest.cpp
+#include "Places.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+namespace zavel::host {
+namespace {
+
+// The variable's value if it is an absolute path, else empty: an empty or relative one counts as unset.
+std::string absolute(const char* name) {
+  const char* value = std::getenv(name);
+  if (!value || *value != '/') return {};
+  std::string path = value;
+  while (path.size() > 1 && path.back() == '/') path.pop_back();
+  return path;
+}
+
+std::string baseFolder(const char* variable, const std::string& home, const char* fallback) {
+  std::string path = absolute(variable);
+  if (path.empty() && !home.empty()) path = home + fallback;
+  return path.empty() ? path : path + "/zavel";
+}
+
+Places below(const std::string& root) {
+  return {root, root + "/config", root, root + "/state", root + "/cache", root + "/dictionaries/basic"};
+}
+
+}  // namespace
+
+Places findPlaces() {
+  const std::string root = absolute("ZAVEL_ROOT");
+  if (!root.empty()) return below(root);
+  const std::string home = absolute("HOME");
+  Places places;
+  places.data = baseFolder("XDG_DATA_HOME", home, "/.local/share");
+  if (places.data.empty()) return {};
+  places.root = places.data;
+  places.config = baseFolder("XDG_CONFIG_HOME", home, "/.config");
+  places.state = baseFolder("XDG_STATE_HOME", home, "/.local/state");
+  places.cache = baseFolder("XDG_CACHE_HOME", home, "/.cache");
+  places.dictionary = places.data + "/dictionaries/basic";
+  return places;
+}
+
+bool makeFolders(const std::string& path) {
+  std::error_code error;
+  std::filesystem::create_directories(path, error);
+  return !error && std::filesystem::is_directory(path, error);
+}
+
+}  // namespace zavel::host

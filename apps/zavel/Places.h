@@ -1,0 +1,28 @@
+// The folders of this user's installation, after the XDG base directory rules.
+#ifndef ZAVEL_PLACES_H
+#define ZAVEL_PLACES_H
+
+#include <string>
+
+namespace zavel::host {
+
+// Absolute paths without a trailing delimiter. With ZAVEL_ROOT set to an absolute path all of them stand
+// below it.
+struct Places {
+  std::string root;        // what the library takes for "/" and for "~"
+  std::string config;      // settings
+  std::string data;        // user dictionaries, feeds, books, the compiled dictionary
+  std::string state;       // history
+  std::string cache;       // what can be made again
+  std::string dictionary;  // the thirteen files of the basic dictionary
+};
+
+// Reads the environment. Empty strings all over when neither ZAVEL_ROOT nor HOME tells where to begin.
+Places findPlaces();
+
+// Makes a folder and its parents. False when one can't be made.
+bool makeFolders(const std::string& path);
+
+}  // namespace zavel::host
+
+#endif

@@ -1,0 +1,201 @@
+// Reads senses out of the labelled form of a result: each tag of the entry text stands there as a label in
+// 【】. A part-of-speech label opens a list of senses, a translation label one sense, a gothic run in front
+// of it its number.
+// Tests: tests/zavel/SensesTest.cpp
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "EntryText.h"
+
+namespace zavel::host {
+namespace {
+
+constexpr std::string_view kOpen = "【", kClose = "】";
+
+enum class Label { kHeadword, kPos, kGloss, kExample, kPhrase, kOtherSide, kNote, kGothic, kRoman, kOther };
+
+Label labelOf(std::string_view name) {
+  static const std::map<std::string_view, Label> kLabels = {
+      {"見出し", Label::kHeadword},        {"品詞", Label::kPos},
+      {"品詞：成句", Label::kPos},         {"訳語", Label::kGloss},
+      {"訳語：成句", Label::kGloss},       {"用例･句例", Label::kExample},
+      {"用例：成句", Label::kExample},     {"成句･文例", Label::kPhrase},
+      {"和訳：用例", Label::kOtherSide},   {"囲み、表、その他の解説・注記", Label::kNote},
+      {"解説：成句", Label::kNote},        {"ニュースゴシック", Label::kGothic},
+      {"ローマン(標準書体)", Label::kRoman},
+  };
+  const auto it = kLabels.find(name);
+  return it == kLabels.end() ? Label::kOther : it->second;
+}
+
+// A label and the text behind it up to the next label.
+struct Piece {
+  Label label;
+  std::string_view text;
+};
+
+// Brackets 【】 also occur in the text itself: only known names open a piece.
+std::vector<Piece> piecesOf(std::string_view text) {
+  std::vector<Piece> pieces;
+  Label label = Label::kOther;
+  size_t begin = 0, at = 0;
+  while ((at = text.find(kOpen, at)) != std::string_view::npos) {
+    const size_t close = text.find(kClose, at);
+    if (close == std::string_view::npos) break;
+    const size_t name = at + kOpen.size();
+    const Label next = labelOf(text.substr(name, close - name));
+    if (next == Label::kOther) {
+      at = name;
+      continue;
+    }
+    pieces.push_back({label, text.substr(begin, at - begin)});
+    label = next;
+    at = begin = close + kClose.size();
+  }
+  pieces.push_back({label, text.substr(begin)});
+  return pieces;
+}
+
+std::string_view trimmed(std::string_view text) {
+  const size_t first = text.find_first_not_of(" \r\n");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \r\n") - first + 1);
+}
+
+// The dictionary's part-of-speech names as the usual abbreviations; others stay as they are.
+std::string posOf(std::string_view label) {
+  static const std::map<std::string_view, std::string> kPos = {
+      {"名", "n"},     {"代", "pron"}, {"形", "adj"},  {"副", "adv"},  {"動", "v"},    {"他", "vt"},
+      {"自", "vi"},    {"前", "prep"}, {"接", "conj"}, {"間", "int"},  {"助", "part"}, {"助動", "aux"},
+      {"冠", "art"},   {"数", "num"},  {"固", "pn"},   {"固名", "pn"}, {"句", "exp"},  {"Ｃ", "countable"},
+      {"接頭", "pref"}, {"接尾", "suf"}, {"形動", "adj-na"},
+  };
+  const auto it = kPos.find(label);
+  return it == kPos.end() ? std::string(label) : it->second;
+}
+
+std::vector<std::string> posList(std::string_view line) {
+  std::vector<std::string> list;
+  for (size_t open = line.find('['); open != std::string_view::npos; open = line.find('[', open + 1)) {
+    const size_t close = line.find(']', open);
+    if (close == std::string_view::npos) break;
+    list.push_back(posOf(line.substr(open + 1, close - open - 1)));
+  }
+  return list;
+}
+
+// Cuts "(...)" off the end of `text`: what the dictionary says about the sense.
+std::string takeNote(std::string_view* text) {
+  if (text->empty() || text->back() != ')') return {};
+  int depth = 0;
+  for (size_t at = text->size(); at-- > 0;) {
+    if ((*text)[at] == ')') ++depth;
+    if ((*text)[at] == '(' && --depth == 0) {
+      const std::string note(text->substr(at + 1, text->size() - at - 2));
+      *text = trimmed(text->substr(0, at));
+      return note;
+    }
+  }
+  return {};
+}
+
+// Glosses stand between commas and semicolons outside brackets.
+std::vector<std::string> splitGlosses(std::string_view text) {
+  std::vector<std::string> glosses;
+  int depth = 0;
+  size_t begin = 0;
+  const auto take = [&](size_t end) {
+    const std::string_view gloss = trimmed(text.substr(begin, end - begin));
+    if (!gloss.empty()) glosses.emplace_back(gloss);
+  };
+  for (size_t at = 0; at < text.size(); ++at) {
+    if (text[at] == '(' || text[at] == '[') ++depth;
+    if ((text[at] == ')' || text[at] == ']') && depth > 0) --depth;
+    if (depth > 0 || (text[at] != ',' && text[at] != ';')) continue;
+    take(at);
+    begin = at + 1;
+  }
+  take(text.size());
+  return glosses;
+}
+
+// Gathers pieces into senses, entry by entry.
+class Gatherer {
+ public:
+  void take(const Piece& piece) {
+    switch (piece.label) {
+      case Label::kHeadword: startEntry(); break;
+      case Label::kPos: pos_ = posList(piece.text); break;
+      case Label::kGloss:
+        startSense();
+        addGlosses(piece.text);
+        break;
+      case Label::kGothic: number(piece.text); break;
+      case Label::kRoman: addGlosses(piece.text); break;
+      case Label::kNote: addNote(piece.text); break;
+      case Label::kExample:
+      case Label::kPhrase: addExample(piece.text); break;
+      case Label::kOtherSide: addOtherSide(piece.text); break;
+      case Label::kOther: break;
+    }
+  }
+
+  std::vector<std::vector<Sense>> finish() { return std::move(entries_); }
+
+ private:
+  void startEntry() {
+    entries_.emplace_back();
+    pos_.clear();
+    inGloss_ = false;
+  }
+  void startSense() {
+    if (entries_.empty()) entries_.emplace_back();
+    entries_.back().emplace_back();
+    sense().pos = pos_;
+    inGloss_ = true;
+  }
+  bool hasSense() const { return !entries_.empty() && !entries_.back().empty(); }
+  Sense& sense() { return entries_.back().back(); }
+  void number(std::string_view text) {
+    if (hasSense() && inGloss_) sense().number = trimmed(text);
+  }
+  void addGlosses(std::string_view text) {
+    if (!hasSense() || !inGloss_) return;
+    std::string_view body = trimmed(text);
+    const std::string note = takeNote(&body);
+    for (std::string& gloss : splitGlosses(body)) sense().glosses.push_back(std::move(gloss));
+    addNote(note);
+  }
+  void addNote(std::string_view text) {
+    const std::string_view note = trimmed(text);
+    if (note.empty() || !hasSense()) return;
+    if (!sense().note.empty()) sense().note += "; ";
+    sense().note += note;
+  }
+  void addExample(std::string_view text) {
+    inGloss_ = false;
+    if (!hasSense()) {
+      startSense();
+      inGloss_ = false;
+    }
+    sense().examples.push_back({std::string(trimmed(text)), ""});
+  }
+  void addOtherSide(std::string_view text) {
+    if (hasSense() && !sense().examples.empty()) sense().examples.back().target = trimmed(text);
+  }
+
+  std::vector<std::vector<Sense>> entries_;
+  std::vector<std::string> pos_;
+  bool inGloss_ = false;
+};
+
+}  // namespace
+
+std::vector<std::vector<Sense>> sensesFromLabels(const std::string& labelled) {
+  Gatherer gatherer;
+  for (const Piece& piece : piecesOf(labelled)) gatherer.take(piece);
+  return gatherer.finish();
+}
+
+}  // namespace zavel::host

@@ -1,0 +1,176 @@
+// Tests: tests/zavel/TextViewTest.cpp
+#include "TextView.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "Utf8.h"
+
+namespace zavel::host {
+namespace {
+
+constexpr const char* kReset = "\x1b[0m";
+constexpr size_t kHeadwordsShown = 12;
+
+// The terminal's own palette stands for the runs' colours, so that they suit its background: the dictionary's
+// headword red, its sense number blue.
+const char* sgrColour(uint32_t colour) {
+  const bool red = (colour >> 16) > 0x7F, green = ((colour >> 8) & 0xFF) > 0x7F, blue = (colour & 0xFF) > 0x7F;
+  if (red && green && blue) return "37";
+  if (red && green) return "33";
+  if (red && blue) return "35";
+  if (green && blue) return "36";
+  if (red) return "31";
+  if (green) return "32";
+  if (blue) return "94";
+  return nullptr;
+}
+
+std::string sgr(const Span& span) {
+  std::string codes = "0";
+  if (span.bold) codes += ";1";
+  if (span.italic) codes += ";3";
+  if (const char* colour = sgrColour(span.colour)) codes += std::string(";") + colour;
+  return codes == "0" ? kReset : "\x1b[" + codes + "m";
+}
+
+std::string dim(const std::string& text, bool colour) { return colour ? "\x1b[2m" + text + kReset : text; }
+
+// Text [begin, end) of an entry with its spans' looks.
+std::string styled(const Entry& entry, size_t begin, size_t end, bool colour) {
+  if (!colour) return entry.text.substr(begin, end - begin);
+  std::string out;
+  size_t at = begin;
+  for (size_t i = 0; i < entry.spans.size() && at < end; ++i) {
+    const size_t spanEnd = i + 1 < entry.spans.size() ? entry.spans[i + 1].begin : entry.text.size();
+    if (spanEnd <= at) continue;
+    const size_t stop = std::min(spanEnd, end);
+    out += sgr(entry.spans[i]) + entry.text.substr(at, stop - at);
+    at = stop;
+  }
+  return out + kReset;
+}
+
+std::string raised(int number) {
+  static constexpr const char* kDigits[] = {"⁰", "¹", "²", "³", "⁴", "⁵", "⁶", "⁷", "⁸", "⁹"};
+  std::string out;
+  for (const char digit : std::to_string(number)) out += kDigits[digit - '0'];
+  return out;
+}
+
+// What stands behind a headword: its number among words of one spelling, its frequency.
+std::string headwordMarks(const Entry& entry) {
+  std::string marks;
+  if (entry.homograph > 0) marks += raised(entry.homograph);
+  if (entry.stars > 0) marks += ' ';
+  for (int i = 0; i < entry.stars; ++i) marks += "★";
+  return marks;
+}
+
+size_t leadingBlanks(std::string_view line) {
+  return std::min(line.find_first_not_of(' '), line.size());
+}
+
+std::string entryText(const Entry& entry, const TextLook& look) {
+  std::string out;
+  size_t begin = 0;
+  bool first = true;
+  while (begin <= entry.text.size()) {
+    const size_t end = std::min(entry.text.find('\n', begin), entry.text.size());
+    const std::string_view line = std::string_view(entry.text).substr(begin, end - begin);
+    const size_t indent = leadingBlanks(line);
+    const std::vector<ByteRange> rows = breakLines(line, look.width, indent);
+    for (size_t i = 0; i < rows.size(); ++i) {
+      if (i > 0) out += std::string(look.width > indent + 10 ? indent : 0, ' ');
+      out += styled(entry, begin + rows[i].begin, begin + rows[i].end, look.colour);
+      if (first && i == 0 && !entry.headword.empty()) out += headwordMarks(entry);
+      out += '\n';
+    }
+    first = false;
+    begin = end + 1;
+  }
+  return out;
+}
+
+std::string joined(const std::vector<std::string>& words, const char* between) {
+  std::string out;
+  for (const std::string& word : words) out += (out.empty() ? "" : between) + word;
+  return out;
+}
+
+// One quiet line that says why an entry of another word answers.
+std::string reason(const LookResult& result, const Entry& entry) {
+  switch (entry.match) {
+    case Match::kExact: return {};
+    case Match::kInflected:
+      return result.query + ": " + (entry.via.empty() ? "inflected form" : joined(entry.via, ", ")) + " of " +
+             result.origin;
+    case Match::kDerived: return result.query + ": derived from " + entry.headword;
+    case Match::kSpelling: return entry.headword + ": other spelling of " + result.origin;
+  }
+  return {};
+}
+
+size_t shown(size_t count, size_t limit) { return limit > 0 ? std::min(count, limit) : count; }
+
+std::string furtherHeadwords(const LookResult& result, const TextLook& look) {
+  std::vector<std::string> words;
+  for (const Headword& headword : result.headwords) {
+    const bool entry = std::any_of(result.entries.begin(), result.entries.end(), [&](const Entry& e) {
+      return e.headword == headword.keyword || e.reading == headword.keyword;
+    });
+    const bool again = std::find(words.begin(), words.end(), headword.keyword) != words.end();
+    if (!entry && !again && headword.keyword != result.origin) words.push_back(headword.keyword);
+  }
+  if (words.empty()) return {};
+  const size_t more = words.size() > kHeadwordsShown ? words.size() - kHeadwordsShown : 0;
+  if (more > 0) words.resize(kHeadwordsShown);
+  const std::string text = "See also: " + joined(words, ", ") +
+                           (more > 0 ? ", and " + std::to_string(more) + " more (--list)" : std::string());
+  std::string out = "\n";
+  const std::vector<ByteRange> rows = breakLines(text, look.width, 0);
+  for (const ByteRange& row : rows) out += dim(text.substr(row.begin, row.end - row.begin), look.colour) + "\n";
+  return out;
+}
+
+}  // namespace
+
+std::string answerText(const LookResult& result, const TextLook& look) {
+  std::string out, last;
+  const size_t count = shown(result.entries.size(), look.limit);
+  for (size_t i = 0; i < count; ++i) {
+    const Entry& entry = result.entries[i];
+    if (i > 0) out += '\n';
+    const std::string why = reason(result, entry);
+    if (!why.empty() && why != last) out += dim(why, look.colour) + "\n\n";
+    last = why;
+    out += entryText(entry, look);
+  }
+  if (count < result.entries.size()) {
+    const std::string more = std::to_string(result.entries.size() - count) + " more entries (--limit)";
+    out += "\n" + dim(more, look.colour) + "\n";
+  }
+  return out + furtherHeadwords(result, look);
+}
+
+std::string headwordText(const LookResult& result, const TextLook& look) {
+  std::string out;
+  const size_t count = shown(result.headwords.size(), look.limit);
+  for (size_t i = 0; i < count; ++i) out += result.headwords[i].line + "\n";
+  return out;
+}
+
+std::string formsText(const LookResult& result, const TextLook& look) {
+  size_t width = 0;
+  for (const Form& form : result.forms) width = std::max(width, columns(form.form));
+  std::string out;
+  for (const Form& form : result.forms) {
+    const std::string gap(width - columns(form.form) + 2, ' ');
+    const bool asked = form.form == result.query;
+    const std::string word = asked && look.colour ? "\x1b[1m" + form.form + kReset : form.form;
+    out += word + gap + form.label + "\n";
+  }
+  return out;
+}
+
+}  // namespace zavel::host

@@ -1,0 +1,30 @@
+# Completion of zavel for fish.
+function __zavel_headwords
+    set -l word (commandline -ct)
+    test (string length -- "$word") -ge 3; or return
+    zavel look --list --limit 50 -- "$word" 2>/dev/null | string replace -r '^\*+' '' | string replace -r ' \[.*' '' | sort -u
+end
+
+complete -c zavel -f
+complete -c zavel -n __fish_use_subcommand -a look -d 'Look words up'
+complete -c zavel -n __fish_use_subcommand -a dict -d 'Make, check and describe the dictionary'
+complete -c zavel -n __fish_use_subcommand -a paths -d 'Print the folders in use'
+complete -c zavel -n __fish_use_subcommand -a about -d 'Version, sources and licences'
+complete -c zavel -n __fish_use_subcommand -a help -d 'Help of a command'
+complete -c zavel -s h -l help -d 'Print help'
+complete -c zavel -n __fish_use_subcommand -s V -l version -d 'Print the version'
+complete -c zavel -n '__fish_seen_subcommand_from look' -l mode -x -a 'all pos phrase example' -d 'Part of the entries'
+complete -c zavel -n '__fish_seen_subcommand_from look' -s l -l list -d 'Only headwords'
+complete -c zavel -n '__fish_seen_subcommand_from look' -l forms -d 'Only the inflection table'
+complete -c zavel -n '__fish_seen_subcommand_from look' -s j -l json -d 'JSON'
+complete -c zavel -n '__fish_seen_subcommand_from look' -s n -l limit -x -d 'At most so many'
+complete -c zavel -n '__fish_seen_subcommand_from look' -l suggest -x -d 'Near headwords for a word not found'
+complete -c zavel -n '__fish_seen_subcommand_from look' -s 0 -l null -d 'Words end in NUL'
+complete -c zavel -n '__fish_seen_subcommand_from look' -l color -x -a 'auto always never' -d 'Colours'
+complete -c zavel -n '__fish_seen_subcommand_from look' -a '(__zavel_headwords)'
+complete -c zavel -n '__fish_seen_subcommand_from dict' -a 'build verify info'
+complete -c zavel -n '__fish_seen_subcommand_from dict' -l if-missing -d 'Do nothing if there is one'
+complete -c zavel -n '__fish_seen_subcommand_from dict' -s q -l quiet -d 'No summary'
+complete -c zavel -n '__fish_seen_subcommand_from dict' -l progress -x -a 'auto bar plain json none'
+complete -c zavel -n '__fish_seen_subcommand_from dict paths about' -s j -l json -d 'JSON'
+complete -c zavel -n '__fish_seen_subcommand_from help' -a 'look dict paths about'
