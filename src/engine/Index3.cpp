@@ -148,7 +148,7 @@ Status OpenBlock(uint16_t type, uint16_t set, uint32_t offset, Ix3View* block, I
   *rows = {};
   FsObj* stream = Ix3Stream(type, set);
   if (stream == nullptr) return NoStreamStatus(type, set);
-  if (Status status = ReadIx3(stream, offset, block); status != kOk) return status;
+  if (Status status = ViewIx3(stream, offset, block); status != kOk) return status;
   rows->blockCount = block->count;
   rows->blockSize = block->size;
   return kOk;
@@ -203,23 +203,34 @@ const uint8_t* Ix3View::strings() const {
 size_t Ix3View::stringsSize() const {
   return size - kIx3Head - kIx3Rows * count;
 }
+const uint8_t* Ix3View::entryOffsets() const {
+  return data + size - size_t{4} * count;
+}
 uint32_t Ix3View::entryOffset(uint16_t row) const {
-  return readLE32(data + size - size_t{4} * count + size_t{4} * row);
+  return readLE32(entryOffsets() + size_t{4} * row);
 }
 
 Ix3View Ix3Block::view() const {
-  Ix3View block;
-  ParseHead(Bytes(bytes), &block);
-  return block;
+  return {Bytes(bytes), count, size};
 }
 
-Status ReadIx3(FsObj* stream, uint32_t offset, Ix3View* block) {
+Status ViewIx3(FsObj* stream, uint32_t offset, Ix3View* block) {
   std::string_view view;
   if (!stream->ReadWindow(offset, kIx3ReadAhead, &view) || view.size() < kIx3Head) return kFileError;
   if (!ParseHead(Bytes(view), block)) return kInternal;
   if (view.size() >= block->size) return kOk;
   if (!stream->ReadWindow(offset, block->size, &view) || view.size() < block->size) return kFileError;
   block->data = Bytes(view);
+  return kOk;
+}
+
+Status ReadIx3(FsObj* stream, uint32_t offset, Ix3Block* block) {
+  Ix3View view;
+  const Status status = ViewIx3(stream, offset, &view);
+  if (status != kOk) return status;
+  block->bytes.assign(reinterpret_cast<const char*>(view.data), view.size);
+  block->count = view.count;
+  block->size = view.size;
   return kOk;
 }
 
@@ -298,10 +309,8 @@ Status GetDicOfset(uint16_t type, uint16_t set, uint32_t offset, std::vector<uin
 Status GetIdx3Data(uint32_t offset, uint16_t type, Ix3Block* block) {
   FsObj* stream = type <= kTypeKji ? Ix3Stream(type, kSetUser) : nullptr;
   if (stream == nullptr) return NoStreamStatus(type, kSetUser);
-  Ix3View view;
-  if (Status status = ReadIx3(stream, offset, &view); status != kOk) return status;
-  block->bytes.assign(reinterpret_cast<const char*>(view.data), view.size);
-  return CheckIdx3Data(view.data, view.size);
+  const Status status = ReadIx3(stream, offset, block);
+  return status == kOk ? CheckIdx3Data(block->view().data, block->size) : status;
 }
 
 Status SrchHasei(const std::string& key, std::vector<uint32_t>* offsets) {

@@ -26,19 +26,27 @@ struct Ix3View {
   const uint8_t* rowOffsets() const;         // count u16
   const uint8_t* strings() const;            // string area
   size_t stringsSize() const;                // bytes in the string area
+  const uint8_t* entryOffsets() const;       // count u32
   uint32_t entryOffset(uint16_t row) const;  // of a row below `count`
 };
 
 // One whole block that owns its bytes.
 struct Ix3Block {
-  std::string bytes;
+  std::string bytes;   // the whole block, head included
+  uint16_t count = 0;  // rows
+  uint16_t size = 0;   // bytes in the block, as its head says
 
   Ix3View view() const;  // borrowed from `bytes`
+  const uint8_t* rowOffsets() const { return view().rowOffsets(); }
+  const uint8_t* strings() const { return view().strings(); }
+  size_t stringsSize() const { return view().stringsSize(); }
+  const uint8_t* entryOffsets() const { return view().entryOffsets(); }
 };
 
 // Reads the block at `offset`: kFileError on a short read, kInternal when its count and size contradict
-// each other. The view is borrowed from the stream and lasts until its next read.
-Status ReadIx3(FsObj* stream, uint32_t offset, Ix3View* block);
+// each other. A view is borrowed from the stream and lasts until its next read.
+Status ViewIx3(FsObj* stream, uint32_t offset, Ix3View* block);
+Status ReadIx3(FsObj* stream, uint32_t offset, Ix3Block* block);
 
 // Validates a whole block of `size` bytes row by row: kOk, else kInternal. A block of no rows is its head
 // alone.
