@@ -23,13 +23,13 @@ inline constexpr uint16_t kSetUser = 2;
 inline constexpr size_t kPrefixLength[] = {0, 3, 2, 4, 3, 1};
 
 // Row sizes.
-inline constexpr size_t kRowAE = 3;     // u8 key; u16 first child row in B   (types 1, 4; type 2 to C)
-inline constexpr size_t kRowAKji = 4;   // u8 high, u8 low; u16 first child row in C
-inline constexpr size_t kRowB = 3;      // u8 key; u16 first child row in C
-inline constexpr size_t kRowC = 5;      // u8 key; u32 offset of a third-level block
-inline constexpr size_t kRowCKji = 6;   // u8 high, u8 low; u32 offset
-inline constexpr size_t kTableHead = 8; // u32 size of the rows; u32 file offset of the next table
-inline constexpr size_t kTableHeadC = 4; // u32 size of the rows
+inline constexpr size_t kRowAE = 3;       // u8 key; u16 first child row in B   (types 1, 4; type 2 to C)
+inline constexpr size_t kRowAKji = 4;     // u8 high, u8 low; u16 first child row in C
+inline constexpr size_t kRowB = 3;        // u8 key; u16 first child row in C
+inline constexpr size_t kRowC = 5;        // u8 key; u32 offset of a third-level block
+inline constexpr size_t kRowCKji = 6;     // u8 high, u8 low; u32 offset
+inline constexpr size_t kTableHead = 8;   // u32 size of the rows; u32 file offset of the next table
+inline constexpr size_t kTableHeadC = 4;  // u32 size of the rows
 
 // Row numbers are u16, and these two mean something else.
 inline constexpr uint16_t kRowNotFound = 0xFFFF;
@@ -63,21 +63,21 @@ inline constexpr uint16_t kMaxRows = 50;
 
 // Tags in entry text, high byte first.
 inline constexpr uint16_t kTagSubscript = 0xF4A4;
-inline constexpr uint16_t kTagMarker = 0xF4B5;       // a homograph number follows; superscript elsewhere
-inline constexpr uint16_t kTagMarkerEnd = 0xF4D0;    // ends it; the headword for conjugation follows
+inline constexpr uint16_t kTagMarker = 0xF4B5;     // a homograph number follows; superscript elsewhere
+inline constexpr uint16_t kTagMarkerEnd = 0xF4D0;  // ends it; the headword for conjugation follows
 inline constexpr uint16_t kTagIgnore = 0xF5A7;
 inline constexpr uint16_t kTagBold = 0xF5B1;
-inline constexpr uint16_t kTagGothic = 0xF5BD;       // with a digit and kTagRoman: a sense number
+inline constexpr uint16_t kTagGothic = 0xF5BD;  // with a digit and kTagRoman: a sense number
 inline constexpr uint16_t kTagRoman = 0xF5C1;
 inline constexpr uint16_t kTagCompound = 0xF5D0;
-inline constexpr uint16_t kTagEntry = 0xF5D1;        // start of an entry; the headword line follows
+inline constexpr uint16_t kTagEntry = 0xF5D1;  // start of an entry; the headword line follows
 inline constexpr uint16_t kTagOrigin = 0xF5D2;
-inline constexpr uint16_t kTagHinsi = 0xF5D3;        // part-of-speech line, begins "-"
-inline constexpr uint16_t kTagImi = 0xF5D4;          // meaning of a word
-inline constexpr uint16_t kTagYourei = 0xF5D5;       // example; kurei list of a Japanese entry
-inline constexpr uint16_t kTagPhrase = 0xF5D6;       // phrase; bunrei list of a Japanese entry
+inline constexpr uint16_t kTagHinsi = 0xF5D3;   // part-of-speech line, begins "-"
+inline constexpr uint16_t kTagImi = 0xF5D4;     // meaning of a word
+inline constexpr uint16_t kTagYourei = 0xF5D5;  // example; kurei list of a Japanese entry
+inline constexpr uint16_t kTagPhrase = 0xF5D6;  // phrase; bunrei list of a Japanese entry
 inline constexpr uint16_t kTagNote = 0xF5D7;
-inline constexpr uint16_t kTagOtherSide = 0xF5D8;    // the other side of an example, after one blank
+inline constexpr uint16_t kTagOtherSide = 0xF5D8;  // the other side of an example, after one blank
 inline constexpr uint16_t kTagRunOn = 0xF5D9;
 inline constexpr uint16_t kTagPhraseHinsi = 0xF5E3;
 inline constexpr uint16_t kTagPhraseImi = 0xF5E4;
@@ -88,6 +88,11 @@ inline constexpr uint16_t kTagPhraseNote = 0xF5E7;
 inline constexpr uint8_t kKanjiSeparator = 0x1B;  // between kana and kanji in a Japanese headword
 inline constexpr uint8_t kSyllableMark = 0xA5;    // in English headwords; what a line shows for 0x1B
 inline constexpr uint8_t kShortLong = 0xB0;       // shown as the pair 0x81 0x5B
+
+// Characters that a Japanese key passes over.
+inline constexpr unsigned kLongSound = 0x815B;  // ー
+inline constexpr unsigned kFullMinus = 0x817C;  // －
+inline constexpr unsigned kEllipsis = 0x8163;   // …
 
 // katu.dic: every byte is stored 10 below its value, so the braces read 'q' and 's'; a record is looked
 // for in the 512 bytes from its offset.

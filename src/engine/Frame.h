@@ -31,16 +31,26 @@ enum FunctionCode : uint16_t {
   kCodeArrangeUserDicJ = 17,
 };
 
+// Admission. CheckInMP: 1, 20 no process table or unknown code, 34, 35, 262, 263. CheckOutMP: 1, 20 no
+// process table or a writer that was not admitted, 34. Not made after a CheckInMP of 34 or 35.
 Status CheckInMP(uint16_t code);
 Status CheckOutMP(uint16_t code);
+// 1 with the mutex taken, 0 without. `wait` 0: without waiting.
 int GetMtx(int wait);
 void FreeMtx();
-int InitMtx();
+// 1, or kNoMutex.
+Status InitMtx();
 void CloseMtx();
+
+// Back to the state before the first InitAPI; what an unclean end left behind is freed.
 void InitGlobalVal();
 void InitProcessInfo();
 void UnLoadProcessInfo();
+// Sets g_dicType and stores the paths. 18 for a null basic path, a path that does not fit the process
+// table, or a user path whose last part is not a name of 1 to 5 characters without extension; 261 for
+// other paths than those of the first attached process.
 Status CheckPathName(const char* kihonPath, const char* userPathE, const char* userPathJ);
+// A stream object for every file of the opened sets, or kNoMemory.
 Status CreateFsObjs();
 void DeleteFsObjs();
 
@@ -63,11 +73,16 @@ std::string UserPathJ(const char* name);
 // open yet; false gives kNoKihonFile at the caller.
 bool NeedKihon(FsObj* stream, const char* name);
 
-// The whole set at once, as InitAPI proves it to be there and as writers need it.
+// The whole set at once, as InitAPI proves it to be there and as writers need it. What was opened before a
+// failure stays open for the caller to close.
 bool OpenFsObjsKihonE();
 bool OpenFsObjsKihonJ();
+// With `create` a set of which no file exists is made first. A reader (not `create`, `readOnly`) opens only
+// the blocks and the entries. The Japanese form: 1; 19 the count of kanji indexes can't be read; 20; 21 a
+// new set can't be made; 259.
 bool OpenFsObjsUserE(bool create, bool readOnly);
 Status OpenFsObjsUserJ(bool create, bool readOnly);
+// Files that opened, of 3 and of 5 with one for each continuation index; the latter fills the count word.
 uint16_t OpenFsObjsUserCntE(bool readOnly);
 uint16_t OpenFsObjsUserCntJ(bool readOnly);
 void CloseFsObjsKihonE();
@@ -75,11 +90,21 @@ void CloseFsObjsKihonJ();
 void CloseFsObjsUserE();
 void CloseFsObjsUserJ();
 void CloseFsObjs();
+
+// What exists of a user set, by opening its files; they stay open.
+enum UserDicExist { kExistAll = 1, kExistNone = 2, kExistSome = 3, kExistNoCountWord = 4 };
+UserDicExist CheckUserDicExistE();
+UserDicExist CheckUserDicExistJ();
+
+// Proves every file of the opened sets to be there, and closes them all again. 1, 257, 258, or what
+// OpenFsObjsUserJ says.
 Status OpenFsObjs();
 
+// Loads the index of every opened set, or kNoIndexMemory.
 Status CreateShMems();
+Status CreateShMemUserE(bool reload);
+Status CreateShMemUserJ(bool reload);
 void CloseShMems();
-Status SaveIdx1s();
 
 }  // namespace zavel::engine
 

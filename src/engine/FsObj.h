@@ -39,16 +39,24 @@ class FsObj {
   // an offset at or past the end gives an empty view and true.
   bool ReadWindow(uint64_t offset, size_t atLeast, std::string_view* view);
 
-  // Appends at the end and reports where the bytes went.
+  // Appends at the end and reports where the bytes went. False also when the file would pass what a
+  // 32-bit offset reaches.
   bool Append(std::string_view bytes, uint32_t* offset);
   bool WriteAt(uint64_t offset, std::string_view bytes);
   // True when all that was written is on the disk.
   bool Sync();
 
  private:
+  // Drops what was read ahead.
+  void Forget();
+  bool InWindow(uint64_t offset, size_t atLeast) const;
+  bool FillWindow(uint64_t offset, size_t atLeast);
+
   std::unique_ptr<StorageFile> file_;
   std::string window_;         // bytes read ahead
   uint64_t windowOffset_ = 0;  // file offset of window_[0]
+  bool windowAtEnd_ = false;   // the file ends with the window
+  size_t nextWindow_ = 0;      // bytes that the last read aimed at
 };
 
 }  // namespace zavel::engine

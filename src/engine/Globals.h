@@ -32,11 +32,11 @@ extern FsObj* g_fs_Ej_Ix3_User;  // ej.ix3
 extern FsObj* g_fs_Ej_Idx_User;  // ej.idx
 
 // User Japanese set.
-extern FsObj* g_fs_Je_Dic_User;                          // je.dic
-extern FsObj* g_fs_Je_Ix3_User;                          // kna.ix3
-extern FsObj* g_fs_Ke_Ix3_User;                          // kji.ix3
-extern FsObj* g_fs_Je_Idx_User;                          // kna.idx
-extern FsObj* g_fs_Ke_Idx_User[kMaxKjiIndexes + 1];      // kji.idx, then 001.idx to 010.idx
+extern FsObj* g_fs_Je_Dic_User;                      // je.dic
+extern FsObj* g_fs_Je_Ix3_User;                      // kna.ix3
+extern FsObj* g_fs_Ke_Ix3_User;                      // kji.ix3
+extern FsObj* g_fs_Je_Idx_User;                      // kna.idx
+extern FsObj* g_fs_Ke_Idx_User[kMaxKjiIndexes + 1];  // kji.idx, then 001.idx to 010.idx
 
 // One loaded first-level index. Pointers are null while it is not loaded.
 struct idx_info_ptr {
@@ -45,6 +45,7 @@ struct idx_info_ptr {
   uint8_t* tableB = nullptr;     // second table; equals tableC where the index has none
   uint8_t* tableC = nullptr;     // last table
   uint8_t dirty = 0;             // a user index changed in memory and must be saved
+  bool unfinished = false;       // a save broke off, and the file's ".bkup" holds the last whole index
   uint32_t size = 0;             // bytes in the block; every table read is checked against it
 };
 

@@ -10,9 +10,15 @@
 
 namespace zavel::engine {
 
+// The named block `name` of at least `size` bytes, its content unsettled unless *existed; null when it
+// can't be had. Freed by DeleteFileMapping alone.
+uint8_t* CreateShMem(const char* name, uint32_t size, bool* existed);
+
 // Loads an index whole into the named block `name` and fills `info`. `set` 1 basic, 2 user. False on a
-// read failure, a malformed file or when no block can be had.
-bool LoadIndex1(FsObj* stream, const char* name, idx_info_ptr* info, uint16_t set, uint16_t type, bool reload);
+// read failure, a malformed file or when no block can be had; `info` is then unloaded. With `reload` false
+// a block that existed is taken as it is. After success every table lies inside the block with its rows.
+bool LoadIndex1(FsObj* stream, const char* name, idx_info_ptr* info, uint16_t set, uint16_t type,
+                bool reload);
 void UnLoadIndex1(idx_info_ptr* info);
 
 // Table searches: a row, kRowNotFound, or kRowBad for a bad argument or an unloaded table.
@@ -40,7 +46,10 @@ struct Idx1Position {
 };
 Status GetIdxUserPosition(uint16_t type, const std::string& key, Idx1Position* position);
 
-// kOk if `row` is below the row count of `table` (its size word first), else kInternal.
+// Rows of `table` (its size word first): the size by the row size, at most what a row number can name.
+uint32_t RowCount(const uint8_t* table, size_t rowSize);
+
+// kOk if `row` is below the row count of `table`, else kInternal.
 Status AccessCheck(const uint8_t* table, uint16_t row, size_t rowSize);
 
 }  // namespace zavel::engine

@@ -1,0 +1,94 @@
+// Tests: tests/engine/FsObjTest.cpp
+#include "engine/FsObj.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace zavel::engine {
+namespace {
+
+// One page for a lone read; reads that go on forward double it, up to what a list of fifty entries takes.
+constexpr size_t kSmallWindow = 4096;
+constexpr size_t kLargeWindow = 65536;
+
+}  // namespace
+
+bool FsObj::Open(const std::string& path, bool readOnly) {
+  Close();
+  file_ = storage().open(path, readOnly ? OpenMode::kRead : OpenMode::kReadWrite);
+  return IsOpen();
+}
+
+bool FsObj::Create(const std::string& path) {
+  Close();
+  file_ = storage().open(path, OpenMode::kCreate);
+  return IsOpen();
+}
+
+bool FsObj::Close() {
+  Forget();
+  if (!file_) return true;
+  const bool closed = file_->close();
+  file_.reset();
+  return closed;
+}
+
+void FsObj::Forget() {
+  window_.clear();
+  windowOffset_ = 0;
+  windowAtEnd_ = false;
+  nextWindow_ = kSmallWindow;
+}
+
+int64_t FsObj::Size() {
+  return file_ ? file_->size() : -1;
+}
+
+bool FsObj::ReadExact(uint64_t offset, void* out, size_t length) {
+  if (!file_) return false;
+  return file_->readAt(offset, out, length) == static_cast<int64_t>(length);
+}
+
+bool FsObj::InWindow(uint64_t offset, size_t atLeast) const {
+  if (offset < windowOffset_ || offset - windowOffset_ > window_.size()) return false;
+  return windowAtEnd_ || window_.size() - (offset - windowOffset_) >= atLeast;
+}
+
+bool FsObj::ReadWindow(uint64_t offset, size_t atLeast, std::string_view* view) {
+  if (!file_) return false;
+  if (!InWindow(offset, atLeast) && !FillWindow(offset, atLeast)) return false;
+  *view = std::string_view(window_).substr(offset - windowOffset_);
+  return true;
+}
+
+bool FsObj::FillWindow(uint64_t offset, size_t atLeast) {
+  const bool forward =
+      !window_.empty() && offset >= windowOffset_ && offset - windowOffset_ <= window_.size() + nextWindow_;
+  nextWindow_ = forward ? std::min(nextWindow_ * 2, kLargeWindow) : kSmallWindow;
+  const size_t wanted = std::max(atLeast, nextWindow_);
+  window_.resize(wanted);
+  const int64_t got = file_->readAt(offset, window_.data(), wanted);
+  window_.resize(static_cast<size_t>(std::max<int64_t>(got, 0)));
+  windowOffset_ = offset;
+  windowAtEnd_ = got >= 0 && static_cast<size_t>(got) < wanted;
+  return got >= 0;
+}
+
+bool FsObj::Append(std::string_view bytes, uint32_t* offset) {
+  const int64_t end = Size();
+  if (end < 0 || static_cast<uint64_t>(end) + bytes.size() > UINT32_MAX) return false;
+  if (!WriteAt(static_cast<uint64_t>(end), bytes)) return false;
+  *offset = static_cast<uint32_t>(end);
+  return true;
+}
+
+bool FsObj::WriteAt(uint64_t offset, std::string_view bytes) {
+  Forget();
+  return file_ && file_->writeAt(offset, bytes);
+}
+
+bool FsObj::Sync() {
+  return file_ && file_->sync();
+}
+
+}  // namespace zavel::engine
