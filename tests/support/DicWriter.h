@@ -7,6 +7,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace zavel::test {
@@ -17,15 +18,16 @@ std::string sjis(std::string_view utf8);
 // A tag's two bytes.
 std::string tag(uint16_t value);
 
-// An English entry as the user functions lay it out: D1 B1 word C1 LF D3 -[hinsi] LF D4 imi LF.
+// An English entry as the user functions lay it out: D1 B1 word C1 LF D3 "-[" hinsi "]" LF D4 imi LF.
 std::string entryE(std::string_view word, std::string_view hinsiUtf8, std::string_view imiUtf8);
 
 // An English entry in the form that conjugation reads: D1 (F4B5 number) F4D0 headword-field LF
-// D3 -hinsi-line LF D4 imi LF. `headwordField` may hold 0xA5 syllable marks, stars and "≦...≧" (bytes).
-std::string entryForKatuyo(std::string_view number, std::string_view headwordField, std::string_view hinsiLine,
-                           std::string_view imiUtf8);
+// D3 "-" hinsi-line LF D4 imi LF. Bytes but for the meaning; `headwordField` may hold 0xA5 syllable marks,
+// stars and "≦...≧".
+std::string entryForKatuyo(std::string_view number, std::string_view headwordField,
+                           std::string_view hinsiLine, std::string_view imiUtf8);
 
-// A Japanese entry: D1 kana (1B kanji) LF D4 imi LF. kanji may be empty. UTF-8 in.
+// A Japanese entry: D1 kana (1B kanji) LF D4 imi LF. kanji may be empty. All three in UTF-8.
 std::string entryJ(std::string_view kanaUtf8, std::string_view kanjiUtf8, std::string_view imi);
 
 // Rows of one index: key (normalised) to entry offset, equal keys in the order they were added.
@@ -35,7 +37,8 @@ struct IndexRow {
 };
 
 // Bytes of the two index files for `rows` of an index type (1 to 5). Rows are sorted as the format
-// demands. `userHeader` puts 128 zero bytes ahead of both.
+// demands: by signed bytes (kanji by unsigned pairs), zeros where a word ended. `userHeader` puts 128 zero
+// bytes ahead of both.
 struct IndexFiles {
   std::string idx;
   std::string ix3;
@@ -51,9 +54,9 @@ std::string scramble(std::string_view plain);
 // A whole basic set in the making. Offsets are those the entries get in their .dic file.
 class DicWriter {
  public:
-  uint32_t addE(std::string_view word, std::string_view entry);   // files `entry` under `word`
-  void aliasE(std::string_view word, uint32_t offset);            // a further row to an entry
-  void addHase(std::string_view form, uint32_t offset);           // derived form -> entry in ej.dic
+  uint32_t addE(std::string_view word, std::string_view entry);     // files `entry` under `word`
+  void aliasE(std::string_view word, uint32_t offset);              // a further row to an entry
+  void addHase(std::string_view form, uint32_t offset);             // derived form -> entry in ej.dic
   void addKatu(std::string_view form, std::string_view plainUtf8);  // conjugated form -> brace list
   uint32_t addJ(std::string_view kanaUtf8, std::string_view kanjiUtf8, std::string_view entry);
 
