@@ -62,7 +62,8 @@ class Storage {
   // Replaces `to` if it is there.
   virtual bool rename(const std::string& from, const std::string& to) = 0;
 
-  // Copies content; `to` is replaced if it is there. The copy is on the disk when true comes back.
+  // Copies content; `to` is replaced if it is there. The copy is on the disk when true comes back; false
+  // leaves `to` as it was.
   virtual bool copy(const std::string& from, const std::string& to) = 0;
 
   // Makes one folder. 0, or the platform's error number.
