@@ -3,6 +3,7 @@
 #include "engine/Frame.h"
 
 #include <cstring>
+#include <new>
 
 #include "engine/KjiIdx.h"
 #include "engine/SaveIdx1.h"
@@ -45,7 +46,7 @@ void StorePaths(const char* kihonPath, const char* userPathE, const char* userPa
 }
 
 // The steps of opening, each with its own status.
-Status OpenEngine(const char* kihonPath, const char* userPathE, const char* userPathJ) {
+Status OpenEngine(const char* kihonPath, const char* userPathE, const char* userPathJ) try {
   Status status = CheckPathName(kihonPath, userPathE, userPathJ);
   if (status != kOk) return status;
   DeleteFsObjs();
@@ -53,6 +54,12 @@ Status OpenEngine(const char* kihonPath, const char* userPathE, const char* user
   if (status == kOk && (g_dicType & kDicUserJ)) status = InitKjiIdx1Info();
   if (status == kOk) status = OpenFsObjs();
   return status == kOk ? CreateShMems() : status;
+} catch (const std::bad_alloc&) {
+  return kNoMemory;
+}
+
+Status SaveEngine() try { return SaveIdx1s(); } catch (const std::bad_alloc&) {
+  return kNoMemory;
 }
 
 // A failed InitAPI keeps nothing: a named block that stayed would keep its size for the next dictionary.
@@ -112,7 +119,7 @@ Status _InitAPI(const char* kihonPath, const char* userPathE, const char* userPa
 Status _EndAPI() {
   Status status = CheckInMP(kCodeEndAPI);
   if (status == kOk) {
-    status = SaveIdx1s();
+    status = SaveEngine();
     CloseShMems();
     CloseFsObjs();
     DeleteFsObjs();
