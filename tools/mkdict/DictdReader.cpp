@@ -10,9 +10,9 @@
 namespace zavel::mkdict {
 namespace {
 
-constexpr size_t kTextLimit = size_t{256} << 20;   // bytes, unpacked
-constexpr size_t kFileLimit = size_t{128} << 20;   // bytes on the disk
-constexpr size_t kMaxDigits = 6;                   // 36 bits: more than any text has
+constexpr size_t kTextLimit = size_t{256} << 20;  // bytes, unpacked
+constexpr size_t kFileLimit = size_t{128} << 20;  // bytes on the disk
+constexpr size_t kMaxDigits = 6;                  // 36 bits: more than any text has
 constexpr std::string_view kGzipMagic = "\x1F\x8B";
 constexpr int kGzipOnly = 15 + 16;  // largest window, gzip wrapper demanded
 
