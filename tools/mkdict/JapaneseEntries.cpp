@@ -1,0 +1,200 @@
+// An entry as it comes out, for 明かす [あかす] /(v5s,vt) (1) to pass (the night)/to spend/(v5s,vt) (2) to
+// reveal/:
+//
+//   F5D1 あかす 1B 明かす 0A
+//   F5D3 -[動サ五][他] 0A
+//   F5D4 F5BD 1 F5C1 " to pass (the night); to spend" 0A
+//   F5D4 F5BD 2 F5C1 " to reveal" 0A
+//
+// Senses are numbered within a part of speech, as the readers' layout expects of it: sense 1 follows its
+// part-of-speech line directly, the others stand apart. Tests: tests/mkdict/JapaneseEntriesTest.cpp.
+#include "mkdict/JapaneseEntries.h"
+
+#include <algorithm>
+
+#include "engine/DicFormat.h"
+#include "engine/MidasiCheck.h"
+#include "engine/Shim.h"
+#include "mkdict/EdictLabels.h"
+#include "mkdict/ToShiftJis.h"
+
+namespace zavel::mkdict {
+namespace {
+
+constexpr char kSeparator = static_cast<char>(engine::kKanjiSeparator);
+
+std::string tag(uint16_t value) {
+  return {static_cast<char>(value >> 8), static_cast<char>(value & 0xFF)};
+}
+
+// "(usually kana) (archaic) to do; to act".
+std::string senseText(const EdictSense& sense) {
+  std::string out;
+  for (const std::string& code : sense.remarks) out += "(" + std::string(remark(code)) + ") ";
+  for (size_t i = 0; i < sense.glosses.size(); ++i) out += (i == 0 ? "" : "; ") + sense.glosses[i];
+  return out;
+}
+
+std::string posLine(const std::vector<std::string>& codes) {
+  std::string out = "-";
+  std::string last;
+  for (const std::string& code : codes) {
+    const std::string label = posLabel(code);
+    if (label != last) out += label;
+    last = label;
+  }
+  return out;
+}
+
+// The number of a sense. Readers part the senses 2 to 9 from the text before them by an empty line; they
+// judge by the first digit, so the senses 10 to 19 bring that line along.
+std::string numberMark(size_t number) {
+  const std::string digits = std::to_string(number);
+  const std::string apart = number >= 10 && digits[0] == '1' ? "\n" : "";
+  return apart + tag(engine::kTagImi) + tag(engine::kTagGothic) + digits + tag(engine::kTagRoman) + " ";
+}
+
+bool hasKanji(std::string_view sjis) {
+  for (size_t at = 0; at + 1 < sjis.size(); at += 2) {
+    const unsigned code = static_cast<uint8_t>(sjis[at]) << 8 | static_cast<uint8_t>(sjis[at + 1]);
+    if (engine::_ismbcl1(code) || engine::_ismbcl2(code)) return true;
+  }
+  return false;
+}
+
+// A reading without the dots that part the words of a foreign phrase: no query can hold one.
+std::string withoutDots(const std::string& utf8) {
+  static const std::string kDot = "・";
+  std::string out;
+  size_t at = 0;
+  for (size_t dot; (dot = utf8.find(kDot, at)) != std::string::npos; at = dot + kDot.size()) {
+    out += utf8.substr(at, dot - at);
+  }
+  return out + utf8.substr(at);
+}
+
+}  // namespace
+
+uint32_t JapaneseEntries::rank(const EdictLine& line) {
+  const auto anyRare = [](const std::vector<std::string>& codes) {
+    return std::any_of(codes.begin(), codes.end(), isRareRemark);
+  };
+  const auto rareSense = [&anyRare](const EdictSense& sense) { return anyRare(sense.remarks); };
+  const bool rare = anyRare(line.spelling) || std::all_of(line.senses.begin(), line.senses.end(), rareSense);
+  const std::vector<std::string>& first = line.senses.front().remarks;
+  const bool inKana = line.written.empty() || std::find(first.begin(), first.end(), "uk") != first.end();
+  return (line.common ? 0 : rare ? 4 : 2) + (inKana ? 0 : 1);
+}
+
+bool JapaneseEntries::body(const EdictLine& line, std::string* text, std::string* lacking) {
+  text->clear();
+  const auto append = [&](std::string_view utf8) {
+    const std::optional<std::string> sjis = toEntryText(utf8, lacking);
+    if (sjis) *text += *sjis;
+    return sjis.has_value();
+  };
+  if (!line.spelling.empty()) {
+    std::string note;
+    for (const std::string& code : line.spelling)
+      note += (note.empty() ? "" : ", ") + std::string(remark(code));
+    *text += tag(engine::kTagNote);
+    if (!append("(" + note + ")")) return false;
+    *text += '\n';
+  }
+  for (size_t begin = 0, end; begin < line.senses.size(); begin = end) {
+    const std::vector<std::string>& pos = line.senses[begin].pos;
+    for (end = begin + 1; end < line.senses.size() && line.senses[end].pos == pos;) ++end;
+    if (!pos.empty()) {
+      *text += tag(engine::kTagHinsi);
+      if (!append(posLine(pos))) return false;
+      *text += '\n';
+    }
+    for (size_t i = begin; i < end; ++i) {
+      *text += end - begin == 1 ? tag(engine::kTagImi) : numberMark(i - begin + 1);
+      if (!append(senseText(line.senses[i]))) return false;
+      *text += '\n';
+    }
+  }
+  return true;
+}
+
+bool JapaneseEntries::headword(const EdictLine& line, Headword* out) {
+  std::string lacking;
+  const std::optional<std::string> kana = toShiftJis(withoutDots(line.reading), &lacking);
+  const std::optional<std::string> written = toShiftJis(line.written, &lacking);
+  if (!kana || !written) {
+    summary_->leftOut("Japanese words with a character that Shift_JIS lacks (" + lacking + ")",
+                      line.written.empty() ? line.reading : line.written);
+    return false;
+  }
+  *out = {*kana, *written};
+  return true;
+}
+
+// Decides under which words an entry is filed.
+void JapaneseEntries::file(const Headword& shown, const std::string& name, JapaneseEntry* entry) {
+  if (engine::ChkMidasiStrJ(shown.kana.c_str()) == engine::kOk) entry->kana = shown.kana;
+  // A reader takes a word for a written form only when it holds a kanji.
+  const std::string& written = shown.written.empty() ? shown.kana : shown.written;
+  const bool kanji = engine::ChkMidasiStrK(written.c_str()) == engine::kOk && hasKanji(written);
+  if (kanji) entry->kanji = written;
+  if (entry->kana.empty() && !kanji) {
+    summary_->leftOut("Japanese words that no query can hold", name);
+  } else if (entry->kana.empty()) {
+    summary_->leftOut("Japanese words found by written form only", name);
+  } else if (!kanji && !shown.written.empty()) {
+    summary_->leftOut("Japanese words found by reading only (digits, letters or signs in the written form)",
+                      name);
+  }
+}
+
+void JapaneseEntries::join(JapaneseEntry* entry, const std::string& body, uint32_t rank) {
+  if (entry->text.find(body) != std::string::npos) {
+    summary_->count("EDICT lines that say nothing new");
+  } else if (rank < entry->rank) {
+    entry->text = body + entry->text;
+  } else {
+    entry->text += body;
+  }
+  summary_->count("EDICT lines joined to one of the same word");
+  entry->rank = std::min(entry->rank, rank);
+}
+
+void JapaneseEntries::add(const EdictLine& line) {
+  const std::string& name = line.written.empty() ? line.reading : line.written;
+  Headword shown;
+  std::string text, lacking;
+  if (!headword(line, &shown)) return;
+  if (!body(line, &text, &lacking)) {
+    summary_->leftOut("Japanese words with a meaning that Shift_JIS lacks (" + lacking + ")", name);
+    return;
+  }
+  const std::string head = shown.kana + (shown.written.empty() ? "" : kSeparator + shown.written);
+  const auto [known, isNew] = byHeadLine_.try_emplace(head, entries_.size());
+  if (!isNew) {
+    join(&entries_[known->second], text, rank(line));
+    return;
+  }
+  JapaneseEntry entry;
+  file(shown, name, &entry);
+  if (entry.kana.empty() && entry.kanji.empty()) {
+    byHeadLine_.erase(known);
+    return;
+  }
+  if (looksTagged(head)) summary_->leftOut("headwords in which some readers see a tag (kept)", name);
+  entry.text = std::move(text);
+  entry.rank = rank(line);
+  entries_.push_back(std::move(entry));
+  headLines_.push_back(head);
+}
+
+std::vector<JapaneseEntry> JapaneseEntries::take() {
+  byHeadLine_ = {};
+  for (size_t i = 0; i < entries_.size(); ++i) {
+    entries_[i].text = tag(engine::kTagEntry) + headLines_[i] + "\n" + entries_[i].text;
+  }
+  headLines_.clear();
+  return std::move(entries_);
+}
+
+}  // namespace zavel::mkdict

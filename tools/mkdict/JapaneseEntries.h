@@ -1,0 +1,52 @@
+// EDICT's lines as entries of the set.
+#ifndef MKDICT_JAPANESEENTRIES_H
+#define MKDICT_JAPANESEENTRIES_H
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "mkdict/Compilation.h"
+#include "mkdict/EdictLine.h"
+#include "mkdict/Summary.h"
+
+namespace zavel::mkdict {
+
+class JapaneseEntries {
+ public:
+  // `summary` is borrowed and told what is changed or left out.
+  explicit JapaneseEntries(Summary* summary) : summary_(summary) {}
+
+  // Adds a line. The same word in a second line joins the first: its senses follow, or precede when they
+  // are the more frequent ones; senses that stand there already are not repeated.
+  void add(const EdictLine& line);
+
+  // The entries in the order of their first lines; this is then empty.
+  std::vector<JapaneseEntry> take();
+
+  // What follows the headword line, in Shift_JIS: a line on the spelling, part-of-speech lines, senses.
+  // False when a character can't be written; *lacking names it.
+  static bool body(const EdictLine& line, std::string* text, std::string* lacking);
+
+  // 0 to 5: common words, others, rare ones; words that are written in kana come first in each.
+  static uint32_t rank(const EdictLine& line);
+
+ private:
+  struct Headword {
+    std::string kana;     // as shown, Shift_JIS
+    std::string written;  // as shown, may be empty
+  };
+  bool headword(const EdictLine& line, Headword* out);
+  void join(JapaneseEntry* entry, const std::string& body, uint32_t rank);
+  void file(const Headword& shown, const std::string& name, JapaneseEntry* entry);
+
+  Summary* summary_;                    // borrowed
+  std::vector<JapaneseEntry> entries_;  // text without the headword line until take()
+  std::vector<std::string> headLines_;  // by entry
+  std::unordered_map<std::string, size_t> byHeadLine_;
+};
+
+}  // namespace zavel::mkdict
+
+#endif
