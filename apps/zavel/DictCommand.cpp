@@ -34,7 +34,9 @@ bool hasDictionary(const Places& places) {
   return missingDictionaryFile(places.dictionary, &none).empty();
 }
 
-Failure checkPlaces(const Places& places) { return places.data.empty() ? noHome() : Failure(); }
+Failure checkPlaces(const Places& places) {
+  return places.data.empty() ? noHome() : Failure();
+}
 
 }  // namespace
 

@@ -14,7 +14,9 @@ uint32_t colourOf(const ScrpSTElement& run) {
          static_cast<uint32_t>(c.blue >> 8);
 }
 
-bool isLineStart(const std::string& text, size_t at) { return at == 0 || text[at - 1] == '\r'; }
+bool isLineStart(const std::string& text, size_t at) {
+  return at == 0 || text[at - 1] == '\r';
+}
 
 // Where entries begin: a run in the headword colour at the start of a line.
 std::vector<size_t> entryStarts(const std::string& text, const std::vector<ScrpSTElement>& runs,
@@ -29,7 +31,9 @@ std::vector<size_t> entryStarts(const std::string& text, const std::vector<ScrpS
   return starts;
 }
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 
 // Reads frequency marks and "(number)" ahead of a headword; both stand in the text as the dictionary has
 // them, and are shown in the host's own way. The result is where the word begins.
@@ -102,9 +106,8 @@ std::vector<Entry> entriesFromLayout(const std::string& text, const std::vector<
                                      uint32_t headwordColour, const TextEncoding& encoding) {
   std::vector<Entry> entries;
   if (text.find_first_not_of("\r\n ") == std::string::npos) return entries;
-  const bool headwords = std::any_of(runs.begin(), runs.end(), [&](const ScrpSTElement& run) {
-    return colourOf(run) == headwordColour;
-  });
+  const bool headwords = std::any_of(
+      runs.begin(), runs.end(), [&](const ScrpSTElement& run) { return colourOf(run) == headwordColour; });
   const std::vector<size_t> starts = entryStarts(text, runs, headwordColour);
   for (size_t i = 0; i < starts.size(); ++i) {
     const size_t end = i + 1 < starts.size() ? starts[i + 1] : text.size();

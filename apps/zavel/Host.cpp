@@ -14,8 +14,8 @@
 namespace zavel::host {
 
 const std::array<const char*, 13> kDictionaryFiles = {
-    "ej.dic",   "ej.ix3",   "ej.idx", "hase.ix3", "hase.idx", "katu.dic", "katu.ix3",
-    "katu.idx", "je.dic",   "je.ix3", "je.idx",   "ke.ix3",   "ke.idx"};
+    "ej.dic",   "ej.ix3", "ej.idx", "hase.ix3", "hase.idx", "katu.dic", "katu.ix3",
+    "katu.idx", "je.dic", "je.ix3", "je.idx",   "ke.ix3",   "ke.idx"};
 
 namespace {
 

@@ -8,7 +8,9 @@
 namespace zavel::host {
 namespace {
 
-size_t shown(size_t count, size_t limit) { return limit > 0 ? std::min(count, limit) : count; }
+size_t shown(size_t count, size_t limit) {
+  return limit > 0 ? std::min(count, limit) : count;
+}
 
 void textOrNull(JsonWriter& json, const char* key, const std::string& text) {
   if (text.empty()) {
@@ -37,7 +39,11 @@ void writeEntry(JsonWriter& json, const Entry& entry) {
     json.key("homograph").null();
   }
   json.member("stars", entry.stars).member("match", matchName(entry.match)).strings("via", entry.via);
-  json.key("source").beginObject().member("id", "builtin").member("name", "ZavelLex basic dictionary").endObject();
+  json.key("source")
+      .beginObject()
+      .member("id", "builtin")
+      .member("name", "ZavelLex basic dictionary")
+      .endObject();
   json.key("senses").beginArray();
   for (const Sense& sense : entry.senses) writeSense(json, sense);
   json.endArray().endObject();

@@ -31,11 +31,11 @@ class JsonWriter {
   const std::string& text() const { return text_; }
 
  private:
-  void separate();                        // the comma ahead of a further member or element
+  void separate();  // the comma ahead of a further member or element
   void quote(std::string_view utf8);
 
   std::string text_;
-  std::vector<bool> hasMembers_;          // one per open object or array
+  std::vector<bool> hasMembers_;  // one per open object or array
   bool afterKey_ = false;
 };
 

@@ -26,7 +26,8 @@ LockFile::LockFile(const std::string& path) {
     return;
   }
   const std::string name = "process " + std::to_string(getpid()) + "\n";
-  held_ = ftruncate(fd_, 0) == 0 && pwrite(fd_, name.data(), name.size(), 0) == static_cast<ssize_t>(name.size());
+  held_ =
+      ftruncate(fd_, 0) == 0 && pwrite(fd_, name.data(), name.size(), 0) == static_cast<ssize_t>(name.size());
 }
 
 LockFile::~LockFile() {

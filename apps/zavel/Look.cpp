@@ -19,16 +19,22 @@ namespace {
 
 constexpr size_t kLongestWord = 255;  // bytes, the manager's own limit
 
-const TextEncoding& encoding() { return platform().encoding(); }
+const TextEncoding& encoding() {
+  return platform().encoding();
+}
 
-std::string toUtf8(const std::string& sjis) { return encoding().fromSjisLossy(sjis); }
+std::string toUtf8(const std::string& sjis) {
+  return encoding().fromSjisLossy(sjis);
+}
 
 bool isLead(char c) {
   const unsigned char byte = static_cast<unsigned char>(c);
   return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
 }
 
-std::string keyE(const std::string& word) { return engine::ChangeMidasiStrE(word); }
+std::string keyE(const std::string& word) {
+  return engine::ChangeMidasiStrE(word);
+}
 
 // Both keys of a Japanese word that may be given in kana or with kanji. Empty where it has none.
 std::string keyJ(const std::string& word) {
@@ -37,10 +43,17 @@ std::string keyJ(const std::string& word) {
 }
 
 const char* formName(int code) {
-  static constexpr const char* kNames[] = {"",           "singular", "plural",
-                                           "positive",   "comparative", "superlative",
-                                           "present",    "third person singular", "past",
-                                           "past participle", "present participle"};
+  static constexpr const char* kNames[] = {"",
+                                           "singular",
+                                           "plural",
+                                           "positive",
+                                           "comparative",
+                                           "superlative",
+                                           "present",
+                                           "third person singular",
+                                           "past",
+                                           "past participle",
+                                           "present participle"};
   return code >= 1 && code <= 10 ? kNames[code] : "";
 }
 
@@ -68,10 +81,14 @@ void dropLoneHomographs(std::vector<Entry>* entries) {
 
 const char* matchName(Match match) {
   switch (match) {
-    case Match::kExact: return "exact";
-    case Match::kInflected: return "inflected";
-    case Match::kDerived: return "derived";
-    case Match::kSpelling: return "spelling";
+    case Match::kExact:
+      return "exact";
+    case Match::kInflected:
+      return "inflected";
+    case Match::kDerived:
+      return "derived";
+    case Match::kSpelling:
+      return "spelling";
   }
   return "";
 }
@@ -219,7 +236,8 @@ bool Look::isHeadword(const std::string& word) {
   if (!manager_.GetMidashiE(word)) return false;
   const std::string key = keyE(word);
   for (uint32_t i = 0; i < manager_.CountMidashiData(); ++i) {
-    if (keyE(withoutNul(manager_.ExtractKeywordFromMidashiData(withoutNul(manager_.GetMidashiData(i))))) == key) {
+    if (keyE(withoutNul(manager_.ExtractKeywordFromMidashiData(withoutNul(manager_.GetMidashiData(i))))) ==
+        key) {
       return true;
     }
   }

@@ -12,12 +12,12 @@
 namespace zavel::host {
 
 struct LookRequest {
-  std::string word;            // UTF-8, blanks at both ends already cut
+  std::string word;  // UTF-8, blanks at both ends already cut
   Mode mode = Mode::kAll;
-  bool wantEntries = true;     // entries, with text and senses
-  bool wantHeadwords = true;   // the list of headwords that begin with the word
-  bool wantForms = false;      // the inflection table
-  size_t suggestions = 0;      // near headwords to look for when nothing is found
+  bool wantEntries = true;    // entries, with text and senses
+  bool wantHeadwords = true;  // the list of headwords that begin with the word
+  bool wantForms = false;     // the inflection table
+  size_t suggestions = 0;     // near headwords to look for when nothing is found
 };
 
 class Look {

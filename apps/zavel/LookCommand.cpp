@@ -15,9 +15,10 @@
 namespace zavel::host {
 namespace {
 
-constexpr size_t kLongestLine = 64 * 1024;  // of a query on standard input; the rest of a longer one is skipped
+constexpr size_t kLongestLine =
+    64 * 1024;  // of a query on standard input; the rest of a longer one is skipped
 constexpr size_t kDefaultSuggestions = 5;
-constexpr size_t kLongestEcho = 60;         // of a refused query in a message
+constexpr size_t kLongestEcho = 60;  // of a refused query in a message
 
 std::string_view trimmed(std::string_view text) {
   const auto ink = [](char c) { return static_cast<unsigned char>(c) > 0x20; };
@@ -136,7 +137,9 @@ class Answerer {
 
   void tellNotFound(const LookResult& result) {
     std::fflush(stdout);
-    const char* what = options_.forms ? "no inflection table" : options_.list ? "no headword begins with" : "no entry";
+    const char* what = options_.forms  ? "no inflection table"
+                       : options_.list ? "no headword begins with"
+                                       : "no entry";
     if (options_.list) {
       std::fprintf(stderr, "zavel: %s \"%s\"\n", what, result.query.c_str());
     } else {

@@ -17,9 +17,9 @@ struct LookOptions {
   bool list = false;
   bool forms = false;
   bool json = false;
-  bool nul = false;      // words on standard input end in NUL
-  long limit = 0;        // 0: no limit
-  long suggest = -1;     // -1: 5 for words on the command line, none for those from standard input
+  bool nul = false;   // words on standard input end in NUL
+  long limit = 0;     // 0: no limit
+  long suggest = -1;  // -1: 5 for words on the command line, none for those from standard input
   ColorChoice colour = ColorChoice::kAuto;
 };
 

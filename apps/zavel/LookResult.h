@@ -26,13 +26,13 @@ struct Sense {
   std::vector<std::string> pos;  // "n", "v", "adj", ...; several where the dictionary names several
   std::string number;            // the dictionary's own sense number; empty where it has none
   std::vector<std::string> glosses;
-  std::string note;              // what the dictionary says about the sense; may be empty
+  std::string note;  // what the dictionary says about the sense; may be empty
   std::vector<Example> examples;
 };
 
 // A stretch of laid-out text in one look.
 struct Span {
-  size_t begin;     // bytes into the text
+  size_t begin;  // bytes into the text
   bool bold;
   bool italic;
   uint32_t colour;  // 0xRRGGBB; 0 is the terminal's own
@@ -46,12 +46,12 @@ struct Entry {
   Match match = Match::kExact;
   std::vector<std::string> via;  // names of the inflections that lead to it
   std::vector<Sense> senses;
-  std::string text;              // laid out, lines ended by 0x0A
-  std::vector<Span> spans;       // rising, the first at 0
+  std::string text;         // laid out, lines ended by 0x0A
+  std::vector<Span> spans;  // rising, the first at 0
 };
 
 struct Form {
-  int code;           // 1 to 10, as the engine numbers them
+  int code;  // 1 to 10, as the engine numbers them
   std::string form;
   std::string label;  // the dictionary's Japanese name of the form
 };

@@ -134,17 +134,18 @@ CLI::App* subcommand(CLI::App& app, const std::string& name) {
 
 int printHelp(CLI::App& app, std::vector<std::string> commands) {
   CLI::App* shown = &app;
-  std::string first;
+  std::string first, path;
   for (const std::string& command : commands) {
     CLI::App* next = subcommand(*shown, command);
     if (!next) return unknownCommand(command);
     if (first.empty()) first = command;
+    path += (path.empty() ? "" : " ") + shown->get_name();
     shown = next;
   }
   if (shown == &app) {
     std::fputs(kShortHelp, stdout);
   } else {
-    std::printf("%s%s", examplesOf(first), shown->help().c_str());
+    std::printf("%s%s", examplesOf(first), shown->help(path).c_str());
   }
   return kExitFound;
 }
@@ -210,4 +211,6 @@ int parseAndRun(int argc, char** argv) {
 }  // namespace
 }  // namespace zavel::host
 
-int main(int argc, char** argv) { return zavel::host::parseAndRun(argc, argv); }
+int main(int argc, char** argv) {
+  return zavel::host::parseAndRun(argc, argv);
+}

@@ -17,12 +17,12 @@ enum class Label { kHeadword, kPos, kGloss, kExample, kPhrase, kOtherSide, kNote
 
 Label labelOf(std::string_view name) {
   static const std::map<std::string_view, Label> kLabels = {
-      {"見出し", Label::kHeadword},        {"品詞", Label::kPos},
-      {"品詞：成句", Label::kPos},         {"訳語", Label::kGloss},
-      {"訳語：成句", Label::kGloss},       {"用例･句例", Label::kExample},
-      {"用例：成句", Label::kExample},     {"成句･文例", Label::kPhrase},
-      {"和訳：用例", Label::kOtherSide},   {"囲み、表、その他の解説・注記", Label::kNote},
-      {"解説：成句", Label::kNote},        {"ニュースゴシック", Label::kGothic},
+      {"見出し", Label::kHeadword},          {"品詞", Label::kPos},
+      {"品詞：成句", Label::kPos},           {"訳語", Label::kGloss},
+      {"訳語：成句", Label::kGloss},         {"用例･句例", Label::kExample},
+      {"用例：成句", Label::kExample},       {"成句･文例", Label::kPhrase},
+      {"和訳：用例", Label::kOtherSide},     {"囲み、表、その他の解説・注記", Label::kNote},
+      {"解説：成句", Label::kNote},          {"ニュースゴシック", Label::kGothic},
       {"ローマン(標準書体)", Label::kRoman},
   };
   const auto it = kLabels.find(name);
@@ -66,10 +66,11 @@ std::string_view trimmed(std::string_view text) {
 // The dictionary's part-of-speech names as the usual abbreviations; others stay as they are.
 std::string posOf(std::string_view label) {
   static const std::map<std::string_view, std::string> kPos = {
-      {"名", "n"},     {"代", "pron"}, {"形", "adj"},  {"副", "adv"},  {"動", "v"},    {"他", "vt"},
-      {"自", "vi"},    {"前", "prep"}, {"接", "conj"}, {"間", "int"},  {"助", "part"}, {"助動", "aux"},
-      {"冠", "art"},   {"数", "num"},  {"固", "pn"},   {"固名", "pn"}, {"句", "exp"},  {"Ｃ", "countable"},
-      {"接頭", "pref"}, {"接尾", "suf"}, {"形動", "adj-na"},
+      {"名", "n"},        {"代", "pron"},  {"形", "adj"},       {"副", "adv"},    {"動", "v"},
+      {"他", "vt"},       {"自", "vi"},    {"前", "prep"},      {"接", "conj"},   {"間", "int"},
+      {"助", "part"},     {"助動", "aux"}, {"冠", "art"},       {"数", "num"},    {"固", "pn"},
+      {"固名", "pn"},     {"句", "exp"},   {"Ｃ", "countable"}, {"接頭", "pref"}, {"接尾", "suf"},
+      {"形動", "adj-na"},
   };
   const auto it = kPos.find(label);
   return it == kPos.end() ? std::string(label) : it->second;
@@ -125,19 +126,34 @@ class Gatherer {
  public:
   void take(const Piece& piece) {
     switch (piece.label) {
-      case Label::kHeadword: startEntry(); break;
-      case Label::kPos: pos_ = posList(piece.text); break;
+      case Label::kHeadword:
+        startEntry();
+        break;
+      case Label::kPos:
+        pos_ = posList(piece.text);
+        break;
       case Label::kGloss:
         startSense();
         addGlosses(piece.text);
         break;
-      case Label::kGothic: number(piece.text); break;
-      case Label::kRoman: addGlosses(piece.text); break;
-      case Label::kNote: addNote(piece.text); break;
+      case Label::kGothic:
+        number(piece.text);
+        break;
+      case Label::kRoman:
+        addGlosses(piece.text);
+        break;
+      case Label::kNote:
+        addNote(piece.text);
+        break;
       case Label::kExample:
-      case Label::kPhrase: addExample(piece.text); break;
-      case Label::kOtherSide: addOtherSide(piece.text); break;
-      case Label::kOther: break;
+      case Label::kPhrase:
+        addExample(piece.text);
+        break;
+      case Label::kOtherSide:
+        addOtherSide(piece.text);
+        break;
+      case Label::kOther:
+        break;
     }
   }
 

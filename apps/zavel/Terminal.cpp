@@ -17,7 +17,9 @@ bool isSet(const char* name) {
 
 }  // namespace
 
-bool isTerminal(int fd) { return isatty(fd) == 1; }
+bool isTerminal(int fd) {
+  return isatty(fd) == 1;
+}
 
 bool useColor(int fd, ColorChoice choice) {
   if (choice != ColorChoice::kAuto) return choice == ColorChoice::kAlways;

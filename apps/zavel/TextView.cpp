@@ -15,7 +15,8 @@ constexpr size_t kHeadwordsShown = 12;
 // The terminal's own palette stands for the runs' colours, so that they suit its background: the dictionary's
 // headword red, its sense number blue.
 const char* sgrColour(uint32_t colour) {
-  const bool red = (colour >> 16) > 0x7F, green = ((colour >> 8) & 0xFF) > 0x7F, blue = (colour & 0xFF) > 0x7F;
+  const bool red = (colour >> 16) > 0x7F, green = ((colour >> 8) & 0xFF) > 0x7F,
+             blue = (colour & 0xFF) > 0x7F;
   if (red && green && blue) return "37";
   if (red && green) return "33";
   if (red && blue) return "35";
@@ -34,7 +35,9 @@ std::string sgr(const Span& span) {
   return codes == "0" ? kReset : "\x1b[" + codes + "m";
 }
 
-std::string dim(const std::string& text, bool colour) { return colour ? "\x1b[2m" + text + kReset : text; }
+std::string dim(const std::string& text, bool colour) {
+  return colour ? "\x1b[2m" + text + kReset : text;
+}
 
 // Text [begin, end) of an entry with its spans' looks.
 std::string styled(const Entry& entry, size_t begin, size_t end, bool colour) {
@@ -101,17 +104,22 @@ std::string joined(const std::vector<std::string>& words, const char* between) {
 // One quiet line that says why an entry of another word answers.
 std::string reason(const LookResult& result, const Entry& entry) {
   switch (entry.match) {
-    case Match::kExact: return {};
+    case Match::kExact:
+      return {};
     case Match::kInflected:
       return result.query + ": " + (entry.via.empty() ? "inflected form" : joined(entry.via, ", ")) + " of " +
              result.origin;
-    case Match::kDerived: return result.query + ": derived from " + entry.headword;
-    case Match::kSpelling: return entry.headword + ": other spelling of " + result.origin;
+    case Match::kDerived:
+      return result.query + ": derived from " + entry.headword;
+    case Match::kSpelling:
+      return entry.headword + ": other spelling of " + result.origin;
   }
   return {};
 }
 
-size_t shown(size_t count, size_t limit) { return limit > 0 ? std::min(count, limit) : count; }
+size_t shown(size_t count, size_t limit) {
+  return limit > 0 ? std::min(count, limit) : count;
+}
 
 std::string furtherHeadwords(const LookResult& result, const TextLook& look) {
   std::vector<std::string> words;
@@ -129,7 +137,8 @@ std::string furtherHeadwords(const LookResult& result, const TextLook& look) {
                            (more > 0 ? ", and " + std::to_string(more) + " more (--list)" : std::string());
   std::string out = "\n";
   const std::vector<ByteRange> rows = breakLines(text, look.width, 0);
-  for (const ByteRange& row : rows) out += dim(text.substr(row.begin, row.end - row.begin), look.colour) + "\n";
+  for (const ByteRange& row : rows)
+    out += dim(text.substr(row.begin, row.end - row.begin), look.colour) + "\n";
   return out;
 }
 

@@ -11,8 +11,8 @@ namespace zavel::host {
 
 struct TextLook {
   bool colour = false;
-  size_t width = 0;      // columns to wrap at; 0 wraps nothing
-  size_t limit = 0;      // entries and headwords at most; 0 all
+  size_t width = 0;  // columns to wrap at; 0 wraps nothing
+  size_t limit = 0;  // entries and headwords at most; 0 all
 };
 
 // The whole answer for one word that was found: how it was found, its entries, further headwords.

@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# Installs the built tree, moves it, and builds a host in C and one in C++ against it, by CMake and by
+# pkg-config. Usage: install-test.sh BUILD_FOLDER SOURCE_ROOT DICTIONARY_FOLDER CC CXX [FLAGS]
+set -euo pipefail
+build=$1 source=$2 dictionary=$3 cc=$4 cxx=$5 flags=${6-}
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+
+cmake --install "$build" --prefix "$folder/first" >"$folder/install.log" || { cat "$folder/install.log"; exit 1; }
+mv "$folder/first" "$folder/moved"
+tree=$folder/moved
+
+cp -r "$source/tests/house/hosts" "$folder/hosts"
+cmake -S "$folder/hosts" -B "$folder/build" -DCMAKE_PREFIX_PATH="$tree" -DCMAKE_C_FLAGS="$flags" \
+  -DCMAKE_CXX_FLAGS="$flags" -DCMAKE_C_COMPILER="$cc" -DCMAKE_CXX_COMPILER="$cxx" >"$folder/cmake.log" 2>&1 &&
+  cmake --build "$folder/build" >>"$folder/cmake.log" 2>&1 || { cat "$folder/cmake.log"; exit 1; }
+
+pc=$(dirname "$(find "$tree" -name zavellex.pc)")
+lib=$(dirname "$pc")
+export PKG_CONFIG_PATH=$pc LD_LIBRARY_PATH=$lib
+# shellcheck disable=SC2046
+"$cc" $flags "$folder/hosts/host.c" $(pkg-config --cflags --libs zavellex) -o "$folder/pc-c"
+# shellcheck disable=SC2046
+"$cxx" -std=c++20 $flags "$folder/hosts/host.cpp" $(pkg-config --cflags --libs zavellex) -o "$folder/pc-cpp"
+
+# goes: six bytes and a record head of three for each form of go; what matters is that it is found at all.
+for host in "$folder/build/host-c" "$folder/pc-c"; do
+  size=$("$host" "$dictionary/" goes) || { echo "$host failed"; exit 1; }
+  [ "$size" -gt 0 ] || { echo "$host found nothing"; exit 1; }
+done
+for host in "$folder/build/host-cpp" "$folder/pc-cpp"; do
+  origin=$("$host" "$dictionary/" goes) || { echo "$host failed"; exit 1; }
+  [ "$origin" = go ] || { echo "$host: goes leads to \"$origin\", not to go"; exit 1; }
+done

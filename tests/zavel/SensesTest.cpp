@@ -1,0 +1,61 @@
+#include <gtest/gtest.h>
+
+#include "EntryText.h"
+
+namespace zavel::host {
+namespace {
+
+using Glosses = std::vector<std::string>;
+
+TEST(Senses, AreReadFromLabels) {
+  const auto entries = sensesFromLabels(
+      "【見出し】go\r【品詞】-[動]\r"
+      "【訳語】【ニュースゴシック】1【ローマン(標準書体)】 行く, 動く (of a machine, to work)\r"
+      "【訳語】【ニュースゴシック】2【ローマン(標準書体)】 消える\r\r\r");
+  ASSERT_EQ(entries.size(), 1u);
+  ASSERT_EQ(entries[0].size(), 2u);
+  EXPECT_EQ(entries[0][0].pos, Glosses{"v"});
+  EXPECT_EQ(entries[0][0].number, "1");
+  EXPECT_EQ(entries[0][0].glosses, (Glosses{"行く", "動く"}));
+  EXPECT_EQ(entries[0][0].note, "of a machine, to work");
+  EXPECT_EQ(entries[0][1].number, "2");
+  EXPECT_EQ(entries[0][1].glosses, Glosses{"消える"});
+}
+
+TEST(Senses, EachHeadwordBeginsAnEntry) {
+  const auto entries = sensesFromLabels("【見出し】a\r【訳語】あ\r【見出し】b\r【訳語】い; う\r");
+  ASSERT_EQ(entries.size(), 2u);
+  EXPECT_EQ(entries[0][0].glosses, Glosses{"あ"});
+  EXPECT_EQ(entries[1][0].glosses, (Glosses{"い", "う"}));
+}
+
+TEST(Senses, TextAheadOfTheFirstHeadwordIsAnEntryOfItsOwn) {
+  const auto entries = sensesFromLabels("【品詞】-[名][Ｃ]\r【訳語】教会\r");
+  ASSERT_EQ(entries.size(), 1u);
+  EXPECT_EQ(entries[0][0].pos, (Glosses{"n", "countable"}));
+}
+
+TEST(Senses, CommasInsideBracketsPartNothing) {
+  const auto entries = sensesFromLabels("【見出し】a\r【訳語】to go (here, there), to move\r");
+  EXPECT_EQ(entries[0][0].glosses, (Glosses{"to go (here, there)", "to move"}));
+}
+
+TEST(Senses, ExamplesHaveTwoSides) {
+  const auto entries =
+      sensesFromLabels("【見出し】go\r【訳語】行く\r【用例･句例】go home【和訳：用例】 家に帰る\r");
+  ASSERT_EQ(entries[0][0].examples.size(), 1u);
+  EXPECT_EQ(entries[0][0].examples[0].source, "go home");
+  EXPECT_EQ(entries[0][0].examples[0].target, "家に帰る");
+}
+
+TEST(Senses, BracketsOfTheTextOpenNoLabel) {
+  const auto entries = sensesFromLabels("【見出し】a\r【訳語】【注】を見よ\r");
+  EXPECT_EQ(entries[0][0].glosses, Glosses{"【注】を見よ"});
+}
+
+TEST(Senses, OfNothingAreNothing) {
+  EXPECT_TRUE(sensesFromLabels("").empty());
+}
+
+}  // namespace
+}  // namespace zavel::host
