@@ -29,8 +29,8 @@ std::string createdOn(std::string_view title) {
 
 class Reading {
  public:
-  Reading(Compilation* compilation, Progress& progress)
-      : compilation_(compilation), progress_(progress), entries_(&compilation->summary) {}
+  Reading(Compilation* compilation, Progress& progress, const std::function<void(const EdictLine&)>& onLine)
+      : compilation_(compilation), progress_(progress), onLine_(onLine), entries_(&compilation->summary) {}
 
   SourceFault read(const std::string& path, std::string* error);
 
@@ -41,6 +41,7 @@ class Reading {
 
   Compilation* compilation_;
   Progress& progress_;
+  const std::function<void(const EdictLine&)>& onLine_;
   JapaneseEntries entries_;
   std::string version_;
   size_t sound_ = 0, unsound_ = 0;
@@ -56,6 +57,7 @@ void Reading::line(std::string_view bytes) {
   if (utf8 && EdictLine::parse(*utf8, &parsed)) {
     ++sound_;
     entries_.add(parsed);
+    if (onLine_) onLine_(parsed);
     return;
   }
   ++unsound_;
@@ -109,8 +111,8 @@ SourceFault Reading::read(const std::string& path, std::string* error) {
 }  // namespace
 
 SourceFault EdictReader::read(const std::string& path, Compilation* compilation, Progress& progress,
-                              std::string* error) {
-  return Reading(compilation, progress).read(path, error);
+                              std::string* error, const std::function<void(const EdictLine&)>& onLine) {
+  return Reading(compilation, progress, onLine).read(path, error);
 }
 
 }  // namespace zavel::mkdict

@@ -2,10 +2,11 @@
 #ifndef MKDICT_EDICTREADER_H
 #define MKDICT_EDICTREADER_H
 
+#include <functional>
 #include <string>
-#include <vector>
 
 #include "mkdict/Compilation.h"
+#include "mkdict/EdictLine.h"
 #include "mkdict/Progress.h"
 
 namespace zavel::mkdict {
@@ -17,9 +18,10 @@ class EdictReader {
  public:
   // Fills compilation->japanese, its source and its summary. A line that is no EDICT line is counted and
   // passed over; kDamaged when fewer lines than nine in ten are sound, or there is none at all, so that a
-  // file of another kind is not taken for a dictionary. *error then says what is wrong.
+  // file of another kind is not taken for a dictionary. *error then says what is wrong. `onLine` (if not
+  // empty) sees every sound line.
   static SourceFault read(const std::string& path, Compilation* compilation, Progress& progress,
-                          std::string* error);
+                          std::string* error, const std::function<void(const EdictLine&)>& onLine = {});
 };
 
 }  // namespace zavel::mkdict

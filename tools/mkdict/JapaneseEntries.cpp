@@ -27,12 +27,13 @@ std::string tag(uint16_t value) {
   return {static_cast<char>(value >> 8), static_cast<char>(value & 0xFF)};
 }
 
-// "(usually kana) (archaic) to do; to act".
+// "to do; to act (usually kana; archaic)".
 std::string senseText(const EdictSense& sense) {
-  std::string out;
-  for (const std::string& code : sense.remarks) out += "(" + std::string(remark(code)) + ") ";
-  for (size_t i = 0; i < sense.glosses.size(); ++i) out += (i == 0 ? "" : "; ") + sense.glosses[i];
-  return out;
+  std::string out, remarks;
+  for (const std::string& gloss : sense.glosses) out += (out.empty() ? "" : "; ") + gloss;
+  for (const std::string& code : sense.remarks)
+    remarks += (remarks.empty() ? "" : "; ") + std::string(remark(code));
+  return remarks.empty() ? out : out + " (" + remarks + ")";
 }
 
 std::string posLine(const std::vector<std::string>& codes) {

@@ -1,29 +1,13 @@
 #include "mkdict/Summary.h"
 
 #include <algorithm>
-#include <cstdio>
+
+#include "mkdict/JsonString.h"
 
 namespace zavel::mkdict {
 namespace {
 
 constexpr size_t kSamples = 5;
-
-std::string jsonString(const std::string& text) {
-  std::string out = "\"";
-  for (unsigned char c : text) {
-    if (c == '"' || c == '\\') {
-      out += '\\';
-      out += static_cast<char>(c);
-    } else if (c < 0x20) {
-      char escape[8];
-      std::snprintf(escape, sizeof escape, "\\u%04x", c);
-      out += escape;
-    } else {
-      out += static_cast<char>(c);
-    }
-  }
-  return out + "\"";
-}
 
 // 267381 as "267,381".
 std::string grouped(uint64_t value) {

@@ -1,0 +1,156 @@
+// Tests: tests/mkdict/BuildTest.cpp.
+#include "mkdict/Build.h"
+
+#include <new>
+
+#include "foundation/Storage.h"
+#include "mkdict/BasicSet.h"
+#include "mkdict/EdictReader.h"
+#include "mkdict/EnglishSide.h"
+#include "mkdict/SetWriter.h"
+#include "mkdict/Verify.h"
+
+namespace zavel::mkdict {
+namespace {
+
+Outcome failed(int status, const char* code, const std::string& message, const std::string& hint) {
+  return {status, code, message, hint};
+}
+
+Outcome interrupted() {
+  return failed(kExitInterrupted, "interrupted", "interrupted", "Nothing was changed; run it again.");
+}
+
+// One file that a build reads, and where it comes from.
+struct Input {
+  std::string path;
+  const char* package;
+  const char* option;
+};
+
+std::vector<Input> inputsOf(const Options& options) {
+  std::vector<Input> inputs = {
+      {options.edict, "edict", "--edict"},
+      {options.english.freedictIndex, "dict-freedict-eng-jpn", "--freedict-index"},
+      {options.english.freedictText, "dict-freedict-eng-jpn", "--freedict-dict"},
+  };
+  for (const char* part : {"noun", "verb", "adj", "adv"}) {
+    for (const std::string& file :
+         {"index." + std::string(part), "data." + std::string(part), part + std::string(".exc")}) {
+      inputs.push_back({options.english.wordnetFolder + "/" + file, "wordnet-base", "--wordnet"});
+    }
+  }
+  return inputs;
+}
+
+Outcome checkInputs(const Options& options) {
+  for (const Input& input : inputsOf(options)) {
+    if (storage().exists(input.path) && !storage().isFolder(input.path)) continue;
+    return failed(kExitEnvironment, "missing_input", input.path + " is missing",
+                  std::string("Install the Debian package ") + input.package + ", or name the place with " +
+                      input.option + ".");
+  }
+  return {};
+}
+
+Outcome damagedInput(const std::string& error) {
+  return failed(kExitDamaged, "damaged_input", error, "Install its package again, or name another file.");
+}
+
+class Run {
+ public:
+  Run(const Options& options, Progress& progress)
+      : options_(options), progress_(progress), writer_(options.target) {}
+
+  Outcome run();
+  Summary takeSummary() { return std::move(compilation_.summary); }
+
+ private:
+  Outcome read();
+  Outcome write();
+
+  const Options& options_;
+  Progress& progress_;
+  SetWriter writer_;
+  Compilation compilation_;
+};
+
+Outcome Run::read() {
+  EnglishSide english;
+  std::string error;
+  if (!english.open(options_.english, progress_, &error))
+    return error.empty() ? interrupted() : damagedInput(error);
+  const auto toEnglish = [&english](const EdictLine& line) { english.takeEdict(line); };
+  switch (EdictReader::read(options_.edict, &compilation_, progress_, &error, toEnglish)) {
+    case SourceFault::kCancelled:
+      return interrupted();
+    case SourceFault::kMissing:
+    case SourceFault::kDamaged:
+      return damagedInput(error);
+    case SourceFault::kNone:
+      break;
+  }
+  return english.compile(compilation_, progress_) ? Outcome() : interrupted();
+}
+
+Outcome Run::write() {
+  std::vector<SetFile> files = makeBasicSet(compilation_, progress_);
+  if (files.empty()) return interrupted();
+  files.push_back({SetWriter::kSources, sourcesText(compilation_.sources)});
+  std::string error;
+  if (writer_.write(files, progress_, &error)) return {};
+  if (error.empty()) return interrupted();
+  return failed(kExitEnvironment, "write_failed", error,
+                "What stood there before is unchanged. Is the disk full?");
+}
+
+Outcome Run::run() {
+  std::string error;
+  if (!writer_.prepare(&error)) {
+    return failed(kExitEnvironment, "bad_target", error,
+                  "Name an empty folder, a new one, or one with a set.");
+  }
+  for (const auto step : {&Run::read, &Run::write}) {
+    if (const Outcome outcome = (this->*step)(); outcome.status != kExitDone) return outcome;
+  }
+  return {};
+}
+
+}  // namespace
+
+Outcome build(const Options& options, Progress& progress, Summary* summary) {
+  try {
+    if (const Outcome outcome = checkInputs(options); outcome.status != kExitDone) return outcome;
+    Run run(options, progress);
+    const Outcome outcome = run.run();
+    *summary = run.takeSummary();
+    progress.finish();
+    return outcome;
+  } catch (const std::bad_alloc&) {
+    progress.finish();
+    return failed(kExitEnvironment, "no_memory", "not enough memory",
+                  "Close other programs, then try again.");
+  }
+}
+
+Outcome verify(const Options& options, Progress& progress, Summary* summary, Faults* faults) {
+  const Verdict verdict = verifySet(options.verify, progress, summary, faults);
+  progress.finish();
+  switch (verdict) {
+    case Verdict::kGood:
+      break;
+    case Verdict::kNoFolder:
+      return failed(kExitEnvironment, "no_dictionary", options.verify + " is no folder",
+                    "Name the folder of a set.");
+    case Verdict::kCancelled:
+      return interrupted();
+    case Verdict::kDamaged:
+      return failed(kExitDamaged, "damaged_set",
+                    std::to_string(faults->total()) + (faults->total() == 1 ? " fault in " : " faults in ") +
+                        options.verify,
+                    "Build it anew: mkdict " + options.verify);
+  }
+  return {};
+}
+
+}  // namespace zavel::mkdict
