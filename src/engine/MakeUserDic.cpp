@@ -111,7 +111,7 @@ bool MakeAll(const std::vector<NamedFile>& files) {
     return writeFileAtomically(named.path, NewFile(named.file, 0));
   });
   if (failed == files.end()) return true;
-  for (auto made = files.begin(); made != failed; ++made) DeleteFile(made->path);
+  for (const NamedFile& named : files) DeleteFile(named.path);
   return false;
 }
 
