@@ -1,6 +1,6 @@
 // Words are compared with headwords of ASCII letters alone. So a reference may be cut and cleaned byte by
 // byte: where that would split a kanji, the word can't be found anyway.
-// Tests: tests/engine/BeieiTest.cpp
+// Tests: tests/engine/ImiBeieiTest.cpp
 #include "engine/Beiei.h"
 
 #include <algorithm>

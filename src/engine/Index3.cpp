@@ -1,6 +1,6 @@
 // A block is read whole through the stream's window: one read when it fits what is read ahead, a second one
 // for the rest when it doesn't. Rows are then found by bisection, with each row checked before it is used.
-// Tests: tests/engine/Ix3Test.cpp, tests/engine/Ix3SearchTest.cpp
+// Tests: tests/engine/Ix3Test.cpp
 #include "engine/Index3.h"
 
 #include <algorithm>

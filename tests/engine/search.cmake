@@ -1,0 +1,11 @@
+# Blocks, entries, headword search and meaning search.
+zavel_test(engine_search_test
+  SOURCES
+    EntryLineTest.cpp
+    EntryTest.cpp
+    ImiBeieiTest.cpp
+    ImiFilterTest.cpp
+    Ix3Test.cpp
+    MidasiOrderTest.cpp
+    SearchFixture.cpp
+  LINKS zavel_test_support)
