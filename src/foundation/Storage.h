@@ -62,6 +62,10 @@ class Storage {
   // Replaces `to` if it is there.
   virtual bool rename(const std::string& from, const std::string& to) = 0;
 
+  // Swaps what stands at two paths in one step. False, with nothing changed, where one of them is missing or
+  // the file system knows no such thing; rename() is then the way.
+  virtual bool exchange(const std::string&, const std::string&) { return false; }
+
   // Copies content; `to` is replaced if it is there. The copy is on the disk when true comes back; false
   // leaves `to` as it was.
   virtual bool copy(const std::string& from, const std::string& to) = 0;

@@ -189,6 +189,16 @@ TEST_F(PosixStorageTest, RenamesOverWhatIsThere) {
   EXPECT_EQ(folder_.read("b"), "new");
 }
 
+TEST_F(PosixStorageTest, ExchangesTwoFiles) {
+  folder_.write("a", "one");
+  folder_.write("b", "two");
+  if (!disk_.exchange(folder_.file("a"), folder_.file("b"))) GTEST_SKIP() << "not on this file system";
+  EXPECT_EQ(folder_.read("a"), "two");
+  EXPECT_EQ(folder_.read("b"), "one");
+  EXPECT_FALSE(disk_.exchange(folder_.file("a"), folder_.file("c")));
+  EXPECT_EQ(folder_.read("a"), "two");
+}
+
 TEST_F(PosixStorageTest, CopiesWholeFilesOverWhatIsThere) {
   const std::string content(700001, 'x');  // several rounds of the copy, the last one short
   folder_.write("a", content);

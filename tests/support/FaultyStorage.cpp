@@ -78,6 +78,10 @@ bool FaultyStorage::rename(const std::string& from, const std::string& to) {
   return !fails("rename", to) && below_.rename(from, to);
 }
 
+bool FaultyStorage::exchange(const std::string& one, const std::string& other) {
+  return !fails("exchange", other) && below_.exchange(one, other);
+}
+
 bool FaultyStorage::copy(const std::string& from, const std::string& to) {
   return !fails("copy", to) && below_.copy(from, to);
 }

@@ -20,10 +20,10 @@ namespace zavel::test {
 //     ...
 //   }
 //
-// Counted, from 1: open, openTemporary, readAt, writeAt, size, truncate, sync, close, remove, rename, copy,
-// makeFolder, syncFolder. Not counted: exists and isFolder, which have no way to tell of a failure, and the
-// closing done by destructors. A failing write leaves the first half of its bytes behind, a failing close
-// closes, everything else fails without effect.
+// Counted, from 1: open, openTemporary, readAt, writeAt, size, truncate, sync, close, remove, rename,
+// exchange, copy, makeFolder, syncFolder. Not counted: exists and isFolder, which have no way to tell of a
+// failure, and the closing done by destructors. A failing write leaves the first half of its bytes behind, a
+// failing close closes, everything else fails without effect.
 class FaultyStorage : public Storage {
  public:
   enum Repeat { kOnce, kForEver };
@@ -48,6 +48,7 @@ class FaultyStorage : public Storage {
   bool isFolder(const std::string& path) override { return below_.isFolder(path); }
   bool remove(const std::string& path) override;
   bool rename(const std::string& from, const std::string& to) override;
+  bool exchange(const std::string& one, const std::string& other) override;
   bool copy(const std::string& from, const std::string& to) override;
   int makeFolder(const std::string& path) override;
   bool syncFolder(const std::string& folder) override;

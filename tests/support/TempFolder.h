@@ -35,6 +35,8 @@ class TempFolder {
   std::string file(const std::string& name) const { return path_ + "/" + name; }
 
   void write(const std::string& name, std::string_view bytes) const {
+    std::filesystem::remove(
+        file(name));  // cutting a file to nothing makes some file systems wait for the disk
     std::ofstream(file(name), std::ios::binary) << bytes;
   }
   // Content of a file; "(none)" when there is none.

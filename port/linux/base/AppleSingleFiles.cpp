@@ -34,6 +34,14 @@ std::string folderOf(const std::string& path) {
   return slash == 0 ? "/" : path.substr(0, slash);
 }
 
+// Renaming over an old file makes common file systems write the new one out first, which takes many times
+// as long as all the rest. Swapping the two and removing the old one does not.
+bool putInPlace(const std::string& temporary, const std::string& path) {
+  if (!storage().exchange(temporary, path)) return storage().rename(temporary, path);
+  storage().remove(temporary);
+  return true;
+}
+
 std::string container(const std::string& finderInfo, const std::string& resources, std::string_view text) {
   std::string head;
   appendBE32(head, kMagic);
@@ -109,9 +117,10 @@ bool AppleSingleWriter::close() {
     if (resources.empty()) return discard();
   }
   if (!file_->writeAt(0, container(finderInfo_, resources, text_)) || !file_->close()) return discard();
-  if (!storage().rename(temporary_, path_)) return discard();
   file_.reset();
-  return true;
+  if (putInPlace(temporary_, path_)) return true;
+  storage().remove(temporary_);
+  return false;
 }
 
 // The bytes of entry `id`; `present` tells whether there is one. False when the container is damaged.

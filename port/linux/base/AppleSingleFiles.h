@@ -12,8 +12,8 @@ namespace zavel {
 // Entry 9: 32 bytes of Finder information, type and creator in front. Entry 2, only where there are style
 // records: a resource fork (header, data, map) that holds them. Entry 1: the text.
 //
-// Both parts gather in memory and go out in one write: a temporary beside the path, renamed in close().
-// It is not synced, for such a file is a cache that the next look-up writes anew.
+// Both parts gather in memory and go out in one write: a temporary beside the path, put in its place by
+// close(). It is not synced, for such a file is a cache that the next look-up writes anew.
 // At most 64 MiB of text and 16 MiB of records can be written; a larger file is refused on reading.
 class AppleSingleFiles : public ForkedFiles {
  public:

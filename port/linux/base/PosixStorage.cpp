@@ -25,7 +25,10 @@ bool holdsNul(const std::string& path) {
 
 // Opens without waiting for a pipe's other end; on plain files O_NONBLOCK changes nothing.
 int openDescriptor(const std::string& path, int flags) {
-  if (holdsNul(path)) return -1;
+  if (holdsNul(path)) {
+    errno = EINVAL;
+    return -1;
+  }
   int fd;
   do {
     fd = ::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666);
@@ -110,13 +113,17 @@ bool PosixFile::close() {
   return ::close(fd) == 0 || errno == EINTR;
 }
 
+uint32_t randomNumber() {
+  uint32_t number = 0;
+  return ::getrandom(&number, sizeof number, GRND_NONBLOCK) == sizeof number ? number : 0;
+}
+
 // Something that no other process and no earlier call has used, for a file name.
 std::string unusedTail() {
+  static const uint32_t random = randomNumber();
   static std::atomic<unsigned> counter{0};
-  uint32_t random = 0;
-  if (::getrandom(&random, sizeof random, GRND_NONBLOCK) != sizeof random) random = 0;
   char text[48];
-  ::snprintf(text, sizeof text, "%ld.%u.%08x", static_cast<long>(::getpid()), ++counter, random);
+  ::snprintf(text, sizeof text, "%ld.%08x.%u", static_cast<long>(::getpid()), random, ++counter);
   return text;
 }
 
@@ -182,6 +189,11 @@ bool PosixStorage::remove(const std::string& path) {
 
 bool PosixStorage::rename(const std::string& from, const std::string& to) {
   return !holdsNul(from) && !holdsNul(to) && ::rename(from.c_str(), to.c_str()) == 0;
+}
+
+bool PosixStorage::exchange(const std::string& one, const std::string& other) {
+  return !holdsNul(one) && !holdsNul(other) &&
+         ::renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE) == 0;
 }
 
 bool PosixStorage::copy(const std::string& from, const std::string& to) {

@@ -21,6 +21,7 @@ class PosixStorage : public Storage {
   bool isFolder(const std::string& path) override;
   bool remove(const std::string& path) override;
   bool rename(const std::string& from, const std::string& to) override;
+  bool exchange(const std::string& one, const std::string& other) override;
 
   // By way of a temporary file beside `to`, so that a failure leaves `to` as it was.
   bool copy(const std::string& from, const std::string& to) override;
