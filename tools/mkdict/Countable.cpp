@@ -1,0 +1,32 @@
+// Tests: tests/mkdict/CountableTest.cpp.
+#include "mkdict/Countable.h"
+
+#include <algorithm>
+
+#include "mkdict/Spelling.h"
+
+namespace zavel::mkdict {
+namespace {
+
+constexpr uint32_t kFrequent = 10;      // uses of a noun from which an unused plural tells something
+constexpr uint32_t kBeyondTheVerb = 3;  // uses of a form that rule out that all are the verb's
+
+}  // namespace
+
+bool isCountable(std::string_view noun, const Forms& plurals, const WordNet& wordNet,
+                 const Attested& attested, const Inflection& inflection) {
+  if (plurals.empty()) return false;
+  const std::string word = lowerCase(noun);
+  if (!inflection.listed(WordNet::kNoun, word).empty()) return true;
+  uint32_t used = 0;
+  for (const std::string& plural : plurals) used = std::max(used, attested.count(lowerCase(plural)));
+  const WordNet::Lemma* lemma = wordNet.lemma(word);
+  if (lemma == nullptr || !lemma->is(WordNet::kNoun)) return used > 0;
+  if (std::find(plurals.begin(), plurals.end(), word) != plurals.end()) return true;  // "sheep"
+
+  const auto [things, mixed, masses] = lemma->kinds;
+  if (things > mixed && things > masses) return used > 0 || lemma->uses[WordNet::kNoun] < kFrequent;
+  return used >= (lemma->is(WordNet::kVerb) ? kBeyondTheVerb : 1);
+}
+
+}  // namespace zavel::mkdict

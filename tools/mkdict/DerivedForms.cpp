@@ -1,0 +1,159 @@
+// Tests: tests/mkdict/DerivedFormsTest.cpp.
+#include "mkdict/DerivedForms.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <set>
+
+#include "engine/ChangeMidasi.h"
+#include "mkdict/Spelling.h"
+
+namespace zavel::mkdict {
+namespace {
+
+constexpr size_t kCommonStart = 4;  // letters that a word and its base must share
+constexpr int kAnyPos = -1;
+
+struct Suffix {
+  std::string_view ending, replacement;
+  WordNet::Pos pos;  // of the base
+};
+
+constexpr std::array<Suffix, 40> kSuffixes = {{
+    {"ically", "ic", WordNet::kAdjective},
+    {"ally", "al", WordNet::kAdjective},
+    {"ily", "y", WordNet::kAdjective},
+    {"bly", "ble", WordNet::kAdjective},
+    {"ply", "ple", WordNet::kAdjective},
+    {"tly", "tle", WordNet::kAdjective},
+    {"ully", "ull", WordNet::kAdjective},
+    {"uly", "ue", WordNet::kAdjective},
+    {"ly", "", WordNet::kAdjective},
+    {"iness", "y", WordNet::kAdjective},
+    {"ness", "", WordNet::kAdjective},
+    {"iable", "y", WordNet::kVerb},
+    {"able", "", WordNet::kVerb},
+    {"able", "e", WordNet::kVerb},
+    {"ier", "y", WordNet::kVerb},
+    {"er", "", WordNet::kVerb},
+    {"er", "e", WordNet::kVerb},
+    {"or", "", WordNet::kVerb},
+    {"or", "e", WordNet::kVerb},
+    {"ment", "", WordNet::kVerb},
+    {"less", "", WordNet::kNoun},
+    {"ful", "", WordNet::kNoun},
+    {"ish", "", WordNet::kNoun},
+    {"ish", "e", WordNet::kNoun},
+    {"ism", "", WordNet::kNoun},
+    {"ism", "", WordNet::kAdjective},
+    {"ist", "", WordNet::kNoun},
+    {"ist", "", WordNet::kAdjective},
+    {"ist", "y", WordNet::kNoun},
+    {"ability", "able", WordNet::kAdjective},
+    {"ibility", "ible", WordNet::kAdjective},
+    {"ity", "", WordNet::kAdjective},
+    {"ity", "e", WordNet::kAdjective},
+    {"ization", "ize", WordNet::kVerb},
+    {"isation", "ise", WordNet::kVerb},
+    {"ation", "ate", WordNet::kVerb},
+    {"ation", "e", WordNet::kVerb},
+    {"ation", "", WordNet::kVerb},
+    {"ize", "", WordNet::kNoun},
+    {"ize", "", WordNet::kAdjective},
+}};
+
+int posOf(PartOfSpeech pos) {
+  switch (pos) {
+    case PartOfSpeech::kNoun:
+    case PartOfSpeech::kProperNoun:
+      return WordNet::kNoun;
+    case PartOfSpeech::kVerb:
+      return WordNet::kVerb;
+    case PartOfSpeech::kAdjective:
+      return WordNet::kAdjective;
+    case PartOfSpeech::kAdverb:
+      return WordNet::kAdverb;
+    default:
+      return kAnyPos;
+  }
+}
+
+bool beginAlike(std::string_view a, std::string_view b) {
+  const size_t need = std::min({kCommonStart, a.size(), b.size()});
+  return need >= 3 && a.substr(0, need) == b.substr(0, need);
+}
+
+}  // namespace
+
+DerivedForms::DerivedForms(const WordNet& wordNet, const Attested& attested, const KatuRecords& katu,
+                           const std::vector<EnglishEntries::Item>& items)
+    : wordNet_(wordNet), attested_(attested), katu_(katu), items_(items) {
+  for (size_t i = 0; i < items.size(); ++i) byKey_[items[i].key].push_back(i);
+}
+
+std::vector<DerivedForms::Guess> DerivedForms::guesses(std::string_view word) {
+  std::vector<Guess> out;
+  for (const Suffix& suffix : kSuffixes) {
+    if (!word.ends_with(suffix.ending) || word.size() < suffix.ending.size() + 3) continue;
+    const std::string_view stem = word.substr(0, word.size() - suffix.ending.size());
+    out.push_back({std::string(stem) + std::string(suffix.replacement), suffix.pos});
+    // "swimmer", "forgettable"
+    const bool doubled = suffix.replacement.empty() && suffix.pos == WordNet::kVerb && stem.size() > 3 &&
+                         stem.back() == stem[stem.size() - 2] && !isVowelLetter(stem.back());
+    if (doubled) out.push_back({std::string(stem.substr(0, stem.size() - 1)), suffix.pos});
+  }
+  return out;
+}
+
+// Entries of a base in a part of speech, or in any; those without a translation don't count.
+std::vector<size_t> DerivedForms::entriesOf(const std::string& base, int pos) const {
+  std::vector<size_t> out;
+  const auto found = byKey_.find(engine::ChangeMidasiStrE(base));
+  if (found == byKey_.end()) return out;
+  for (const size_t i : found->second) {
+    const EntryDraft& draft = items_[i].draft;
+    if (draft.senses.empty() || lowerCase(draft.word) != base) continue;
+    if (pos == kAnyPos || posOf(draft.pos) == pos) out.push_back(i);
+  }
+  return out;
+}
+
+bool DerivedForms::isFree(const std::string& word) const {
+  const std::string key = engine::ChangeMidasiStrE(word);
+  return isPlainWord(word) && !byKey_.contains(key) && !katu_.isForm(key);
+}
+
+std::vector<DerivedForm> DerivedForms::make() const {
+  std::map<std::string, std::set<size_t>> found;
+  const auto lead = [&](const WordNet::Lemma& from, const WordNet::Lemma& to) {
+    if (!isFree(from.text) || !beginAlike(from.text, to.text)) return;
+    const std::vector<size_t> entries = entriesOf(to.text, kAnyPos);
+    found[from.text].insert(entries.begin(), entries.end());
+  };
+  const std::vector<WordNet::Lemma>& lemmas = wordNet_.lemmas();
+  for (const auto& [a, b] : wordNet_.derivations()) {
+    lead(lemmas[a], lemmas[b]);
+    lead(lemmas[b], lemmas[a]);
+  }
+  for (const WordNet::Lemma& lemma : lemmas) {
+    if (!lemma.lowerCase || !isFree(lemma.text)) continue;
+    std::set<size_t>& entries = found[lemma.text];
+    for (const Guess& guess : guesses(lemma.text)) {
+      if (!entries.empty()) break;
+      const std::vector<size_t> more = entriesOf(guess.base, guess.pos);
+      entries.insert(more.begin(), more.end());
+    }
+  }
+  std::vector<DerivedForm> out;
+  const auto rank = static_cast<uint32_t>(items_.size());
+  for (const auto& [word, entries] : found) {
+    if (entries.empty()) continue;
+    const WordNet::Lemma* lemma = wordNet_.lemma(word);
+    const uint32_t uses = lemma == nullptr ? 0 : std::min(lemma->allUses(), 1000u);
+    out.push_back({word, {entries.begin(), entries.end()}, rank + 1000 - uses});
+  }
+  return out;
+}
+
+}  // namespace zavel::mkdict

@@ -1,0 +1,54 @@
+// Words without an entry of their own that are derived from a word with one: "thoughtfully" leads to
+// "thoughtful". Only words that WordNet has or that definitions use; never an inflected form, which
+// conjugation leads back.
+//
+// Two ways to a base: WordNet's derivational pointers, between words that begin alike; and the regular
+// suffixes -ly, -ness, -able, -er, -ment, -less, -ful, -ish, -ism, -ist, -ity, -ize, -ation.
+#ifndef MKDICT_DERIVEDFORMS_H
+#define MKDICT_DERIVEDFORMS_H
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "mkdict/Attested.h"
+#include "mkdict/Compilation.h"
+#include "mkdict/EnglishEntries.h"
+#include "mkdict/KatuRecords.h"
+#include "mkdict/WordNet.h"
+
+namespace zavel::mkdict {
+
+class DerivedForms {
+ public:
+  // All borrowed; `katu` is finished.
+  DerivedForms(const WordNet& wordNet, const Attested& attested, const KatuRecords& katu,
+               const std::vector<EnglishEntries::Item>& items);
+
+  // All derived words, in the order of the alphabet, their entries in the order of `items`. Ranks count on
+  // from those of the entries.
+  std::vector<DerivedForm> make() const;
+
+  // Bases that the suffix of `word` points to, with the part of speech that each must have; the likeliest
+  // first.
+  struct Guess {
+    std::string base;
+    WordNet::Pos pos;
+  };
+  static std::vector<Guess> guesses(std::string_view word);
+
+ private:
+  std::vector<size_t> entriesOf(const std::string& base, int pos) const;
+  bool isFree(const std::string& word) const;
+
+  const WordNet& wordNet_;
+  const Attested& attested_;
+  const KatuRecords& katu_;
+  const std::vector<EnglishEntries::Item>& items_;
+  std::unordered_map<std::string, std::vector<size_t>> byKey_;
+};
+
+}  // namespace zavel::mkdict
+
+#endif

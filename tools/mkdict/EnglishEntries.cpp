@@ -1,0 +1,342 @@
+// Tests: tests/mkdict/EnglishEntriesTest.cpp.
+#include "mkdict/EnglishEntries.h"
+
+#include <algorithm>
+#include <optional>
+#include <tuple>
+
+#include "engine/ChangeMidasi.h"
+#include "engine/DicFormat.h"
+#include "engine/KatuyoGenkei.h"
+#include "mkdict/Countable.h"
+#include "mkdict/Pronunciation.h"
+#include "mkdict/Spelling.h"
+
+namespace zavel::mkdict {
+namespace {
+
+// A short entry for another spelling shows no more than this.
+constexpr size_t kVariantSenses = 3, kVariantTranslations = 3;
+
+std::optional<WordNet::Pos> wordNetPos(PartOfSpeech pos) {
+  switch (pos) {
+    case PartOfSpeech::kNoun:
+    case PartOfSpeech::kProperNoun:
+      return WordNet::kNoun;
+    case PartOfSpeech::kVerb:
+      return WordNet::kVerb;
+    case PartOfSpeech::kAdjective:
+      return WordNet::kAdjective;
+    case PartOfSpeech::kAdverb:
+      return WordNet::kAdverb;
+    default:
+      return std::nullopt;
+  }
+}
+
+PartOfSpeech partOfSpeech(WordNet::Pos pos) {
+  switch (pos) {
+    case WordNet::kVerb:
+      return PartOfSpeech::kVerb;
+    case WordNet::kAdjective:
+      return PartOfSpeech::kAdjective;
+    case WordNet::kAdverb:
+      return PartOfSpeech::kAdverb;
+    default:
+      return PartOfSpeech::kNoun;
+  }
+}
+
+// Words of grammar, which WordNet leaves out.
+bool isClosedClass(PartOfSpeech pos) {
+  return pos == PartOfSpeech::kPreposition || pos == PartOfSpeech::kPronoun ||
+         pos == PartOfSpeech::kConjunction || pos == PartOfSpeech::kDeterminer ||
+         pos == PartOfSpeech::kArticle;
+}
+
+// A phrase may stand under one part of speech in one source and under none in another.
+bool isLoose(PartOfSpeech pos) {
+  return pos == PartOfSpeech::kNone || pos == PartOfSpeech::kIdiom || pos == PartOfSpeech::kProverb;
+}
+
+bool isPhrase(std::string_view word) {
+  return word.find(' ') != std::string_view::npos;
+}
+bool isCapital(char c) {
+  return c >= 'A' && c <= 'Z';
+}
+
+}  // namespace
+
+EnglishEntries::EnglishEntries(const WordNet& wordNet, const Attested& attested, const Inflection& inflection,
+                               Summary* summary)
+    : wordNet_(wordNet), attested_(attested), inflection_(inflection), summary_(summary) {}
+
+void EnglishEntries::add(const EnglishWord& word) {
+  const std::optional<std::string> headword = EntryText::headword(word.word);
+  if (!headword) {
+    summary_->leftOut("English headwords with characters that searches refuse", word.word);
+    return;
+  }
+  if (*headword != word.word) summary_->count("English headwords spelled in ASCII");
+  Source source;
+  std::vector<std::string> lacking;
+  for (const EnglishSense& sense : word.senses) {
+    std::optional<EnglishSense> bytes = EntryText::sense(sense, &lacking);
+    if (bytes) source.draft.senses.push_back(std::move(*bytes));
+  }
+  for (const std::string& text : lacking) {
+    summary_->leftOut("texts of English entries that Shift_JIS can't write", word.word + ": " + text);
+  }
+  if (source.draft.senses.empty()) {
+    summary_->leftOut("English words without a translation", word.word);
+    return;
+  }
+  source.draft.word = *headword;
+  source.draft.pos = word.pos;
+  source.ipa = word.ipa;
+  byKey_[engine::ChangeMidasiStrE(*headword)].push_back(sources_.size());
+  sources_.push_back(std::move(source));
+}
+
+// True for a form of a word that WordNet has: no headword of its own.
+bool EnglishEntries::isInflected(std::string_view word) const {
+  const std::string folded = lowerCase(word);
+  if (inflection_.isListedVerbForm(folded)) return true;
+  std::string base;
+  uint8_t mask = 0;
+  for (uint16_t stage = 0;
+       engine::GetOriginalForm(folded, &base, static_cast<uint16_t>(stage + 1), &stage, &mask);) {
+    if (wordNet_.lemma(base) != nullptr) return true;
+    if (stage == engine::kLastStage) break;
+  }
+  // "stopping": the rules don't know doubled letters.
+  for (const std::string_view ending : {"ing", "ed", "er", "est"}) {
+    if (!folded.ends_with(ending) || folded.size() < ending.size() + 3) continue;
+    const std::string stem = folded.substr(0, folded.size() - ending.size());
+    if (stem.back() == stem[stem.size() - 2] && wordNet_.lemma(stem.substr(0, stem.size() - 1)) != nullptr) {
+      return true;
+    }
+  }
+  return false;
+}
+
+void EnglishEntries::addTurned(const GlossIndex::Turned& turned) {
+  const std::optional<std::string> headword = EntryText::headword(turned.word);
+  if (!headword) return;
+  const std::string key = engine::ChangeMidasiStrE(*headword);
+  const auto present = byKey_.find(key);
+  if (present != byKey_.end()) {
+    bool fromFreedict = false;
+    for (const size_t i : present->second) {
+      const Source& other = sources_[i];
+      if (other.draft.pos == turned.pos || isLoose(other.draft.pos)) return;
+      fromFreedict = fromFreedict || !other.turned;
+    }
+    const std::optional<WordNet::Pos> pos = wordNetPos(turned.pos);
+    const WordNet::Lemma* lemma = wordNet_.lemma(lowerCase(*headword));
+    if (fromFreedict && !(turned.known && pos && (turned.common || lemma->uses[*pos] > 0))) return;
+  }
+  if (!turned.known && !isPhrase(*headword) && isInflected(*headword)) return;
+
+  EnglishSense utf8;
+  utf8.translations = turned.translations;
+  std::optional<EnglishSense> sense = EntryText::sense(utf8, nullptr);
+  if (!sense) return;
+  Source source;
+  source.draft.word = *headword;
+  source.draft.pos = turned.pos;
+  source.draft.senses.push_back(std::move(*sense));
+  source.turned = true;
+  byKey_[key].push_back(sources_.size());
+  sources_.push_back(std::move(source));
+}
+
+EnglishEntries::Source* EnglishEntries::find(const std::string& word, PartOfSpeech pos) {
+  const auto present = byKey_.find(engine::ChangeMidasiStrE(word));
+  if (present == byKey_.end()) return nullptr;
+  for (const size_t i : present->second) {
+    if (sources_[i].draft.word == word && sources_[i].draft.pos == pos) return &sources_[i];
+  }
+  return nullptr;
+}
+
+void EnglishEntries::addVariant(const Source& main, const std::string& word, bool british,
+                                bool translations) {
+  Source variant;
+  variant.draft.word = word;
+  variant.draft.pos = main.draft.pos;
+  variant.ipa = main.ipa;
+  variant.turned = main.turned;
+  if (translations) {
+    for (const EnglishSense& sense : main.draft.senses) {
+      if (variant.draft.senses.size() == kVariantSenses) break;
+      EnglishSense brief;
+      for (const std::string& translation : sense.translations) {
+        if (brief.translations.size() < kVariantTranslations) brief.translations.push_back(translation);
+      }
+      variant.draft.senses.push_back(std::move(brief));
+    }
+  }
+  variant.spellings.emplace_back(main.draft.word, british);
+  byKey_[engine::ChangeMidasiStrE(word)].push_back(sources_.size());
+  sources_.push_back(std::move(variant));
+  summary_->count("entries of another spelling");
+}
+
+void EnglishEntries::addSpellings(const std::vector<SpellingPairs::Pair>& pairs) {
+  for (const SpellingPairs::Pair& pair : pairs) {
+    const PartOfSpeech pos = partOfSpeech(pair.pos);
+    Source *british = find(pair.british, pos), *american = find(pair.american, pos);
+    if (british == nullptr && american == nullptr) continue;
+    if (british != nullptr && american != nullptr) {
+      british->spellings.emplace_back(pair.american, true);
+      american->spellings.emplace_back(pair.british, false);
+      summary_->count("spelling references both ways");
+      continue;
+    }
+    Source* main = british != nullptr ? british : american;
+    const std::string& other = british != nullptr ? pair.american : pair.british;
+    // "cheque" is a check in one of its many senses: the translations of all would mislead.
+    const WordNet::Lemma* lemma = wordNet_.lemma(main->draft.word);
+    const bool same = lemma == nullptr || pair.shared * 2 >= lemma->senses[pair.pos];
+    main->remarks.emplace_back(other, british != nullptr);
+    const Source copy = *main;  // sources_ may move
+    addVariant(copy, other, british == nullptr, same);
+  }
+}
+
+uint32_t EnglishEntries::usesOf(const Source& source) const {
+  const std::string folded = lowerCase(source.draft.word);
+  const WordNet::Lemma* lemma = wordNet_.lemma(folded);
+  const uint32_t uses = lemma == nullptr ? 0 : lemma->allUses();
+  return isClosedClass(source.draft.pos) ? std::max(uses, attested_.count(folded)) : uses;
+}
+
+uint32_t EnglishEntries::weightOf(const Source& source) const {
+  if (isClosedClass(source.draft.pos)) return kClosedClassUses;
+  const std::optional<WordNet::Pos> pos = wordNetPos(source.draft.pos);
+  const WordNet::Lemma* lemma = wordNet_.lemma(lowerCase(source.draft.word));
+  if (!pos || lemma == nullptr || source.draft.pos == PartOfSpeech::kProperNoun) return 0;
+  return lemma->uses[*pos];
+}
+
+std::string EnglishEntries::starsOf(const Source& source, bool sharesWord) const {
+  if (source.draft.pos == PartOfSpeech::kProperNoun && sharesWord) return {};
+  const std::string folded = lowerCase(source.draft.word);
+  if (isClosedClass(source.draft.pos)) {
+    const uint32_t used = attested_.count(folded);
+    if (used >= kThreeStarsAttested) return "***";
+    if (used >= kTwoStarsAttested) return "**";
+  }
+  const auto place = frequency_.find(folded);
+  if (place == frequency_.end()) return {};
+  return place->second < kThreeStars ? "***" : "**";
+}
+
+void EnglishEntries::label(Source& source) const {
+  EntryDraft& draft = source.draft;
+  const std::string_view ipa = Pronunciation::choose(source.ipa);
+  draft.pronunciation = Pronunciation::encode(draft.word, ipa);
+  const Sounds sounds = Pronunciation::sounds(draft.word, ipa);
+  if (isPhrase(draft.word)) return;
+  if (draft.pos == PartOfSpeech::kNoun) {
+    draft.countable =
+        isCountable(draft.word, inflection_.plurals(draft.word, sounds), wordNet_, attested_, inflection_);
+  } else if (draft.pos == PartOfSpeech::kAdjective) {
+    const Comparison comparison = inflection_.comparison(draft.word, sounds);
+    draft.comparesByMore = comparison.kind == Comparison::Kind::kMore;
+    draft.comparesNot = comparison.kind == Comparison::Kind::kNone;
+  }
+}
+
+// Sorts the entries of one key and numbers those with the same headword.
+void EnglishEntries::number(std::vector<size_t>& group) {
+  std::stable_sort(group.begin(), group.end(), [this](size_t a, size_t b) {
+    const auto order = [this](const Source& s) {
+      const bool name = s.draft.pos == PartOfSpeech::kProperNoun;
+      return std::tuple(isCapital(s.draft.word[0]), name, -static_cast<int64_t>(weightOf(s)), s.draft.pos);
+    };
+    return order(sources_[a]) < order(sources_[b]);
+  });
+  std::unordered_map<std::string, int> last;
+  for (const size_t i : group) sources_[i].draft.homograph = ++last[sources_[i].draft.word];
+  for (const size_t i : group) {
+    Source& source = sources_[i];
+    const bool shares = std::any_of(group.begin(), group.end(), [&](size_t k) {
+      return sources_[k].draft.pos != PartOfSpeech::kProperNoun;
+    });
+    source.draft.stars = starsOf(source, shares);
+    if (!source.ipa.empty()) continue;
+    for (const size_t k : group) {
+      if (!sources_[k].ipa.empty() && lowerCase(sources_[k].draft.word) == lowerCase(source.draft.word)) {
+        source.ipa = sources_[k].ipa;
+        break;
+      }
+    }
+  }
+}
+
+void EnglishEntries::arrange() {
+  std::vector<const WordNet::Lemma*> lemmas;
+  for (const WordNet::Lemma& lemma : wordNet_.lemmas()) {
+    if (lemma.allUses() > 0) lemmas.push_back(&lemma);
+  }
+  std::sort(lemmas.begin(), lemmas.end(), [](const WordNet::Lemma* a, const WordNet::Lemma* b) {
+    return a->allUses() != b->allUses() ? a->allUses() > b->allUses() : a->text < b->text;
+  });
+  for (size_t i = 0; i < lemmas.size() && i < kThreeStars + kTwoStars; ++i) frequency_[lemmas[i]->text] = i;
+
+  struct Place {
+    uint32_t uses = 0;
+    bool turned = true;
+    const std::string* key = nullptr;
+    std::vector<size_t>* group = nullptr;
+  };
+  std::vector<Place> places;
+  for (auto& [key, group] : byKey_) {
+    number(group);
+    Place place{0, true, &key, &group};
+    for (const size_t i : group) {
+      place.uses = std::max(place.uses, usesOf(sources_[i]));
+      place.turned = place.turned && sources_[i].turned;
+    }
+    places.push_back(place);
+  }
+  std::sort(places.begin(), places.end(), [](const Place& a, const Place& b) {
+    if (a.uses != b.uses) return a.uses > b.uses;
+    return std::tuple(a.turned, std::string_view(*a.key)) < std::tuple(b.turned, std::string_view(*b.key));
+  });
+
+  items_.reserve(sources_.size());
+  for (const Place& place : places) {
+    for (const size_t i : *place.group) {
+      Source& source = sources_[i];
+      label(source);
+      const auto refer = [&](const std::string& word, bool british, bool leads) {
+        SpellingReference reference{british, word, {}};
+        const auto target = byKey_.find(engine::ChangeMidasiStrE(word));
+        if (leads && target != byKey_.end()) {
+          for (const size_t k : target->second) {
+            const EntryDraft& other = sources_[k].draft;
+            if (other.word == word && other.pos == source.draft.pos) {
+              reference.homographs.push_back(other.homograph);
+            }
+          }
+        }
+        source.draft.references.push_back(std::move(reference));
+      };
+      for (const auto& [word, british] : source.spellings) refer(word, british, true);
+      for (const auto& [word, british] : source.remarks) refer(word, british, false);
+      Item item;
+      item.sounds = Pronunciation::sounds(source.draft.word, Pronunciation::choose(source.ipa));
+      item.key = *place.key;
+      item.turned = source.turned;
+      item.rank = static_cast<uint32_t>(items_.size());
+      item.draft = source.draft;
+      items_.push_back(std::move(item));
+    }
+  }
+}
+
+}  // namespace zavel::mkdict

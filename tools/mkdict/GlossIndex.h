@@ -1,0 +1,70 @@
+// EDICT turned round: its short glosses as English headwords, the words they explain as translations.
+#ifndef MKDICT_GLOSSINDEX_H
+#define MKDICT_GLOSSINDEX_H
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "mkdict/EdictLine.h"
+#include "mkdict/EnglishWord.h"
+#include "mkdict/WordNet.h"
+
+namespace zavel::mkdict {
+
+class GlossIndex {
+ public:
+  // `wordNet` is borrowed and complete: it tells which words there are, and in which parts of speech.
+  explicit GlossIndex(const WordNet& wordNet) : wordNet_(wordNet) {}
+
+  // Takes the glosses of a line that are no more than a word or a set phrase: one to three words, all of
+  // the gloss but for remarks in brackets. Rare and obsolete words and spellings are passed over.
+  void add(const EdictLine& line);
+
+  // What a headword in one part of speech has gathered.
+  struct Turned {
+    std::string word;  // as the gloss spells it
+    PartOfSpeech pos = PartOfSpeech::kNone;
+    std::vector<std::string> translations;  // UTF-8, the best first
+    bool common = false;                    // a common Japanese word among them
+    bool known = false;                     // WordNet has the word in this part of speech
+  };
+
+  // All of them, ordered by word and part of speech. With common translations, up to six of them; others
+  // only fill up to three. The index is then empty.
+  std::vector<Turned> take();
+
+  // A gloss as a headword: brackets, articles and "to" taken off. Nothing when more than a set phrase is
+  // left. *verb: it began with "to"; *remarked: brackets fell.
+  static std::optional<std::string> headword(std::string_view gloss, bool* verb, bool* remarked);
+
+ private:
+  struct Candidate {
+    uint32_t score;  // the lower the better; below kUncommon for common words
+    uint32_t order;  // of arrival, parts equals
+    std::string japanese;
+  };
+  struct Slot {
+    std::string word;
+    PartOfSpeech pos;
+    bool known;
+    std::vector<Candidate> candidates;
+  };
+  void addGloss(const EdictLine& line, const EdictSense& sense, std::string_view gloss, uint32_t score);
+  std::optional<PartOfSpeech> choose(std::string_view word, const EdictSense& sense, bool verb,
+                                     bool* known) const;
+
+  static constexpr uint32_t kUncommon = 100000;
+
+  const WordNet& wordNet_;                                      // borrowed
+  std::map<std::pair<std::string, PartOfSpeech>, Slot> slots_;  // by lower case
+  uint32_t arrivals_ = 0;
+};
+
+}  // namespace zavel::mkdict
+
+#endif

@@ -1,0 +1,340 @@
+// verb.exc says that "saw" and "seen" belong to "see", not which is the past. The shape of the forms tells
+// it for nearly all verbs: see irregularPast. Tests: tests/mkdict/InflectionTest.cpp.
+#include "mkdict/Inflection.h"
+
+#include <algorithm>
+
+#include "mkdict/Spelling.h"
+
+namespace zavel::mkdict {
+namespace {
+
+using Words = std::initializer_list<std::string_view>;
+
+bool isOneOf(std::string_view word, Words words) {
+  return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+void add(Forms& forms, std::string form) {
+  if (std::find(forms.begin(), forms.end(), form) == forms.end()) forms.push_back(std::move(form));
+}
+
+void addAll(Forms& forms, const Forms& more) {
+  for (const std::string& form : more) add(forms, form);
+}
+
+// Past and participle like the base form. The exception lists are silent on them: nothing is to be undone.
+bool isUnchanging(std::string_view verb) {
+  return isOneOf(
+      verb, {"bet",      "bid",     "broadcast", "burst",   "cast",     "cost",    "cut",       "forecast",
+             "hit",      "hurt",    "inset",     "knit",    "let",      "miscast", "misread",   "offset",
+             "outbid",   "output",  "input",     "overbid", "overcast", "preset",  "proofread", "put",
+             "quit",     "read",    "recast",    "recut",   "reread",   "reset",   "rid",       "set",
+             "shed",     "shut",    "slit",      "split",   "spread",   "sublet",  "telecast",  "thrust",
+             "typecast", "typeset", "undercut",  "upset",   "beset",    "wed",     "wet",       "spit"});
+}
+
+// Those of them that take -ed as well.
+bool alsoTakesEd(std::string_view verb) {
+  return isOneOf(verb, {"bet", "broadcast", "forecast", "knit", "wed", "wet", "input", "output", "quit"});
+}
+
+// The past is like the base, the participle is not.
+bool hasUnchangedPast(std::string_view verb) {
+  return isOneOf(verb, {"beat", "browbeat"});
+}
+
+// The participle is like the base, the past is not: "come, came, come".
+bool hasUnchangedParticiple(std::string_view verb) {
+  return verb.ends_with("come") || verb.ends_with("run");
+}
+
+// The participle in -en stands beside the past form, which serves as a participle too.
+bool keepsPastAsParticiple(std::string_view verb) {
+  return isOneOf(verb,
+                 {"get", "behold", "slide", "backslide", "tread", "retread", "chide", "cleave", "beget"});
+}
+
+// The irregular past is no participle: "dove", but "has dived".
+bool isPastOnly(std::string_view verb) {
+  return isOneOf(verb, {"dive", "skydive"});
+}
+
+// Attested words that look like a regular past and belong to another word or to an adjective ("leaved").
+bool isNoPast(std::string_view form) {
+  return isOneOf(form, {"leaved", "winded", "grounded", "costed"});
+}
+
+// Entries of the exception list that are other spellings of the base, not forms of it.
+bool isOtherWord(std::string_view form) {
+  return form.find('\'') != std::string_view::npos ||
+         isOneOf(form, {"tranship", "squilgee", "pasquil", "abye"});
+}
+
+// Nouns that count without an ending.
+bool isUnchangingNoun(std::string_view noun) {
+  return isOneOf(noun, {"sheep", "deer", "moose", "bison", "swine", "offspring", "salmon", "trout", "series",
+                        "species", "aircraft", "spacecraft", "hovercraft", "watercraft", "means",
+                        "crossroads", "headquarters", "barracks"});
+}
+
+// The keys of "-man" words that are no men: their man is part of the word.
+bool isWholeMan(std::string_view noun) {
+  return isOneOf(
+      noun, {"human", "superhuman", "german", "roman", "norman", "shaman", "talisman", "ottoman", "caiman",
+             "cayman", "brahman", "mussulman", "turkoman", "hetman", "dolman", "desman"});
+}
+
+// A form that ends in -n as participles do: "taken", "shown", "gone", "swollen".
+bool isNParticiple(std::string_view verb, std::string_view form, const Forms& all) {
+  if (form.ends_with("en")) return true;
+  if (form == std::string(verb) + "n" || form == std::string(verb) + "ne") return true;
+  const auto endsInN = [](std::string_view f) { return f.ends_with('n') || f.ends_with("ne"); };
+  // "blown" beside "blew"; but "won" and "shone", which stand alone, are the past too.
+  if (endsInN(form) && std::any_of(all.begin(), all.end(), [&](const auto& f) { return !endsInN(f); })) {
+    return true;
+  }
+  // "sung" beside "sang".
+  const size_t vowel = form.rfind('u');
+  if (vowel == std::string_view::npos) return false;
+  std::string past(form);
+  past[vowel] = 'a';
+  return std::find(all.begin(), all.end(), past) != all.end();
+}
+
+// "potato" of "potatoes".
+bool isOes(std::string_view noun, std::string_view plural) {
+  return noun.ends_with('o') && plural.size() == noun.size() + 2 && plural.ends_with("oes");
+}
+
+// A plural that kept the ending of another language, beside which a regular one is often as good.
+bool isForeign(std::string_view noun, std::string_view plural) {
+  if (noun.ends_with("sis") || noun.ends_with("xis")) return false;
+  return plural.ends_with('i') || plural.ends_with('a') || plural.ends_with("ae") ||
+         plural.ends_with("ces") || plural.ends_with("im") || plural.ends_with("eaux") ||
+         plural.ends_with("ides");
+}
+
+bool hasVowelEndingEd(std::string_view word) {
+  return word.ends_with("ed") || word.ends_with("ing");
+}
+
+}  // namespace
+
+Inflection::Inflection(const WordNet& wordNet, const Attested& attested)
+    : wordNet_(wordNet), attested_(attested) {
+  for (uint8_t pos = 0; pos < WordNet::kPosCount; ++pos) {
+    for (const auto& [form, base] : wordNet.exceptions(static_cast<WordNet::Pos>(pos))) {
+      if (form == base || isOtherWord(form)) continue;
+      if (form.find('-') != std::string::npos && base.find('-') == std::string::npos) continue;
+      add(byBase_[pos][base], form);
+      if (pos == WordNet::kVerb) verbForms_[form] = true;
+    }
+  }
+}
+
+const Forms& Inflection::listed(WordNet::Pos pos, std::string_view base) const {
+  static const Forms kNothing;
+  const auto found = byBase_[pos].find(std::string(base));
+  return found == byBase_[pos].end() ? kNothing : found->second;
+}
+
+bool Inflection::isListedVerbForm(std::string_view form) const {
+  return verbForms_.contains(std::string(form));
+}
+
+std::string_view Inflection::modalPast(std::string_view verb) {
+  if (verb == "can") return "could";
+  if (verb == "may") return "might";
+  if (verb == "shall") return "should";
+  if (verb == "will") return "would";
+  return {};
+}
+
+// "-man" for a man: what stands before it is a word of its own ("policeman", "salesman", "woman").
+bool Inflection::isMan(std::string_view noun) const {
+  if (!noun.ends_with("man") || isWholeMan(noun)) return false;
+  std::string_view before = noun.substr(0, noun.size() - 3);
+  if (before.ends_with('-')) before.remove_suffix(1);
+  if (before.empty() || before == "wo" || before.ends_with("wo")) return true;
+  if (wordNet_.lemma(before) != nullptr) return true;
+  return before.ends_with('s') && wordNet_.lemma(before.substr(0, before.size() - 1)) != nullptr;
+}
+
+Forms Inflection::plurals(std::string_view spelled, const Sounds& sounds) const {
+  const std::string noun = lowerCase(spelled);
+  if (isUnchangingNoun(noun) || noun.ends_with("ese")) return {noun};
+  if (isMan(noun)) return {noun.substr(0, noun.size() - 3) + "men"};
+
+  Forms irregular = listed(WordNet::kNoun, noun);
+  const std::string regular = withS(noun, sounds.hardCh);
+  std::erase(irregular, regular);
+  if (!irregular.empty()) {
+    const bool used = attested_.has(regular);
+    const bool oes = isOes(noun, irregular[0]);
+    if (oes && used && !attested_.has(irregular[0])) return {regular};
+    const bool foreign = isForeign(noun, irregular[0]);
+    // A regular form in use may also be that of a verb ("mans"); only a foreign plural leaves no doubt.
+    if (used && (oes || foreign || !wordNet_.is(noun, WordNet::kVerb))) add(irregular, regular);
+    return irregular;
+  }
+  if (noun.ends_with("fish")) return {noun, regular};
+  if (!noun.ends_with('s') || noun.ends_with("ss") || noun.ends_with("us") || noun.ends_with("as") ||
+      noun.ends_with("is") || noun.ends_with("lens")) {
+    return {regular};
+  }
+  return {};
+}
+
+// True when the last consonant doubles before -ed and -ing.
+bool Inflection::doubles(std::string_view verb, const Forms& exceptions) const {
+  const std::string stem = std::string(verb) + verb.back();
+  for (const std::string& form : exceptions) {
+    if (form == stem + "ed" || form == stem + "ing") return true;
+  }
+  return endsInShortSyllable(verb);
+}
+
+// False where usage is divided: "traveled, travelled". Stress on the last syllable leaves no choice.
+bool Inflection::doublesOnly(std::string_view verb, const Sounds& sounds) const {
+  if (sounds.syllables == 1 || (sounds.known && sounds.lastStressed)) return true;
+  if (sounds.known && verb.ends_with('l')) return false;
+  return !attested_.has(withEd(verb)) && !attested_.has(withIng(verb, false));
+}
+
+void Inflection::regularPast(std::string_view verb, const Sounds& sounds, bool doubled,
+                             VerbForms* forms) const {
+  const bool plain = !doubled || !doublesOnly(verb, sounds);
+  if (plain) add(forms->past, withEd(verb));
+  if (doubled) add(forms->past, withEd(verb, true));
+  addAll(forms->participle, forms->past);
+}
+
+void Inflection::irregularPast(std::string_view verb, const Forms& irregular, VerbForms* forms) const {
+  Forms past, participle;
+  for (const std::string& form : irregular) {
+    (isNParticiple(verb, form, irregular) ? participle : past).push_back(form);
+  }
+  const bool noPast = past.empty();
+  if (hasUnchangedPast(verb)) {
+    past = {std::string(verb)};
+  } else if (hasUnchangedParticiple(verb)) {
+    participle = {std::string(verb)};
+  } else if ((participle.empty() || keepsPastAsParticiple(verb)) && !isPastOnly(verb)) {
+    addAll(participle, past);
+  }
+  if (isUnchanging(verb)) {
+    add(past, std::string(verb));
+    add(participle, std::string(verb));
+  }
+  // "showed, shown"; "burned, burnt".
+  const std::string regular = withEd(verb);
+  const bool inUse = attested_.has(regular) && !isNoPast(regular);
+  if ((noPast && past.empty()) || inUse || isPastOnly(verb)) {
+    add(past, regular);
+    if (inUse || participle.empty()) add(participle, regular);
+  }
+  addAll(forms->past, past);
+  addAll(forms->participle, participle);
+}
+
+VerbForms Inflection::verb(std::string_view spelled, const Sounds& sounds) const {
+  const std::string verb = lowerCase(spelled);
+  if (verb == "be") return {{"am", "are"}, {"is"}, {"was", "were"}, {"been"}, {"being"}};
+  VerbForms out;
+  const Forms& exceptions = listed(WordNet::kVerb, verb);
+  const bool doubled = doubles(verb, exceptions);
+  Forms irregular, likeRegular;
+  for (const std::string& form : exceptions) {
+    const bool sameStem = form.starts_with(verb.substr(0, verb.size() - 1));
+    if (form.ends_with("ing") && form.size() > verb.size()) {
+      if (sameStem || verb.ends_with("ie")) add(out.progressive, form);
+    } else if (form.ends_with('s')) {
+      if (sameStem || verb == "have") add(out.third, form);
+    } else if (form.ends_with("ed") && form.size() > verb.size()) {
+      if (sameStem) add(likeRegular, form);
+    } else {
+      add(irregular, form);
+    }
+  }
+
+  if (out.third.empty()) {
+    const bool consonantO = verb.size() > 1 && verb.back() == 'o' && !isVowelLetter(verb[verb.size() - 2]);
+    const bool oes = consonantO && (!irregular.empty() || attested_.has(verb + "es"));
+    out.third.push_back(oes ? verb + "es" : withS(verb, sounds.hardCh));  // "undergoes", "echoes"; "solos"
+  }
+  if (!irregular.empty()) {
+    irregularPast(verb, irregular, &out);
+  } else if (isUnchanging(verb)) {
+    out.past = out.participle = {verb};
+    if (alsoTakesEd(verb)) regularPast(verb, sounds, doubled, &out);
+  } else if (!likeRegular.empty() && (verb.ends_with('c') || verb.ends_with("ie"))) {
+    out.past = out.participle = likeRegular;  // "trafficked"
+  } else {
+    regularPast(verb, sounds, doubled, &out);
+  }
+
+  const bool divided = doubled && !doublesOnly(verb, sounds);
+  if (doubled) add(out.progressive, withIng(verb, false, true));
+  if (divided || (!doubled && out.progressive.empty())) {
+    const bool keepsE = sounds.keepsE || isOneOf(verb, {"singe", "swinge", "tinge", "binge"});
+    add(out.progressive, withIng(verb, keepsE));
+  }
+  std::sort(out.progressive.begin(), out.progressive.end());
+  return out;
+}
+
+Comparison Inflection::comparison(std::string_view spelled, const Sounds& sounds) const {
+  const std::string word = lowerCase(spelled);
+  Comparison out;
+  if (isOneOf(word, {"much", "many"})) return {Comparison::Kind::kEndings, {"more"}, {"most"}};
+  if (word == "little") return {Comparison::Kind::kEndings, {"less"}, {"least"}};
+  if (word == "ill") return {Comparison::Kind::kEndings, {"worse"}, {"worst"}};
+  if (word == "far") return {Comparison::Kind::kEndings, {"farther", "further"}, {"farthest", "furthest"}};
+  if (word == "old") return {Comparison::Kind::kEndings, {"older", "elder"}, {"oldest", "eldest"}};
+
+  for (const std::string& form : listed(WordNet::kAdjective, word)) {
+    if (form.ends_with("st")) {
+      add(out.superlative, form);
+    } else if (form.ends_with("er") || form.ends_with("se")) {
+      add(out.comparative, form);
+    }
+  }
+  if (!out.comparative.empty() && !out.superlative.empty()) {
+    out.kind = Comparison::Kind::kEndings;
+    return out;
+  }
+
+  const WordNet::Lemma* lemma = wordNet_.lemma(word);
+  if (lemma != nullptr && lemma->relational > 0 && lemma->relational == lemma->senses[WordNet::kAdjective]) {
+    return {};
+  }
+  const Comparison more = {Comparison::Kind::kMore, {}, {}};
+  if (!isPlainWord(word)) return more;
+  if (isListedVerbForm(word)) return more;
+  if (hasVowelEndingEd(word)) {
+    const std::string before = word.substr(0, word.size() - (word.ends_with("ed") ? 2 : 3));
+    for (const std::string& base : {before, before + "e"}) {
+      if (wordNet_.is(base, WordNet::kVerb) || wordNet_.is(base, WordNet::kNoun)) return more;
+    }
+  }
+  const bool doubled = endsInShortSyllable(word);
+  const std::string er = withEr(word, doubled), est = withEst(word, doubled);
+  const bool inUse = attested_.has(er) && attested_.has(est);
+  const bool consonantY = word.size() > 2 && word.ends_with('y') && !isVowelLetter(word[word.size() - 2]);
+  const bool frequent = lemma != nullptr && lemma->uses[WordNet::kAdjective] >= 20;
+  const bool shortWord = sounds.syllables <= 1 && (!frequent || attested_.has(er) || attested_.has(est));
+  if (!shortWord && !(sounds.syllables <= 2 && (consonantY || inUse))) return more;
+  return {Comparison::Kind::kEndings, {er}, {est}};
+}
+
+Comparison Inflection::adverbComparison(std::string_view spelled) const {
+  const std::string word = lowerCase(spelled);
+  if (word == "well") return {Comparison::Kind::kEndings, {"better"}, {"best"}};
+  if (word == "badly") return {Comparison::Kind::kEndings, {"worse"}, {"worst"}};
+  if (word == "far") return {Comparison::Kind::kEndings, {"farther", "further"}, {"farthest", "furthest"}};
+  if (word == "soon") return {Comparison::Kind::kEndings, {"sooner"}, {"soonest"}};
+  return {};
+}
+
+}  // namespace zavel::mkdict

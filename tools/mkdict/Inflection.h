@@ -1,0 +1,72 @@
+// The forms of an English word, as they are right: regular spelling where no source says otherwise, the
+// exception lists of WordNet, which name the base of a form but not which form it is, and small tables of
+// what neither tells.
+#ifndef MKDICT_INFLECTION_H
+#define MKDICT_INFLECTION_H
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "mkdict/Attested.h"
+#include "mkdict/Pronunciation.h"
+#include "mkdict/WordNet.h"
+
+namespace zavel::mkdict {
+
+using Forms = std::vector<std::string>;  // several where usage is divided; no repeats
+
+struct VerbForms {
+  Forms present;  // beside the base form itself: none but for "be"
+  Forms third, past, participle, progressive;
+};
+
+struct Comparison {
+  enum class Kind { kEndings, kMore, kNone };
+  Kind kind = Kind::kNone;
+  Forms comparative, superlative;  // of kEndings
+};
+
+class Inflection {
+ public:
+  // Both are borrowed and must be complete.
+  Inflection(const WordNet& wordNet, const Attested& attested);
+
+  // Plurals of a noun, empty for one that has none ("physics", "scissors").
+  Forms plurals(std::string_view noun, const Sounds& sounds) const;
+
+  VerbForms verb(std::string_view verb, const Sounds& sounds) const;
+
+  // How an adjective compares. kNone for one that says "of a ..." in all its senses ("dental").
+  Comparison comparison(std::string_view adjective, const Sounds& sounds) const;
+
+  // Irregular comparison of an adverb: "well", "far". Empty lists for all others.
+  Comparison adverbComparison(std::string_view adverb) const;
+
+  // A past form of a verb that has no others, as "can" and "could"; empty for other words.
+  static std::string_view modalPast(std::string_view verb);
+
+  // Irregular forms that the exception lists give of a base.
+  const Forms& listed(WordNet::Pos pos, std::string_view base) const;
+
+  // True for an irregular form of some verb: "broken", "lost".
+  bool isListedVerbForm(std::string_view form) const;
+
+ private:
+  bool doubles(std::string_view verb, const Forms& exceptions) const;
+  bool doublesOnly(std::string_view verb, const Sounds& sounds) const;
+  void regularPast(std::string_view verb, const Sounds& sounds, bool doubled, VerbForms* forms) const;
+  void irregularPast(std::string_view verb, const Forms& irregular, VerbForms* forms) const;
+  bool isMan(std::string_view noun) const;
+
+  const WordNet& wordNet_;
+  const Attested& attested_;
+  std::array<std::unordered_map<std::string, Forms>, WordNet::kPosCount> byBase_;
+  std::unordered_map<std::string, bool> verbForms_;
+};
+
+}  // namespace zavel::mkdict
+
+#endif

@@ -1,0 +1,21 @@
+# The English side: sources, entries, derived words, irregular forms.
+find_package(ZLIB REQUIRED)
+list(APPEND mkdict_links ZLIB::ZLIB)
+list(APPEND mkdict_sources
+  Attested.cpp
+  Countable.cpp
+  Coverage.cpp
+  DerivedForms.cpp
+  DictdReader.cpp
+  EnglishEntries.cpp
+  EnglishSide.cpp
+  EntryText.cpp
+  FreeDict.cpp
+  GlossIndex.cpp
+  Inflection.cpp
+  KatuRecords.cpp
+  Pronunciation.cpp
+  Spelling.cpp
+  SpellingPairs.cpp
+  Utf8.cpp
+  WordNet.cpp)
