@@ -1,0 +1,19 @@
+// The sound dictionary that the fuzzers damage: every feature of the format once.
+#ifndef FUZZ_BASEDICTIONARY_H
+#define FUZZ_BASEDICTIONARY_H
+
+#include <map>
+#include <string>
+
+namespace zavel::fuzz {
+
+// The thirteen files by name.
+const std::map<std::string, std::string>& baseDictionary();
+
+// Files of one user English and one user Japanese set, with headers and one continuation kanji index, by
+// name ("ueej.dic", "ujkna.idx", "uj001.idx", ...).
+const std::map<std::string, std::string>& baseUserSets();
+
+}  // namespace zavel::fuzz
+
+#endif

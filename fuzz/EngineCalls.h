@@ -1,0 +1,16 @@
+// Every exported search over one set of words, results read as a caller reads them.
+#ifndef FUZZ_ENGINECALLS_H
+#define FUZZ_ENGINECALLS_H
+
+#include <string>
+
+namespace zavel::fuzz {
+
+// The engine must be open. Statuses are whatever the damage makes them; sizes and handles must agree.
+void searchEnglish(const std::string& word, unsigned char dic);
+void searchJapanese(const std::string& word, unsigned char dic);
+void conjugate(const std::string& word);
+
+}  // namespace zavel::fuzz
+
+#endif
