@@ -154,7 +154,10 @@ bool MoveFile(const std::string& from, const std::string& to) {
 
 bool GetTempFileName(const std::string& folder, const std::string& prefix, uint32_t, std::string* path) {
   const auto file = storage().openTemporary(folder, prefix, path);
-  return file != nullptr && file->close();
+  if (file == nullptr) return false;
+  if (file->close()) return true;
+  DeleteFile(*path);
+  return false;
 }
 
 SplitPath _splitpath(const std::string& path) {

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "support/DicWriter.h"
+#include "support/FaultyStorage.h"
 
 namespace zavel::engine {
 namespace {
@@ -168,6 +169,17 @@ TEST(GetTempFileName, MakesANewEmptyFileInTheFolder) {
   EXPECT_EQ(first.rfind(folder.prefix() + "ix3", 0), 0u);
   EXPECT_EQ(readFile(first), "");
   EXPECT_FALSE(GetTempFileName(folder.prefix() + "missing", "ix3", 0, &first));
+}
+
+TEST(GetTempFileName, LeavesNothingBehindWhenItFails) {
+  TempFolder folder;
+  test::FaultyStorage disk;
+  std::string path;
+  for (long n = 1; n <= 2; ++n) {  // the file is made, and closed
+    disk.failAt(n);
+    EXPECT_FALSE(GetTempFileName(folder.path(), "ix3", 0, &path)) << n;
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path())) << n;
+  }
 }
 
 struct PathCase {
