@@ -70,7 +70,7 @@ Lines SearchTest::midasiJ(const std::string& key, uint8_t dicNo) {
   Handle list = nullptr;
   std::string buffer = key;
   status = SerchMidasiJ(buffer.data(), &size, &list, dicNo);
-  word = buffer.c_str();
+  given = buffer.c_str();
   checkResult(size, list);
   return takeLines(list, size);
 }
@@ -80,7 +80,7 @@ Lines SearchTest::imiE(const std::string& key, uint8_t filter, uint8_t dicNo, co
   Handle list = nullptr;
   std::string buffer = key;
   status = SerchImiE(buffer.data(), midasi, filter, &size, &list, dicNo);
-  word = buffer.c_str();
+  given = buffer.c_str();
   checkResult(size, list);
   return takeEntries(list, size);
 }
@@ -90,7 +90,7 @@ Lines SearchTest::imiJ(const std::string& key, uint8_t filter, uint8_t dicNo, co
   Handle list = nullptr;
   std::string buffer = key;
   status = SerchImiJ(buffer.data(), midasi, filter, &size, &list, dicNo);
-  word = buffer.c_str();
+  given = buffer.c_str();
   checkResult(size, list);
   return takeEntries(list, size);
 }

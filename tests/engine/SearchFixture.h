@@ -54,7 +54,7 @@ class SearchTest : public testing::Test {
   bool withUserE = false, withUserJ = false;
   TempFolder folder;
   uint16_t status = 0;
-  std::string word;  // the caller's string after the last search
+  std::string given;  // the caller's string after the last search
 
  private:
   void checkIdle() const;

@@ -7,5 +7,9 @@ zavel_test(engine_search_test
     ImiFilterTest.cpp
     Ix3Test.cpp
     MidasiOrderTest.cpp
+    SearchDamageTest.cpp
     SearchFixture.cpp
+    SerchImiTest.cpp
+    SerchMidasiTest.cpp
+    UserImiTest.cpp
   LINKS zavel_test_support)
