@@ -7,6 +7,7 @@
 #include <map>
 
 #include "foundation/ByteReader.h"
+#include "support/DicWriter.h"
 
 namespace zavel::mkdict {
 namespace {
@@ -162,6 +163,31 @@ TEST(IndexWriter, KeepsTheTablesBelowTheReservedRowNumbers) {
   const uint32_t tableC = readLE32(idx + 4);
   EXPECT_EQ(65534u * 6, readLE32(idx + tableC));
   EXPECT_EQ(filed.files.idx.size(), tableC + 4 + 65534 * 6);
+}
+
+// A second writer, made for tests and knowing nothing of this one, gives the same bytes.
+TEST(IndexWriter, AgreesWithTheTestsOwnWriter) {
+  for (const uint16_t type : {1, 2, 3, 4, 5}) {
+    std::vector<IndexRow> rows;
+    std::vector<test::IndexRow> same;
+    uint32_t seed = 12345;
+    for (uint32_t entry = 0; entry < 3000; ++entry) {
+      std::string key;
+      seed = seed * 1103515245 + 12345;
+      for (unsigned letters = 1 + (seed >> 16) % 6; letters > 0; --letters) {
+        seed = seed * 1103515245 + 12345;
+        const auto n = static_cast<char>((seed >> 16) % 5);
+        if (type == 3) key += static_cast<char>(0x88 + n);
+        key += static_cast<char>((type == 2 ? 0x9F : type == 3 ? 0xA0 : 'a') + n);
+      }
+      rows.push_back({key, entry, 0});
+      same.push_back({key, 100 * entry});
+    }
+    const test::IndexFiles expected = test::writeIndex(type, same);
+    const Filed filed(type, rows);
+    EXPECT_EQ(expected.idx, filed.files.idx) << type;
+    EXPECT_EQ(expected.ix3, filed.files.ix3) << type;
+  }
 }
 
 TEST(IndexWriter, ComparesPrefixesAsReadersDo) {

@@ -109,7 +109,7 @@ const Table& posLabels() {
       {"pref", "[接頭]"},
       {"prt", "[助]"},
       {"suf", "[接尾]"},
-      {"unc", "[?]"},
+      {"unc", ""},
   };
   return table;
 }
@@ -163,7 +163,7 @@ const Table& remarks() {
       {"id", "idiom"},
       {"quote", "quotation"},
       {"yoji", "four-character idiom"},
-      {"on-mim", "sound word"},
+      {"on-mim", "onomatopoeia"},
       {"tradem", "trademark"},
       {"euph", "euphemism"},
       // Field

@@ -8,7 +8,7 @@
 namespace zavel::mkdict {
 
 // A part-of-speech code as the label of a part-of-speech line: "n" "[名]", "v5r" "[動ラ五]", "vt" "[他]".
-// Null for anything else.
+// Empty for "unc", which says that none was found. Null for anything else.
 const char* posLabel(std::string_view code);
 
 // A remark on a sense or on the whole word in plain words: "uk" "usually kana", "arch" "archaic",

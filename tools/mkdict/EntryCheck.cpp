@@ -10,6 +10,7 @@ namespace zavel::mkdict {
 namespace {
 
 constexpr std::string_view kEntryTag = "\xF5\xD1";
+constexpr std::string_view kMeaningTag = "\xF5\xD4", kPhraseTag = "\xF5\xE4";
 constexpr std::string_view kOpenSound = "\x81\x85", kCloseSound = "\x81\x86";  // ≦ ≧
 constexpr std::string_view kOpenNote = "\x81\x73";                             // 《
 
@@ -56,6 +57,10 @@ void EntryCheck::checkText(size_t begin, size_t end) {
     return;
   }
   if (dic_[end - 1] != '\n') faults_->add(name_, begin, "the entry's last line does not end");
+  const std::string_view text = dic_.substr(begin, end - begin);
+  const bool meaning =
+      text.find(kMeaningTag) != std::string_view::npos || text.find(kPhraseTag) != std::string_view::npos;
+  if (!meaning) faults_->add(name_, begin, "an entry without a meaning");
   bool head = true;
   for (size_t at = begin; at < end;) {
     if (dic_[at] == '\n') head = false;

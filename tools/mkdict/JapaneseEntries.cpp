@@ -21,30 +21,58 @@
 namespace zavel::mkdict {
 namespace {
 
+constexpr size_t kSensesOfCommonWord = 10;
+constexpr size_t kSensesCounted = 20;  // in a rank
 constexpr char kSeparator = static_cast<char>(engine::kKanjiSeparator);
 
 std::string tag(uint16_t value) {
   return {static_cast<char>(value >> 8), static_cast<char>(value & 0xFF)};
 }
 
-// "to do; to act (usually kana; archaic)".
-std::string senseText(const EdictSense& sense) {
-  std::string out, remarks;
-  for (const std::string& gloss : sense.glosses) out += (out.empty() ? "" : "; ") + gloss;
-  for (const std::string& code : sense.remarks)
-    remarks += (remarks.empty() ? "" : "; ") + std::string(remark(code));
-  return remarks.empty() ? out : out + " (" + remarks + ")";
+using Codes = std::vector<std::string>;
+
+bool holds(const Codes& codes, std::string_view code) {
+  return std::find(codes.begin(), codes.end(), code) != codes.end();
 }
 
-std::string posLine(const std::vector<std::string>& codes) {
-  std::string out = "-";
-  std::string last;
+std::string inWords(const Codes& codes) {
+  std::string out;
+  for (const std::string& code : codes) out += (out.empty() ? "" : "; ") + std::string(remark(code));
+  return out;
+}
+
+// Remarks on the whole word: those on its spelling, and those that each of several senses carries.
+Codes wordRemarks(const EdictLine& line) {
+  Codes common = line.spelling;
+  if (line.senses.size() < 2) return common;
+  for (const std::string& code : line.senses.front().remarks) {
+    if (code == "uk" && line.written.empty()) continue;
+    const auto carries = [&code](const EdictSense& sense) { return holds(sense.remarks, code); };
+    if (std::all_of(line.senses.begin(), line.senses.end(), carries)) common.push_back(code);
+  }
+  return common;
+}
+
+// "to do; to act (usually kana; archaic)"; what is told of the whole word is not told again.
+std::string senseText(const EdictSense& sense, const Codes& told) {
+  std::string out;
+  Codes own;
+  for (const std::string& gloss : sense.glosses) out += (out.empty() ? "" : "; ") + gloss;
+  for (const std::string& code : sense.remarks) {
+    if (!holds(told, code)) own.push_back(code);
+  }
+  return own.empty() ? out : out + " (" + inWords(own) + ")";
+}
+
+// "-[動ラ五][他]"; empty when the codes name no part of speech.
+std::string posLine(const Codes& codes) {
+  std::string out, last;
   for (const std::string& code : codes) {
     const std::string label = posLabel(code);
     if (label != last) out += label;
     last = label;
   }
-  return out;
+  return out.empty() ? out : "-" + out;
 }
 
 // The number of a sense. Readers part the senses 2 to 9 from the text before them by an empty line; they
@@ -76,44 +104,50 @@ std::string withoutDots(const std::string& utf8) {
 
 }  // namespace
 
+// A word in kana alone, or one that its first sense says to be written so, is what a query in kana means.
+bool JapaneseEntries::inKana(const EdictLine& line) {
+  return line.written.empty() || holds(line.senses.front().remarks, "uk");
+}
+
 uint32_t JapaneseEntries::rank(const EdictLine& line) {
-  const auto anyRare = [](const std::vector<std::string>& codes) {
-    return std::any_of(codes.begin(), codes.end(), isRareRemark);
+  // Marks on the kanji say nothing about a word that is written in kana.
+  const bool kana = inKana(line);
+  const auto rareSpelling = [kana](const std::string& code) {
+    return isRareRemark(code) && (!kana || code == "ok" || code == "ik");
   };
-  const auto rareSense = [&anyRare](const EdictSense& sense) { return anyRare(sense.remarks); };
-  const bool rare = anyRare(line.spelling) || std::all_of(line.senses.begin(), line.senses.end(), rareSense);
-  const std::vector<std::string>& first = line.senses.front().remarks;
-  const bool inKana = line.written.empty() || std::find(first.begin(), first.end(), "uk") != first.end();
-  return (line.common ? 0 : rare ? 4 : 2) + (inKana ? 0 : 1);
+  const auto rareSense = [](const EdictSense& sense) {
+    return std::any_of(sense.remarks.begin(), sense.remarks.end(), isRareRemark);
+  };
+  const bool rare = std::any_of(line.spelling.begin(), line.spelling.end(), rareSpelling) ||
+                    std::all_of(line.senses.begin(), line.senses.end(), rareSense);
+  // EDICT has no way to mark a common word that stands under outdated kanji only, as する does; but only
+  // common words have so many senses.
+  const bool common = line.common || line.senses.size() >= kSensesOfCommonWord;
+  const size_t senses = std::min(line.senses.size(), kSensesCounted);
+  return (common ? 0u
+          : rare ? 200u
+                 : 100u) +
+         (kana ? 0u : 50u) + static_cast<uint32_t>(kSensesCounted - senses);
 }
 
 bool JapaneseEntries::body(const EdictLine& line, std::string* text, std::string* lacking) {
   text->clear();
-  const auto append = [&](std::string_view utf8) {
+  const auto append = [&](const std::string& head, std::string_view utf8) {
     const std::optional<std::string> sjis = toEntryText(utf8, lacking);
-    if (sjis) *text += *sjis;
+    if (sjis) *text += head + *sjis + "\n";
     return sjis.has_value();
   };
-  if (!line.spelling.empty()) {
-    std::string note;
-    for (const std::string& code : line.spelling)
-      note += (note.empty() ? "" : ", ") + std::string(remark(code));
-    *text += tag(engine::kTagNote);
-    if (!append("(" + note + ")")) return false;
-    *text += '\n';
-  }
+  Codes told = wordRemarks(line);
+  if (!told.empty() && !append(tag(engine::kTagNote), "(" + inWords(told) + ")")) return false;
+  if (line.written.empty()) told.push_back("uk");  // goes without saying
   for (size_t begin = 0, end; begin < line.senses.size(); begin = end) {
-    const std::vector<std::string>& pos = line.senses[begin].pos;
+    const Codes& pos = line.senses[begin].pos;
     for (end = begin + 1; end < line.senses.size() && line.senses[end].pos == pos;) ++end;
-    if (!pos.empty()) {
-      *text += tag(engine::kTagHinsi);
-      if (!append(posLine(pos))) return false;
-      *text += '\n';
-    }
+    const std::string labels = posLine(pos);
+    if (!labels.empty() && !append(tag(engine::kTagHinsi), labels)) return false;
     for (size_t i = begin; i < end; ++i) {
-      *text += end - begin == 1 ? tag(engine::kTagImi) : numberMark(i - begin + 1);
-      if (!append(senseText(line.senses[i]))) return false;
-      *text += '\n';
+      const std::string head = end - begin == 1 ? tag(engine::kTagImi) : numberMark(i - begin + 1);
+      if (!append(head, senseText(line.senses[i], told))) return false;
     }
   }
   return true;

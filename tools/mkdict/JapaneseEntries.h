@@ -25,12 +25,14 @@ class JapaneseEntries {
   // The entries in the order of their first lines; this is then empty.
   std::vector<JapaneseEntry> take();
 
-  // What follows the headword line, in Shift_JIS: a line on the spelling, part-of-speech lines, senses.
+  // What follows the headword line, in Shift_JIS: a line on the whole word, part-of-speech lines, senses.
   // False when a character can't be written; *lacking names it.
   static bool body(const EdictLine& line, std::string* text, std::string* lacking);
 
-  // 0 to 5: common words, others, rare ones; words that are written in kana come first in each.
+  // The smaller the more frequent: common words, others, rare ones; in each the words that are written in
+  // kana, then those with most senses.
   static uint32_t rank(const EdictLine& line);
+  static bool inKana(const EdictLine& line);
 
  private:
   struct Headword {

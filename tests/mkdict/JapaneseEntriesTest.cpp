@@ -1,0 +1,201 @@
+// EDICT's lines as entries: the bytes of the text, the words they are filed under, their order.
+#include "mkdict/JapaneseEntries.h"
+
+#include <gtest/gtest.h>
+
+#include "support/DicWriter.h"
+
+namespace zavel::mkdict {
+namespace {
+
+using test::sjis;
+
+EdictLine line(std::string_view text) {
+  EdictLine parsed;
+  EXPECT_TRUE(EdictLine::parse(text, &parsed)) << text;
+  return parsed;
+}
+
+struct Made {
+  explicit Made(const std::vector<const char*>& lines) {
+    JapaneseEntries maker(&summary);
+    for (const char* text : lines) maker.add(line(text));
+    entries = maker.take();
+  }
+  Summary summary;
+  std::vector<JapaneseEntry> entries;
+};
+
+std::string textOf(const char* edict) {
+  return Made({edict}).entries.at(0).text;
+}
+uint32_t rankOf(const char* edict) {
+  return JapaneseEntries::rank(line(edict));
+}
+
+TEST(JapaneseEntries, OneSenseHasNoNumber) {
+  // F5D1 いぬ 1B 犬 0A, F5D3 -[名] 0A, F5D4 dog 0A
+  EXPECT_EQ(
+      "\xF5\xD1\x82\xA2\x82\xCA\x1B\x8C\xA2\n"
+      "\xF5\xD3-[\x96\xBC]\n"
+      "\xF5\xD4"
+      "dog; hound\n",
+      textOf("犬 [いぬ] /(n) dog/hound/(P)/"));
+}
+
+TEST(JapaneseEntries, SensesAreNumberedWithinAPartOfSpeech) {
+  EXPECT_EQ("\xF5\xD1" + sjis("あ") + "\n\xF5\xD3-[" + sjis("名") +
+                "]\n\xF5\xD4\xF5\xBD"
+                "1\xF5\xC1 a\n\xF5\xD4\xF5\xBD"
+                "2\xF5\xC1 b\n\xF5\xD3-[" +
+                sjis("サ変") +
+                "]\n\xF5\xD4"
+                "c\n",
+            textOf("あ /(n) (1) a/(n) (2) b/(vs) (3) c/"));
+}
+
+// Readers part the senses 2 to 9 from the line before and judge by the first digit alone.
+TEST(JapaneseEntries, TenthSenseBringsItsEmptyLine) {
+  std::string edict = "あ /(n) ";
+  for (int i = 1; i <= 20; ++i) edict += "(" + std::to_string(i) + ") g" + std::to_string(i) + "/";
+  const std::string text = textOf(edict.c_str());
+  EXPECT_NE(std::string::npos, text.find("g8\n\xF5\xD4\xF5\xBD"
+                                         "9\xF5\xC1 g9\n\n\xF5\xD4\xF5\xBD"
+                                         "10\xF5\xC1 g10\n\n"));
+  EXPECT_NE(std::string::npos, text.find("g19\n\xF5\xD4\xF5\xBD"
+                                         "20\xF5\xC1 g20\n"));
+}
+
+TEST(JapaneseEntries, RemarksStandBehindTheirSense) {
+  EXPECT_EQ("\xF5\xD1" + sjis("うえ\x1B上") + "\n\xF5\xD3-[" + sjis("名") +
+                "]\n\xF5\xD4\xF5\xBD"
+                "1\xF5\xC1 x (honorific; archaic)\n\xF5\xD4\xF5\xBD"
+                "2\xF5\xC1 y\n",
+            textOf("上 [うえ] /(n) (1) (hon) (arch) x/(n) (2) y/"));
+}
+
+TEST(JapaneseEntries, RemarksOnTheWholeWordStandAboveItsSenses) {
+  EXPECT_EQ("\xF5\xD1" + sjis("する\x1B為る") + "\n\xF5\xD7(outdated kanji; usually kana)\n\xF5\xD3-[" +
+                sjis("動サ変") +
+                "]\n\xF5\xD4\xF5\xBD"
+                "1\xF5\xC1 to do\n\xF5\xD4\xF5\xBD"
+                "2\xF5\xC1 to cause (slang)\n",
+            textOf("為る [する] /(oK) (vs-i) (1) (uk) to do/(vs-i) (2) (uk) (sl) to cause/"));
+}
+
+TEST(JapaneseEntries, UsuallyKanaIsNotSaidOfAWordWithoutKanji) {
+  EXPECT_EQ("\xF5\xD1" + sjis("リンゴ") + "\n\xF5\xD3-[" + sjis("名") +
+                "]\n\xF5\xD4"
+                "apple\n",
+            textOf("リンゴ /(n) (uk) apple/"));
+}
+
+TEST(JapaneseEntries, LabelsAreNotRepeated) {
+  EXPECT_NE(std::string::npos,
+            textOf("あ /(adj-pn,adj-f,vt) x/").find("-[" + sjis("連体") + "][" + sjis("他") + "]\n"));
+  EXPECT_EQ("\xF5\xD1" + sjis("あ") +
+                "\n\xF5\xD4"
+                "x\n",
+            textOf("あ /(unc) x/"));
+}
+
+TEST(JapaneseEntries, AccentsFall) {
+  EXPECT_NE(std::string::npos, textOf("あ /(n) béchamel/Tōkaidō/")
+                                   .find("\xF5\xD4"
+                                         "bechamel; Tokaido\n"));
+}
+
+TEST(JapaneseEntries, FilesUnderWhatAQueryCanHold) {
+  const Made made({"時々 [ときどき] /(adv) sometimes/", "ＣＤ [シーディー] /(n) CD/", "犬 [いぬ] /(n) dog/",
+                   "きゃりー [キャリー] /(n) x/", "カーボン・コピー /(n) carbon copy/"});
+  ASSERT_EQ(5u, made.entries.size());
+  EXPECT_EQ(sjis("ときどき"), made.entries[0].kana);
+  EXPECT_EQ("", made.entries[0].kanji);  // 々 is no kanji to the readers
+  EXPECT_EQ(sjis("シーディー"), made.entries[1].kana);
+  EXPECT_EQ("", made.entries[1].kanji);
+  EXPECT_EQ(sjis("犬"), made.entries[2].kanji);
+  EXPECT_EQ("", made.entries[3].kanji);  // readers look a word in kana up by its reading
+  EXPECT_EQ(sjis("カーボンコピー"), made.entries[4].kana);
+  EXPECT_EQ(3u,
+            made.summary.leftOutCount("Japanese words found by reading only (digits, letters or signs in the "
+                                      "written form)"));
+}
+
+TEST(JapaneseEntries, CountsWhatNoQueryCanHold) {
+  const Made made({"ゝ /(unc) mark/", "あぼ～ん /(exp) deleted/"});
+  EXPECT_TRUE(made.entries.empty());
+  EXPECT_EQ(2u, made.summary.leftOutCount("Japanese words that no query can hold"));
+}
+
+TEST(JapaneseEntries, AWordWithoutReadingIsFiledByItsWrittenForm) {
+  const Made made({"犬～ /(n) x/", "犬 /(n) dog/", "犬 [～] /(n) y/"});
+  ASSERT_EQ(2u, made.entries.size());
+  EXPECT_EQ("", made.entries[0].kana);
+  EXPECT_EQ(sjis("犬"), made.entries[0].kanji);
+  EXPECT_EQ("\xF5\xD1" + sjis("犬") + "\n", made.entries[0].text.substr(0, 5));
+}
+
+TEST(JapaneseEntries, CharactersThatShiftJisLacksLeaveTheWordOut) {
+  const Made made({"犬 [いぬ] /(n) 😀/", "가 [か] /(n) x/"});
+  EXPECT_TRUE(made.entries.empty());
+  EXPECT_EQ(1u, made.summary.leftOutCount("Japanese words with a meaning that Shift_JIS lacks (U+1F600 😀)"));
+  EXPECT_EQ(1u,
+            made.summary.leftOutCount("Japanese words with a character that Shift_JIS lacks (U+AC00 가)"));
+}
+
+TEST(JapaneseEntries, TheSameWordInTwoLinesIsOneEntry) {
+  const Made made({"は /(int) yes/", "は /(prt) topic/(P)/", "は /(int) yes/", "葉 [は] /(n) leaf/"});
+  ASSERT_EQ(2u, made.entries.size());
+  EXPECT_EQ("\xF5\xD1" + sjis("は") + "\n\xF5\xD3-[" + sjis("助") + "]\n\xF5\xD4topic\n\xF5\xD3-[" +
+                sjis("感") + "]\n\xF5\xD4yes\n",
+            made.entries[0].text);
+  EXPECT_EQ(rankOf("は /(prt) topic/(P)/"), made.entries[0].rank);
+  EXPECT_EQ(2u, made.summary.valueOf("EDICT lines joined to one of the same word"));
+  EXPECT_EQ(1u, made.summary.valueOf("EDICT lines that say nothing new"));
+}
+
+TEST(JapaneseEntries, AWordWithDotsJoinsTheOneWithout) {
+  const Made made({"カーボン・コピー /(n) carbon copy/", "カーボンコピー /(n) carbon copy/"});
+  ASSERT_EQ(1u, made.entries.size());
+  EXPECT_EQ(1u, made.summary.valueOf("EDICT lines that say nothing new"));
+}
+
+TEST(JapaneseEntries, HeadwordsThatLookTaggedAreKeptAndCounted) {
+  // 快 ends in 0xF5, 闊 begins with 0xE8.
+  const Made made({"快闊 [かいかつ] /(n) x/"});
+  EXPECT_EQ(1u, made.entries.size());
+  EXPECT_EQ(1u, made.summary.leftOutCount("headwords in which some readers see a tag (kept)"));
+}
+
+TEST(JapaneseEntries, RankOrdersEqualReadings) {
+  const char* const frequentFirst[] = {
+      "こと /(n) (1) thing/(n) (2) matter/(P)/",      // common, in kana, two senses
+      "事 [こと] /(n) (uk) thing/(P)/",               // usually in kana
+      "琴 [こと] /(n) (1) koto/(n) (2) zither/(P)/",  // common, two senses
+      "古都 [こと] /(n) ancient city/(P)/",           //
+      "こと /(int) oh/",                              // not marked common
+      "糊塗 [こと] /(n) patching up/",                //
+      "こと /(n) (arch) x/",                          // all senses rare
+      "孤島 [こと] /(ok) (n) solitary island/",
+  };
+  for (size_t i = 1; i < std::size(frequentFirst); ++i) {
+    EXPECT_LT(rankOf(frequentFirst[i - 1]), rankOf(frequentFirst[i])) << frequentFirst[i];
+  }
+}
+
+TEST(JapaneseEntries, OutdatedKanjiDoNotMakeAKanaWordRare) {
+  EXPECT_EQ(rankOf("こと /(n) x/"), rankOf("此 [こと] /(oK) (n) (uk) x/"));
+  EXPECT_LT(rankOf("此 [こと] /(n) x/"), rankOf("此 [こと] /(oK) (n) x/"));
+  EXPECT_LT(rankOf("此 [こと] /(n) (uk) x/"), rankOf("此 [こと] /(ok) (n) (uk) x/"));
+}
+
+TEST(JapaneseEntries, AWordOfTenSensesIsCommon) {
+  std::string nine = "為る [する] /(oK) ", ten;
+  for (int i = 1; i <= 9; ++i) nine += "(vs-i) (" + std::to_string(i) + ") (uk) g/";
+  ten = nine + "(vs-i) (10) (uk) g/";
+  EXPECT_GT(rankOf(nine.c_str()), rankOf("スルー /(n) through/(P)/"));
+  EXPECT_LT(rankOf(ten.c_str()), rankOf("スルー /(n) through/(P)/"));
+}
+
+}  // namespace
+}  // namespace zavel::mkdict
