@@ -5,8 +5,8 @@ namespace zavel {
 namespace {
 
 // How far replacing may go beyond the size of its text before it is given up.
-constexpr size_t kSpareReplacements = 1000000;
-constexpr size_t kSpareBytes = size_t{64} << 20;
+constexpr size_t kSpareReplacements = 100000;
+constexpr size_t kSpareBytes = size_t{16} << 20;
 
 std::wstring widened(const std::string& bytes) {
   std::wstring wide;
@@ -46,7 +46,7 @@ std::string replacedUntilGone(const std::string& text, const std::string& from, 
   while (!rest.empty()) {
     done.push_back(rest.back());
     rest.pop_back();
-    if (!done.ends_with(from)) continue;
+    if (done.back() != from.back() || !done.ends_with(from)) continue;
     const size_t bytes = done.size() + rest.size() + to.size();
     if (replacements-- == 0 || bytes > text.size() + kSpareBytes) return text;
     done.resize(done.size() - from.size());

@@ -111,6 +111,7 @@ TEST(TrimHeadTailCheckMiddleForEnglish, MakesTheMiddlePlain) {
       {"a\xE2\x80\x93z", "a-\x93z"},
       {"a\xE2\x80\x94 z", "a-\x94 z"},
       {"a\xE2\x80", "a-"},
+      {"\x82\xE2\x80z", "\x82\xE2\x80z"},  // や, whose second byte begins no pair
       {"a\xE2z\xE2", "a\xE2z\xE2"},
       // A first byte with no second one behind it
       {"\x82\x01z", "\x82z"},

@@ -64,8 +64,9 @@ std::string ConfigTest::readText(const std::string& path) {
 }
 
 void ConfigTest::writeTable(const std::string& pathWithoutExtension, const Value& table) {
-  ASSERT_TRUE(defaultPlatform().propertyLists().writeFile(pathWithoutExtension + ".plist", table,
-                                                          PropertyListFormat::kXml));
+  // Not through the atomic write: that waits for the disk, and there are many tables.
+  writeText(pathWithoutExtension + ".plist",
+            defaultPlatform().propertyLists().serialize(table, PropertyListFormat::kXml));
 }
 
 bool ConfigTest::isFolder(const std::string& path) {
