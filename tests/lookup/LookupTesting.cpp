@@ -3,9 +3,12 @@
 #include <cstring>
 #include <ostream>
 
+#include "config/ZavelPath.h"
 #include "engine/Shim.h"
 #include "foundation/ByteReader.h"
 #include "platform/Log.h"
+#include "platform/PropertyLists.h"
+#include "platform/Value.h"
 
 namespace zavel {
 
@@ -100,6 +103,40 @@ bool MemoryForkedFiles::read(const std::string& path, const char*, uint16_t, std
   *text = files[path].text;
   *record = files[path].record;
   return true;
+}
+
+PathTable::PathTable(const std::string& dictionaryFolder, const std::string& helper, bool withCache)
+    : cacheFolder_(folder_.prefix() + "cache") {
+  Value::Dict table, cache, dictionaries, helpers;
+  for (const char* key : {"PreferencesFolder", "DocumentsFolder", "TranslationStylePath", "PresetRSSPath"}) {
+    table[key] = folder_.prefix() + key;
+  }
+  for (const char* key : {"CacheFolderOther", "WTCacheFolder", "FQCacheFolder", "RSSCacheFolder",
+                          "VXCacheFolder", "QNCacheFolder"}) {
+    cache[key] = folder_.prefix() + key;
+  }
+  cache["CacheFolder"] = cacheFolder_;
+  for (const char* key : {"SystemDictionaryEJName", "SystemDictionaryEJ2Name", "ProperNounDictionaryEJName",
+                          "EnhancedDictionaryEJFolder", "TechnicalDictionaryEJFolder",
+                          "TechnicalDictionaryJEFolder", "LearningDictionaryFolder"}) {
+    dictionaries[key] = folder_.prefix() + key;
+  }
+  if (!dictionaryFolder.empty()) dictionaries["KenkyuDictionaryFolder"] = dictionaryFolder;
+  helpers["PathTextTranslation"] = folder_.prefix() + "text";
+  if (!helper.empty()) helpers["PathKenkyuDictionary"] = helper;
+  if (withCache) table["CachePath"] = cache;
+  table["DictionaryPath"] = dictionaries;
+  table["HelperPath"] = helpers;
+  const std::string path = folder_.prefix() + "ZavelPath";
+  platform().propertyLists().writeFile(path + ".plist", Value(table), PropertyListFormat::kXml);
+  zavelPathInitialize();
+  const LogSink sink = setLogSink([](const std::string&) {});  // loading tells the number of styles
+  zavelPathLoadDictAndHelper(path.c_str());
+  setLogSink(sink);
+}
+
+PathTable::~PathTable() {
+  zavelPathTerminate();
 }
 
 std::vector<std::string> LogLines::lines;

@@ -103,6 +103,22 @@ class TestPlatform : public Platform {
   Platform* before_;
 };
 
+// A path table in a folder of its own, loaded as long as it lives: a cache folder, a dictionary folder and
+// a helper application, each to be left out by an empty value.
+class PathTable {
+ public:
+  PathTable(const std::string& dictionaryFolder, const std::string& helper, bool withCache = true);
+  ~PathTable();
+  PathTable(const PathTable&) = delete;
+  PathTable& operator=(const PathTable&) = delete;
+
+  const std::string& cacheFolder() const { return cacheFolder_; }
+
+ private:
+  TempFolder folder_;
+  std::string cacheFolder_;
+};
+
 // Log lines of its lifetime.
 class LogLines {
  public:
