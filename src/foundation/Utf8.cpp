@@ -69,6 +69,25 @@ Utf8Char readUtf8(std::string_view text) {
   return {code, size_t{1} + lead.more, lead.more != 0};
 }
 
+void appendUtf8(std::string& out, char32_t code) {
+  const auto more = [&](int shift) { out += static_cast<char>(0x80 | ((code >> shift) & 0x3F)); };
+  if (code < 0x80) {
+    out += static_cast<char>(code);
+  } else if (code < 0x800) {
+    out += static_cast<char>(0xC0 | code >> 6);
+    more(0);
+  } else if (code < 0x10000) {
+    out += static_cast<char>(0xE0 | code >> 12);
+    more(6);
+    more(0);
+  } else {
+    out += static_cast<char>(0xF0 | code >> 18);
+    more(12);
+    more(6);
+    more(0);
+  }
+}
+
 bool isValidUtf8(std::string_view text) {
   return validPrefix(text) == text.size();
 }

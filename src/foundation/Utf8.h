@@ -20,6 +20,9 @@ struct Utf8Char {
 // Refuses overlong forms, surrogates and codes over 0x10FFFF.
 Utf8Char readUtf8(std::string_view text);
 
+// Appends the character `code`, which is one.
+void appendUtf8(std::string& out, char32_t code);
+
 bool isValidUtf8(std::string_view text);
 
 // A copy with U+FFFD where `text` is not UTF-8.

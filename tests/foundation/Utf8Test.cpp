@@ -24,6 +24,9 @@ TEST(Utf8, ReadsCharactersOfEveryLength) {
     EXPECT_TRUE(c.valid) << s.bytes;
     EXPECT_EQ(c.code, s.code);
     EXPECT_EQ(c.length, s.length);
+    std::string written = "x";
+    appendUtf8(written, s.code);
+    EXPECT_EQ(written, "x" + std::string(s.bytes));
   }
 }
 

@@ -175,6 +175,7 @@ bool Checker::readObject(uint64_t number, Object* object) const {
 }
 
 bool Checker::isGoodUtf16(const Object& object) const {
+  if (object.count == 0) return false;  // writers put an empty text down as ASCII; the library knows no other
   for (uint64_t i = 0; i < object.count; ++i) {
     char32_t code = readBE16(object.payload + 2 * i);
     if (code >= 0xD800 && code <= 0xDBFF && i + 1 < object.count) {
@@ -220,6 +221,7 @@ bool Checker::begin(uint64_t number) {
   measure.values = 1;
   if (object.kind == kArray || object.kind == kDict) {
     if (frames_.size() >= kPlistMaxDepth) return false;
+    if (object.kind == kDict && object.count > kPlistMaxKeys) return false;
     measure.state = kOpen;
     measure.height = 1;
     frames_.push_back({number, object, 0});

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <type_traits>
 
 #include "base/BinaryPlistCheck.h"
@@ -202,7 +203,7 @@ Node TreeBuilder::make(const Value::Array& value) {
 }
 
 Node TreeBuilder::make(const Value::Dict& value) {
-  if (depth_ == kPlistMaxDepth || !take(0)) return nullptr;
+  if (depth_ == kPlistMaxDepth || value.size() > kPlistMaxKeys || !take(0)) return nullptr;
   ++depth_;
   Node dict(::plist_new_dict());
   for (const auto& [key, item] : value) {
@@ -230,11 +231,10 @@ std::string withReferencesForReturns(std::string_view xml) {
 
 Node readTree(std::string_view bytes) {
   plist_t root = nullptr;
-  const uint32_t length = static_cast<uint32_t>(bytes.size());
   if (isSafeBinaryPlist(bytes)) {
-    ::plist_from_bin(bytes.data(), length, &root);
-  } else if (isSafeXmlPlist(bytes)) {
-    ::plist_from_xml(bytes.data(), length, &root);
+    ::plist_from_bin(bytes.data(), static_cast<uint32_t>(bytes.size()), &root);
+  } else if (const std::optional<std::string> xml = safeXmlPlist(bytes)) {
+    ::plist_from_xml(xml->data(), static_cast<uint32_t>(xml->size()), &root);
   }
   return Node(root);
 }

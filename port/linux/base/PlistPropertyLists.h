@@ -9,7 +9,7 @@
 namespace zavel {
 
 // Reading: bytes that begin with "bplist00" are a binary list, all others XML; what isSafeBinaryPlist and
-// isSafeXmlPlist refuse is refused. Where a map names a key twice the last value stands.
+// safeXmlPlist refuse is refused. Where a map names a key twice the last value stands.
 //
 // Writing: a null member of a map is left out. Nothing is written (an empty result) for a null elsewhere,
 // for a value nested too deep or too large to be read back, and for a date that is no number. Dates are

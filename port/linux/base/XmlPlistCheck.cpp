@@ -6,10 +6,12 @@
 #include <charconv>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/PlistLimits.h"
 #include "base/PlistText.h"
+#include "foundation/Utf8.h"
 
 namespace zavel {
 namespace {
@@ -110,27 +112,54 @@ bool isBase64(std::string_view text) {
   return fill <= 2 && digits % 4 == 0;
 }
 
-// The name between "&" and ";".
-bool isEntity(std::string_view name) {
-  for (std::string_view known : {"lt", "gt", "amp", "apos", "quot"})
-    if (name == known) return true;
-  if (!name.starts_with('#')) return false;
+// The character of a reference by the name between "&" and ";"; 0 when it is none.
+char32_t referredBy(std::string_view name) {
+  static constexpr std::pair<std::string_view, char32_t> kNames[] = {
+      {"lt", U'<'}, {"gt", U'>'}, {"amp", U'&'}, {"apos", U'\''}, {"quot", U'"'}};
+  for (const auto& [known, character] : kNames)
+    if (name == known) return character;
+  if (!name.starts_with('#')) return 0;
   name.remove_prefix(1);
   const bool hexadecimal = name.starts_with('x');
   if (hexadecimal) name.remove_prefix(1);
   uint64_t code = 0;
-  return readNumber(name, hexadecimal ? 16 : 10, &code) && code <= 0x10FFFF &&
-         isPlistCharacter(static_cast<char32_t>(code));
+  if (!readNumber(name, hexadecimal ? 16 : 10, &code) || code > 0x10FFFF) return 0;
+  return isPlistCharacter(static_cast<char32_t>(code)) ? static_cast<char32_t>(code) : 0;
 }
 
-bool hasGoodEntities(std::string_view text) {
+// Appends `text` with its references resolved. False when one of them is none.
+bool resolve(std::string_view text, std::string* out) {
   constexpr size_t kLongestName = 10;
-  for (size_t at = text.find('&'); at != std::string_view::npos; at = text.find('&', at + 1)) {
-    const std::string_view rest = text.substr(at + 1, kLongestName + 1);
-    const size_t end = rest.find(';');
-    if (end == std::string_view::npos || !isEntity(rest.substr(0, end))) return false;
+  for (;;) {
+    const size_t at = text.find('&');
+    *out += text.substr(0, at);
+    if (at == std::string_view::npos) return true;
+    text.remove_prefix(at + 1);
+    const size_t end = text.substr(0, kLongestName + 1).find(';');
+    if (end == std::string_view::npos) return false;
+    const char32_t character = referredBy(text.substr(0, end));
+    if (character == 0) return false;
+    appendUtf8(*out, character);
+    text.remove_prefix(end + 1);
   }
-  return true;
+}
+
+// Appends any text as one CDATA section or, where the text holds the end of one, as several.
+void appendSections(std::string_view text, std::string* out) {
+  *out += "<![CDATA[";
+  for (size_t at = text.find("]]>"); at != std::string_view::npos; at = text.find("]]>")) {
+    *out += text.substr(0, at + 2);
+    *out += "]]><![CDATA[";
+    text.remove_prefix(at + 2);
+  }
+  *out += text;
+  *out += "]]>";
+}
+
+// Where they pair, no closing bracket that we take for the end of some markup stands inside a quotation.
+bool hasPairedQuotes(std::string_view markup) {
+  return std::count(markup.begin(), markup.end(), '"') % 2 == 0 &&
+         std::count(markup.begin(), markup.end(), '\'') % 2 == 0;
 }
 
 enum class Element {
@@ -159,7 +188,11 @@ Element elementOf(std::string_view name) {
   return Element::kUnknown;
 }
 
-// Whether `text`, the raw content of a leaf, is what that leaf may hold.
+bool isText(Element element) {
+  return element == Element::kString || element == Element::kKey;
+}
+
+// Whether `text`, the raw content of a leaf that is no string or key, is what that leaf may hold.
 bool isLeafContent(Element leaf, std::string_view text) {
   switch (leaf) {
     case Element::kInteger:
@@ -174,21 +207,25 @@ bool isLeafContent(Element leaf, std::string_view text) {
     case Element::kFalse:
       return trimmed(text).empty();
     default:
-      return hasGoodEntities(text);
+      return false;
   }
 }
 
 class Checker {
  public:
-  explicit Checker(std::string_view text) : text_(text) { open_.push_back({Element::kUnknown, 0, false}); }
+  explicit Checker(std::string_view text) : text_(text) { open_.push_back({Element::kUnknown, 0, 0, false}); }
 
   bool run();
+
+  // The document as the library shall read it, after run() said true.
+  std::string takeResult();
 
  private:
   // An element that holds others; the document itself is the first, as kUnknown.
   struct Level {
     Element element;
-    size_t values;    // so far
+    size_t values;  // so far
+    size_t keys;
     bool keyPending;  // a map's key that waits for its value
   };
 
@@ -202,12 +239,15 @@ class Checker {
   bool enter(Element element, bool closed);
   bool takeValue();
   bool takeKey();
+  bool takeText(std::string_view text);
   bool skipPast(std::string_view end);
   bool readTag(std::string_view* name, bool* closed);
   std::string_view rest() const { return text_.substr(at_); }
 
   std::string_view text_;
   size_t at_ = 0;
+  std::string result_;  // what run() has passed so far, up to copied_
+  size_t copied_ = 0;   // bytes of text_ that result_ stands for
   size_t counted_ = 0;  // values and keys in all
   size_t depth_ = 0;    // lists and maps among the open elements
   std::vector<Level> open_;
@@ -249,7 +289,7 @@ bool Checker::checkMarkup() {
   if (!rest().starts_with("<?")) return checkOpening();
   const std::string_view instruction = rest().substr(0, rest().find('>'));
   at_ += instruction.size() + 1;
-  return at_ <= text_.size() && instruction.ends_with('?') &&
+  return at_ <= text_.size() && instruction.ends_with('?') && hasPairedQuotes(instruction) &&
          instruction.find('<', 1) == std::string_view::npos;
 }
 
@@ -258,7 +298,7 @@ bool Checker::checkDoctype() {
   const std::string_view doctype = rest().substr(0, rest().find('>'));
   at_ += doctype.size() + 1;
   if (at_ > text_.size() || open_.size() != 1 || open_[0].values != 0) return false;
-  return doctype.find_first_of("[<", 1) == std::string_view::npos;
+  return hasPairedQuotes(doctype) && doctype.find_first_of("[<", 1) == std::string_view::npos;
 }
 
 // Name of the tag that begins here; `closed` when it closes itself. Moves behind the tag.
@@ -270,10 +310,7 @@ bool Checker::readTag(std::string_view* name, bool* closed) {
   tag = tag.substr(0, end);
   *closed = tag.ends_with('/');
   if (*closed) tag.remove_suffix(1);
-  // A value in quotes that holds a bracket would put the end of the tag in doubt.
-  if (tag.find('<') != std::string_view::npos) return false;
-  if (std::count(tag.begin(), tag.end(), '"') % 2 != 0 || std::count(tag.begin(), tag.end(), '\'') % 2 != 0)
-    return false;
+  if (tag.find('<') != std::string_view::npos || !hasPairedQuotes(tag)) return false;
   *name = tag.substr(0, tag.find_first_of(kSpaces));
   return true;
 }
@@ -308,7 +345,7 @@ bool Checker::enter(Element element, bool closed) {
   if (!whole && depth_ == kPlistMaxDepth) return false;
   if (!takeValue()) return false;
   if (!whole && !closed) ++depth_;
-  if (!closed) open_.push_back({element, 0, false});
+  if (!closed) open_.push_back({element, 0, 0, false});
   return true;
 }
 
@@ -342,7 +379,24 @@ bool Checker::takeKey() {
   Level& level = open_.back();
   if (level.element != Element::kDict || level.keyPending) return false;
   level.keyPending = true;
+  if (++level.keys > kPlistMaxKeys) return false;
   return ++counted_ <= kPlistMaxValues;
+}
+
+// Text of a string or key that begins here.
+bool Checker::takeText(std::string_view text) {
+  if (text.find('&') == std::string_view::npos) return true;
+  std::string resolved;
+  if (!resolve(text, &resolved)) return false;
+  result_ += text_.substr(copied_, at_ - copied_);
+  appendSections(resolved, &result_);
+  copied_ = at_ + text.size();
+  return true;
+}
+
+std::string Checker::takeResult() {
+  result_ += text_.substr(copied_);
+  return std::move(result_);
 }
 
 bool Checker::skipPast(std::string_view end) {
@@ -363,7 +417,9 @@ bool Checker::checkLeaf(Element leaf, std::string_view name) {
 // a CDATA section; elsewhere the library would join what does not belong together.
 bool Checker::checkLeafPiece(Element leaf, std::string_view name, bool* closed) {
   const size_t end = text_.find('<', at_);
-  if (end == std::string_view::npos || !isLeafContent(leaf, text_.substr(at_, end - at_))) return false;
+  if (end == std::string_view::npos) return false;
+  const std::string_view content = text_.substr(at_, end - at_);
+  if (isText(leaf) ? !takeText(content) : !isLeafContent(leaf, content)) return false;
   at_ = end;
   if (rest().starts_with("</")) {
     std::string_view closing;
@@ -371,7 +427,7 @@ bool Checker::checkLeafPiece(Element leaf, std::string_view name, bool* closed) 
     bool selfClosed = false;
     return readTag(&closing, &selfClosed) && !selfClosed && closing.substr(1) == name;
   }
-  if (leaf != Element::kString && leaf != Element::kKey) return false;
+  if (!isText(leaf)) return false;
   if (rest().starts_with("<!--")) {
     at_ += 4;
     return skipPast("-->");
@@ -383,8 +439,11 @@ bool Checker::checkLeafPiece(Element leaf, std::string_view name, bool* closed) 
 
 }  // namespace
 
-bool isSafeXmlPlist(std::string_view text) {
-  return text.size() <= kPlistMaxBytes && isPlistText(text) && Checker(text).run();
+std::optional<std::string> safeXmlPlist(std::string_view text) {
+  if (text.size() > kPlistMaxBytes || !isPlistText(text)) return std::nullopt;
+  Checker checker(text);
+  if (!checker.run()) return std::nullopt;
+  return checker.takeResult();
 }
 
 }  // namespace zavel
