@@ -100,16 +100,13 @@ TEST(ToShiftJis, RefusesWhatIsNotUtf8) {
 
 TEST(ToShiftJis, EverySpellingIsInTheCodePage) {
   // A spelling that the code page lacked would come out as NUL bytes.
-  for (char32_t code = 0x80; code < 0x10000; ++code) {
-    std::string utf8;
-    if (code < 0x800) {
-      utf8 = {static_cast<char>(0xC0 | (code >> 6)), static_cast<char>(0x80 | (code & 0x3F))};
-    } else {
-      utf8 = {static_cast<char>(0xE0 | (code >> 12)), static_cast<char>(0x80 | ((code >> 6) & 0x3F)),
-              static_cast<char>(0x80 | (code & 0x3F))};
-    }
-    const std::optional<std::string> sjis = toShiftJis(utf8);
-    EXPECT_EQ(std::string::npos, sjis.value_or("").find('\0')) << std::hex << static_cast<unsigned>(code);
+  for (unsigned code = 0x80; code < 0x10000; ++code) {
+    const char utf8[] = {static_cast<char>(0xE0 | (code >> 12)),
+                         static_cast<char>(0x80 | ((code >> 6) & 0x3F)),
+                         static_cast<char>(0x80 | (code & 0x3F)), 0};
+    const char two[] = {static_cast<char>(0xC0 | (code >> 6)), utf8[2], 0};
+    const std::optional<std::string> sjis = toShiftJis(code < 0x800 ? two : utf8);
+    EXPECT_EQ(std::string::npos, sjis.value_or("").find('\0')) << std::hex << code;
   }
 }
 

@@ -189,6 +189,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Damage{"ej.dic", set(109, 'x'), "ej.dic at 84: the entry's last line does not end"},
                     Damage{"ej.dic", add(std::string(70000, 'x') + "\n"),
                            "ej.dic at 84: entry of 70027 bytes, more than 65534"},
+                    Damage{"ej.dic", set(5, 0x81, 6, 0x85), "ej.dic at 5: a pronunciation that does not end"},
                     Damage{"ej.dic", cut(101), "ej.dic at 84: an entry without a meaning"},
                     Damage{"ej.dic", set(4, 'b'),
                            "ej.ix3 at 18: filed under another key than its headword \"bpple\" gives"},
@@ -205,6 +206,17 @@ INSTANTIATE_TEST_SUITE_P(
         Damage{"katu.dic", set(6, 'a'), "katu.ix3 at 10: record at 0: items not parted by a comma"},
         Damage{"katu.dic", set(1, 'h' - 10),
                "katu.ix3 at 10: record at 0: it does not hold the form \"go\""}));
+
+// A pronunciation ends in bytes that elsewhere would be half a character.
+TEST(Verify, LeavesPronunciationsAlone) {
+  Compilation compilation;
+  compilation.english.push_back({"run",
+                                 "\xF5\xD1\xF4\xD0run\x81\x85"
+                                 "A\xD8?\xE9\x81\x86\n\xF5\xD4x\n",
+                                 0});
+  const Verified verified(filesOf(compilation));
+  EXPECT_EQ(Verdict::kGood, verified.verdict) << verified.all();
+}
 
 TEST(Verify, NamesEachMissingFile) {
   Verified verified(smallSet());
@@ -277,6 +289,11 @@ TEST(EntryCheck, TakesTheWordOutOfAHeadwordLine) {
   EXPECT_EQ("run up", EntryCheck::wordE("\xF5\xD1\xF4\xB5"
                                         "12\xF4\xD0**run\xA5 up\x81\x85"
                                         "x,y\x81\x86, z\n"));
+  EXPECT_EQ("ab", EntryCheck::wordE("\xF5\xD1"
+                                    "a\x81\x85[\xE9\x81\x86"
+                                    "b\n"));
+  EXPECT_EQ("a", EntryCheck::wordE("\xF5\xD1"
+                                   "a\x81\x85x\n"));
   EXPECT_EQ("a", EntryCheck::wordE("\xF5\xD1"
                                    "a[b]\n"));
   EXPECT_EQ("a", EntryCheck::wordE("\xF5\xD1"

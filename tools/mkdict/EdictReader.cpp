@@ -86,7 +86,7 @@ void Reading::finish() {
       {"EDICT, Japanese-English dictionary", version_,
        "Creative Commons Attribution-ShareAlike 3.0; property of the Electronic Dictionary Research and "
        "Development Group, used in conformance with the Group's licence",
-       "Japanese entries"});
+       "Japanese entries, translations of English words"});
 }
 
 SourceFault Reading::read(const std::string& path, std::string* error) {
@@ -98,6 +98,7 @@ SourceFault Reading::read(const std::string& path, std::string* error) {
   }
   progress_.stage("reading EDICT", static_cast<uint64_t>(std::count(bytes.begin(), bytes.end(), '\n')));
   readLines(bytes);
+  std::string().swap(bytes);
   if (progress_.cancelled()) return SourceFault::kCancelled;
   if (sound_ < 9 * unsound_ || sound_ == 0) {
     *error = path + " is no EDICT file: " + std::to_string(unsound_) + " of " +

@@ -64,10 +64,23 @@ void EntryCheck::checkText(size_t begin, size_t end) {
   bool head = true;
   for (size_t at = begin; at < end;) {
     if (dic_[at] == '\n') head = false;
+    if (head && dic_.substr(at, 2) == kOpenSound) {
+      at = behindSound(at, end);
+      if (at == 0) return;
+      continue;
+    }
     const size_t length = checkCharacter(at, end, head);
     if (length == 0) return;
     at += length;
   }
+}
+
+// A pronunciation is written in bytes of its own. The offset behind it; 0 after a fault.
+size_t EntryCheck::behindSound(size_t at, size_t end) {
+  const size_t close = dic_.find(kCloseSound, at + kOpenSound.size());
+  if (close < std::min(end, dic_.find('\n', at))) return close + kCloseSound.size();
+  faults_->add(name_, at, "a pronunciation that does not end");
+  return 0;
 }
 
 // Bytes of the character or tag at `at`; 0 after a fault.
@@ -113,16 +126,21 @@ std::string_view EntryCheck::entry(uint32_t offset) const {
 std::string EntryCheck::wordE(std::string_view entry) {
   const std::string_view line = headLine(entry);
   std::string word;
-  bool sound = false, number = false;  // inside "≦ ≧", inside a homograph marker
+  bool number = false;  // inside a homograph marker
   for (size_t at = 0; at < line.size();) {
     const std::string_view two = line.substr(at, 2);
     const auto byte = static_cast<uint8_t>(line[at]);
-    if (two == kOpenSound || two == kCloseSound) sound = two == kOpenSound;
-    if (!sound && (line[at] == ',' || line[at] == '[' || two == kOpenNote)) break;
+    if (two == kOpenSound) {
+      at = line.find(kCloseSound, at);
+      if (at == std::string_view::npos) break;
+      at += kCloseSound.size();
+      continue;
+    }
+    if (line[at] == ',' || line[at] == '[' || two == kOpenNote) break;
     if (two == "\xF4\xB5") number = true;
     if (two == "\xF4\xD0") number = false;
     const bool pair = isLead(byte) || isTagLead(byte);
-    if (!pair && !sound && !number && byte < 0x80 && byte != '*') word += line[at];
+    if (!pair && !number && byte < 0x80 && byte != '*') word += line[at];
     at += pair ? 2 : 1;
   }
   return word;

@@ -38,6 +38,7 @@ class EntryCheck {
 
  private:
   void checkText(size_t begin, size_t end);
+  size_t behindSound(size_t at, size_t end);
   size_t checkCharacter(size_t at, size_t end, bool headLine);
 
   std::string name_;
