@@ -2,6 +2,7 @@
 // 【】. A part-of-speech label opens a list of senses, a translation label one sense, a gothic run in front
 // of it its number.
 // Tests: tests/zavel/SensesTest.cpp
+#include <algorithm>
 #include <map>
 #include <string>
 #include <string_view>
@@ -121,6 +122,18 @@ std::vector<std::string> splitGlosses(std::string_view text) {
   return glosses;
 }
 
+// "《英》 =color【添え字上付き】1【添え字なし】." names another spelling: its number and its stop are the
+// index's affair.
+std::string referenceNote(std::string_view text) {
+  std::string note(text.substr(0, text.find_last_not_of(" .") + 1));
+  note.resize(std::min(note.size(), note.find("【添え字上付き】")));
+  return note;
+}
+
+bool isReference(std::string_view text) {
+  return text.starts_with("《英》") || text.starts_with("《米》");
+}
+
 // Gathers pieces into senses, entry by entry.
 class Gatherer {
  public:
@@ -133,6 +146,10 @@ class Gatherer {
         pos_ = posList(piece.text);
         break;
       case Label::kGloss:
+        if (isReference(trimmed(piece.text)) && hasSense()) {
+          addNote(referenceNote(trimmed(piece.text)));
+          break;
+        }
         startSense();
         addGlosses(piece.text);
         break;
@@ -179,6 +196,7 @@ class Gatherer {
   void addGlosses(std::string_view text) {
     if (!hasSense() || !inGloss_) return;
     std::string_view body = trimmed(text);
+    if (isReference(body)) return addNote(referenceNote(body));
     const std::string note = takeNote(&body);
     for (std::string& gloss : splitGlosses(body)) sense().glosses.push_back(std::move(gloss));
     addNote(note);

@@ -70,6 +70,25 @@ std::string headwordMarks(const Entry& entry) {
   return marks;
 }
 
+// A reference to another spelling, as the dictionary files it: "《英》 =color(3)." names a homograph in
+// brackets and ends in a stop. The number is raised here, the stop falls.
+std::string tidyReference(std::string row) {
+  size_t at = row.find("》 =");
+  if (at == std::string::npos) return row;
+  while ((at = row.find('(', at)) != std::string::npos) {
+    const size_t close = row.find(')', at);
+    const std::string digits = row.substr(at + 1, close == std::string::npos ? 0 : close - at - 1);
+    const bool number =
+        !digits.empty() && digits.size() <= 2 && digits.find_first_not_of("0123456789") == std::string::npos;
+    if (number) row.replace(at, digits.size() + 2, raised(std::stoi(digits)));
+    ++at;
+  }
+  const size_t end = std::min(row.rfind('\x1b'), row.size());
+  size_t cut = end;
+  while (cut > 0 && (row[cut - 1] == '.' || row[cut - 1] == ' ')) --cut;
+  return row.erase(cut, end - cut);
+}
+
 size_t leadingBlanks(std::string_view line) {
   return std::min(line.find_first_not_of(' '), line.size());
 }
@@ -85,7 +104,7 @@ std::string entryText(const Entry& entry, const TextLook& look) {
     const std::vector<ByteRange> rows = breakLines(line, look.width, indent);
     for (size_t i = 0; i < rows.size(); ++i) {
       if (i > 0) out += std::string(look.width > indent + 10 ? indent : 0, ' ');
-      out += styled(entry, begin + rows[i].begin, begin + rows[i].end, look.colour);
+      out += tidyReference(styled(entry, begin + rows[i].begin, begin + rows[i].end, look.colour));
       if (first && i == 0 && !entry.headword.empty()) out += headwordMarks(entry);
       out += '\n';
     }

@@ -53,6 +53,18 @@ TEST(Senses, BracketsOfTheTextOpenNoLabel) {
   EXPECT_EQ(entries[0][0].glosses, Glosses{"【注】を見よ"});
 }
 
+TEST(Senses, AReferenceToAnotherSpellingIsANote) {
+  const auto own = sensesFromLabels(
+      "【見出し】colour\r【訳語】色, カラー\r【訳語】《英》 =color【添え字上付き】1【添え字なし】.\r");
+  ASSERT_EQ(own[0].size(), 1u);
+  EXPECT_EQ(own[0][0].glosses, (Glosses{"色", "カラー"}));
+  EXPECT_EQ(own[0][0].note, "《英》 =color");
+  const auto alone = sensesFromLabels("【見出し】colour\r【訳語】《英》 =color\r");
+  ASSERT_EQ(alone[0].size(), 1u);
+  EXPECT_TRUE(alone[0][0].glosses.empty());
+  EXPECT_EQ(alone[0][0].note, "《英》 =color");
+}
+
 TEST(Senses, OfNothingAreNothing) {
   EXPECT_TRUE(sensesFromLabels("").empty());
 }

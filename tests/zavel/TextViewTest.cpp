@@ -53,6 +53,11 @@ TEST(AnswerText, TellsOtherSpellings) {
             "colour\n\ncolor: other spelling of colour\n\ncolor\n");
 }
 
+TEST(AnswerText, RaisesTheNumberOfAReference) {
+  EXPECT_EQ(answerText(result({entry("colour", "colour\n色 (1)\n《英》 =color(3) .")}), {}),
+            "colour\n色 (1)\n《英》 =color³\n");
+}
+
 TEST(AnswerText, ListsFurtherHeadwordsOnce) {
   LookResult look = result({entry("go", "go")});
   look.headwords = {
