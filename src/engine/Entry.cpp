@@ -34,6 +34,12 @@ Status LookAt(FsObj* stream, uint32_t offset, size_t limit, Settle settle) {
   }
 }
 
+void BlankNuls(size_t from, std::string* text) {
+  for (size_t at = text->find('\0', from); at != std::string::npos; at = text->find('\0', at + 1)) {
+    (*text)[at] = ' ';
+  }
+}
+
 bool IsMidasi(const char* midasi, uint16_t type, uint32_t offset, uint16_t set, Status* status) {
   std::string line;
   bool readable = false;
@@ -67,7 +73,7 @@ Status GetDicData(const char* midasi, uint16_t type, uint16_t set, uint32_t offs
     text->append(bytes.substr(0, length));
     return true;
   });
-  std::replace(text->begin() + static_cast<std::ptrdiff_t>(start), text->end(), '\0', ' ');
+  BlankNuls(start, text);
   return status;
 }
 

@@ -7,8 +7,9 @@
 namespace zavel::engine {
 namespace {
 
-// One page for a lone read; reads that go on forward double it, up to what a list of fifty entries takes.
-constexpr size_t kSmallWindow = 4096;
+// What a lone read of one entry takes; reads that go on forward double it, up to what a list of fifty
+// entries takes.
+constexpr size_t kSmallWindow = 1024;
 constexpr size_t kLargeWindow = 65536;
 
 }  // namespace

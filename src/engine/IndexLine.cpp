@@ -35,7 +35,7 @@ struct Cursor {
   bool has(size_t bytes) const { return bytes <= text.size() - at; }
   // The two bytes here, high first; 0 when only one is left.
   uint16_t pair() const { return has(2) ? static_cast<uint16_t>(byte() << 8 | byte(1)) : 0; }
-  bool legalPair() const { return has(2) && _ismbclegal(pair()); }
+  bool legalPair() const { return _ismbblead(byte()) && has(2) && _ismbclegal(pair()); }
   // Bytes of the character here.
   size_t step() const { return legalPair() ? 2 : 1; }
   bool isDigit(size_t ahead) const { return has(ahead + 1) && byte(ahead) >= '0' && byte(ahead) <= '9'; }
@@ -163,6 +163,7 @@ struct Gloss {
 // Moves past a tag or a label that gives no text of its own. False when none stands here.
 bool SkipGlossTag(Cursor* cursor, bool collecting) {
   uint16_t tag = 0;
+  if (cursor->byte() < HIBYTE(kTagMarker)) return false;  // every tag begins with 0xF4 or 0xF5
   if (cursor->byte() == HIBYTE(kTagMarker)) {
     cursor->at += 2;
   } else if (collecting && IsLabelRun(*cursor)) {

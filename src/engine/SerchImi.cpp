@@ -19,6 +19,8 @@ namespace {
 // block can ask for.
 constexpr size_t kMaxGathered = size_t{8} << 20;
 
+constexpr size_t kRecordHead = 4;  // u32 length
+
 // The entry offsets of exactly `key` in one set.
 Status FindEntries(uint16_t type, uint16_t set, const std::string& key, std::vector<uint32_t>* offsets) {
   uint32_t block = 0;
@@ -59,17 +61,28 @@ Status GatherKihonE(const char* midasi, const std::string& key, std::string* tex
   return SrchBeieiImi(FindBeiei(*text), text);
 }
 
-// Splits gathered text by entry into records of the block list. What the filter leaves empty is dropped.
-std::string ToRecords(std::string_view text, uint8_t filter, void (*reduce)(uint8_t filter, std::string*)) {
+using Filter = void (*)(uint8_t filter, std::string* block);
+
+// Appends one entry as a record. What the filter leaves empty is dropped.
+void AppendRecord(std::string_view entry, uint8_t filter, Filter reduce, std::string* records) {
+  std::string reduced;
+  if (filter != kFilterNone) {
+    reduced = entry;
+    reduce(filter, &reduced);
+    entry = reduced;
+  }
+  if (entry.empty()) return;
+  appendLE32(*records, static_cast<uint32_t>(entry.size()));
+  records->append(entry);
+}
+
+// Splits gathered text by entry into records of the block list.
+std::string ToRecords(std::string_view text, uint8_t filter, Filter reduce) {
   std::string records;
+  records.reserve(text.size() + kRecordHead);  // enough for the usual single entry
   for (size_t start = FindEntryTag(text, 0); start < text.size();) {
     const size_t end = std::min(FindEntryTag(text, start + 2), text.size());
-    std::string entry(text.substr(start, end - start));
-    if (filter != kFilterNone) reduce(filter, &entry);
-    if (!entry.empty()) {
-      appendLE32(records, static_cast<uint32_t>(entry.size()));
-      records.append(entry);
-    }
+    AppendRecord(text.substr(start, end - start), filter, reduce, &records);
     start = end;
   }
   return records;
