@@ -34,11 +34,9 @@ std::vector<Input> inputsOf(const Options& options) {
       {options.english.freedictIndex, "dict-freedict-eng-jpn", "--freedict-index"},
       {options.english.freedictText, "dict-freedict-eng-jpn", "--freedict-dict"},
   };
-  for (const char* part : {"noun", "verb", "adj", "adv"}) {
-    for (const std::string& file :
-         {"index." + std::string(part), "data." + std::string(part), part + std::string(".exc")}) {
-      inputs.push_back({options.english.wordnetFolder + "/" + file, "wordnet-base", "--wordnet"});
-    }
+  for (const char* file : {"data.noun", "data.verb", "data.adj", "data.adv", "noun.exc", "verb.exc",
+                           "adj.exc", "adv.exc", "cntlist.rev"}) {
+    inputs.push_back({options.english.wordnetFolder + "/" + file, "wordnet-base", "--wordnet"});
   }
   return inputs;
 }
