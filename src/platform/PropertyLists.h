@@ -13,7 +13,8 @@ enum class PropertyListFormat { kXml, kBinary };
 
 // Reading is guarded: a list of over 64 MiB, nested deeper than 512, with bytes that are not UTF-8 or
 // with control bytes that XML can't hold, a key without value or a declared encoding other than UTF-8 is
-// refused. Writing takes out of strings what XML can't hold.
+// refused, and so is one with integers over 64 signed bits or dates that are none. Writing takes out of
+// strings what XML can't hold. The port may have further limits and tells them.
 class PropertyLists {
  public:
   virtual ~PropertyLists() = default;

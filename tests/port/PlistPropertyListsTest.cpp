@@ -300,6 +300,34 @@ std::string binary(const std::vector<std::string>& objects, uint64_t top = 0) {
   return file;
 }
 
+// The list [true, true] with offsets and references of the given widths.
+std::string withWidths(size_t offsetWidth, size_t referenceWidth) {
+  const auto sized = [](uint64_t number, size_t width) {
+    std::string bytes;
+    for (size_t i = 0; i < width; ++i)
+      bytes += static_cast<char>(width - i > 8 ? 0 : number >> 8 * (width - i - 1));
+    return bytes;
+  };
+  std::string file = "bplist00\xA2" + sized(1, referenceWidth) + sized(1, referenceWidth) + "\x09";
+  const size_t tableAt = file.size();
+  file += sized(8, offsetWidth) + sized(tableAt - 1, offsetWidth) + std::string(6, '\0');
+  file += {static_cast<char>(offsetWidth), static_cast<char>(referenceWidth)};
+  return file + sized(2, 8) + sized(0, 8) + sized(tableAt, 8);
+}
+
+TEST(PlistBinary, ReadsOffsetsAndReferencesOfOneToEightBytes) {
+  for (size_t width = 1; width <= 8; ++width) {
+    EXPECT_TRUE(isSafeBinaryPlist(withWidths(width, 1))) << width;
+    EXPECT_TRUE(isSafeBinaryPlist(withWidths(1, width))) << width;
+  }
+  EXPECT_EQ(parse(withWidths(8, 8)), Value(Value::Array{true, true}));
+  EXPECT_EQ(parse(withWidths(1, 2)), Value(Value::Array{true, true}));
+  for (size_t width : {0, 9, 255}) {
+    EXPECT_EQ(parse(withWidths(width, 1)), kRefused) << width;
+    EXPECT_EQ(parse(withWidths(1, width)), kRefused) << width;
+  }
+}
+
 TEST(PlistBinary, ReadsLeaves) {
   EXPECT_EQ(parse(binary({"\x09"s})), Value(true));
   EXPECT_EQ(parse(binary({"\x08"s})), Value(false));

@@ -9,7 +9,8 @@
 namespace zavel {
 
 // Reading: bytes that begin with "bplist00" are a binary list, all others XML; what isSafeBinaryPlist and
-// safeXmlPlist refuse is refused. Where a map names a key twice the last value stands.
+// safeXmlPlist refuse is refused. Where a map names a key twice the last value stands. A map has at most
+// 65,536 keys, a list 4 million values; dates reach from December 1932 to January 2069.
 //
 // Writing: a null member of a map is left out. Nothing is written (an empty result) for a null elsewhere,
 // for a value nested too deep or too large to be read back, and for a date that is no number. Dates are
