@@ -38,17 +38,6 @@ Status MakeIrregular(const std::string& key, std::string* records, uint8_t* SetI
   return kOk;
 }
 
-// Appends the made forms of the parts of speech that are still open. One closes with its last form.
-void AppendMade(const std::vector<KatuyoForm>& forms, uint8_t SetIrregularFlg, std::string* records) {
-  for (const KatuyoForm& form : forms) {
-    const uint8_t formCode = ConvHinnum(form.hinnum);
-    const uint8_t hinsi = HinsiOfForm(formCode);
-    if ((hinsi & SetIrregularFlg) != 0) continue;
-    AppendKatuyo(formCode, form.text, records);
-    if (IsLastForm(formCode)) SetIrregularFlg |= hinsi;
-  }
-}
-
 // The forms that the rules make of the base's entries `text` go behind the irregular `records`.
 void AppendRegular(const std::string& text, uint8_t SetIrregularFlg, std::string* records) {
   DicOneMidasiInfo info;
@@ -57,7 +46,7 @@ void AppendRegular(const std::string& text, uint8_t SetIrregularFlg, std::string
   if (info.syllables.find(' ') != std::string::npos) return records->clear();
   std::vector<KatuyoForm> forms;
   SetConjugeteInfo(info, SetIrregularFlg, &forms);
-  AppendMade(forms, SetIrregularFlg, records);
+  OutputKatuyo(forms, SetIrregularFlg, records);
 }
 
 Status MakeKatuyo(const char* word, std::string* records) {

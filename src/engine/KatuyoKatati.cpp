@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "engine/KatuyoDic.h"
 #include "engine/KatuyoForms.h"
 #include "engine/Shim.h"
 
@@ -275,6 +276,17 @@ void MakeNewConjugete(const DicOneMidasiInfo& info, KatuyoSuffix suffix, uint16_
   }
   text += suffix.suffix;
   Add(std::move(text), hinnum, forms);
+}
+
+void OutputKatuyo(const Forms& forms, uint8_t SetIrregularFlg, std::string* records) {
+  const bool alone = records->empty();
+  for (const KatuyoForm& form : forms) {
+    const uint8_t formCode = ConvHinnum(form.hinnum);
+    const uint8_t hinsi = HinsiOfForm(formCode);
+    if (!alone && (hinsi & SetIrregularFlg) != 0) continue;
+    AppendKatuyo(formCode, form.text, records);
+    if (IsLastForm(formCode)) SetIrregularFlg |= hinsi;
+  }
 }
 
 }  // namespace zavel::engine

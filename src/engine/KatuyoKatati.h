@@ -47,6 +47,11 @@ KatuyoSuffix CheckES(const DicOneMidasiInfo& info);
 void MakeNewConjugete(const DicOneMidasiInfo& info, KatuyoSuffix suffix, uint16_t hinnum,
                       std::vector<KatuyoForm>* forms);
 
+// Appends the made forms as records (engine/KatuyoDic.h). To no records all of them; to irregular records
+// those of the parts of speech that `SetIrregularFlg` lacks, where a part closes with its last form, so that
+// a second set of the same part is left out.
+void OutputKatuyo(const std::vector<KatuyoForm>& forms, uint8_t SetIrregularFlg, std::string* records);
+
 }  // namespace zavel::engine
 
 #endif

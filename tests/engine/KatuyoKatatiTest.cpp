@@ -425,5 +425,41 @@ TEST(SetConjugeteInfo, ReadsNothingBehindALineCutAnywhere) {
   }
 }
 
+// --- Output ---
+
+TEST(OutputKatuyo, WritesMadeFormsAloneAsTheyStand) {
+  std::string records;
+  OutputKatuyo({{41, "as"}, {41, "bs"}, {13, "c"}}, 0, &records);
+  EXPECT_EQ(records, std::string("\x03\x00\x02"
+                                 "as\x00\x03\x00\x02"
+                                 "bs\x00\x02\x00\x0A"
+                                 "c\x00",
+                                 17));
+}
+
+// The form codes behind one irregular record.
+std::string CodesBehind(const std::vector<KatuyoForm>& forms, uint8_t SetIrregularFlg) {
+  std::string records("\x01\x00\x08\x00", 4);
+  OutputKatuyo(forms, SetIrregularFlg, &records);
+  std::string codes;
+  for (size_t at = 4; at < records.size(); at += 5)
+    codes += std::to_string(records[at + 2]) + records[at + 3];
+  return codes;
+}
+
+TEST(OutputKatuyo, LeavesOutServedPartsBehindIrregularForms) {
+  const std::vector<KatuyoForm> forms = {{40, "a"}, {20, "b"}, {21, "c"}, {10, "d"}, {31, "e"}};
+  EXPECT_EQ(CodesBehind(forms, 0), "1a3b4c6d7e");
+  EXPECT_EQ(CodesBehind(forms, kHinsiMeisi), "3b4c6d7e");
+  EXPECT_EQ(CodesBehind(forms, kHinsiKeiyo), "1a6d7e");
+  EXPECT_EQ(CodesBehind(forms, kHinsiDousi), "1a3b4c");
+}
+
+TEST(OutputKatuyo, ClosesAPartWithItsLastFormBehindIrregularForms) {
+  EXPECT_EQ(CodesBehind({{40, "a"}, {40, "b"}, {41, "c"}, {40, "d"}, {41, "e"}, {20, "f"}}, 0), "1a1b2c3f");
+  EXPECT_EQ(CodesBehind({{22, "a"}, {20, "b"}, {10, "c"}}, 0), "5a6c");
+  EXPECT_EQ(CodesBehind({{13, "a"}, {10, "b"}, {40, "c"}}, 0), "10a1c");
+}
+
 }  // namespace
 }  // namespace zavel::engine
