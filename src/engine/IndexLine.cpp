@@ -72,7 +72,7 @@ enum class HeadwordEnd { kLineEnd, kNextEntry, kCap, kNoEntry, kTextEnd };
 
 // Collects the headword line up to its 0x0A and leaves the cursor behind that.
 // kept: an English headword loses its double-byte characters, tags among them; a Japanese one keeps them,
-// tags among them.
+// tags among them (docs/quirks.md)
 HeadwordEnd ScanHeadword(Cursor* cursor, bool keepPairs, size_t cap, std::string* line) {
   bool collecting = false;
   size_t depth = 0;  // of "≦"
@@ -287,7 +287,7 @@ LineResult BuildIndexLine(std::string_view text, bool whole, uint16_t type, size
   if (end == HeadwordEnd::kNoEntry) return LineResult::kNoEntry;
   if (end == HeadwordEnd::kCap) return LineResult::kLine;
   if (english) return AddGloss(&cursor, whole, line);
-  // kept: any byte 0xA5 counts here, the second byte of "ぇ" too
+  // kept: any byte 0xA5 counts here, the second byte of "ぇ" too (docs/quirks.md)
   const bool hasMark = line->find(static_cast<char>(kSyllableMark)) != std::string::npos;
   if (type == kTypeKana && !hasMark && AddAngleSpan(&cursor, whole, line) == LineResult::kNeedsMore) {
     return LineResult::kNeedsMore;

@@ -28,12 +28,14 @@ Status CheckSet(const SerchCall& call, SerchSides* sides) {
   return kOk;
 }
 
-Status OpenSet(bool japanese, SerchSides sides) {
+Status OpenSet(bool japanese, SerchSides sides) try {
   const FsObj* kihon = japanese ? g_fs_Je_Dic_Kihon : g_fs_Ej_Dic_Kihon;
   if (kihon == nullptr) return kNoKihonFile;  // the engine was closed
   if (!sides.user) return kOk;
   if (!japanese) return OpenFsObjsUserE(false, true) ? kOk : kNoUserE;
   return OpenFsObjsUserJ(false, true) == kOk ? kOk : kNoUserJ;
+} catch (const std::bad_alloc&) {
+  return kNoMemory;
 }
 
 Status DoWork(const SerchCall& call, SerchSides sides, const SerchWork& work) try {

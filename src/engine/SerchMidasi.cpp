@@ -70,7 +70,8 @@ Status ListMidasiE(const char* word, uint8_t mode, SerchSides sides, std::string
 }
 
 Status ListMidasiJ(char* word, SerchSides sides, std::string* records) {
-  const uint16_t type = ToHiragana(word);  // kept: changed before the check, so also with kBadArgument
+  // kept: changed before the check, so also with kBadArgument (docs/quirks.md)
+  const uint16_t type = ToHiragana(word);
   if ((type == kTypeKji ? ChkMidasiStrK(word) : ChkMidasiStrJ(word)) != kOk) return kBadArgument;
   std::string key;
   Status status = ChangeMidasi(word, type, &key);

@@ -203,6 +203,16 @@ TEST_F(SerchMidasiETest, ReportsAMissingFileWith257) {
   EXPECT_EQ(257, status);
 }
 
+TEST_F(SerchMidasiETest, AnEngineNeverOpenedIs20) {
+  addWords({"apple"});
+  open();
+  processInfo* const table = g_ProcessInfo;
+  g_ProcessInfo = nullptr;
+  EXPECT_EQ(20, call({}));
+  EXPECT_EQ(258, call({.dic = kUser})) << "a user set comes ahead of that";
+  g_ProcessInfo = table;
+}
+
 TEST_F(SerchMidasiETest, AClosedEngineIs257) {
   addWords({"apple"});
   open();
