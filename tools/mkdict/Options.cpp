@@ -21,10 +21,6 @@ constexpr const char* kExits =
     "Exit status: 0 done, 2 wrong usage, 3 an input missing or the disk refusing, 5 damaged data, 130 "
     "interrupted.\n";
 
-#ifndef ZAVEL_VERSION
-#define ZAVEL_VERSION "0.1.0"
-#endif
-
 }  // namespace
 
 bool parseOptions(int argc, const char* const* argv, Options* options, std::ostream& out, std::ostream& err,
