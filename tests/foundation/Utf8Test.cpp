@@ -19,6 +19,8 @@ TEST(Utf8, ReadsCharactersOfEveryLength) {
         Sample{"\xDF\xBF", 0x7FF, 2}, Sample{"\xE0\xA0\x80", 0x800, 3}, Sample{"\xE3\x81\x82", 0x3042, 3},
         Sample{"\xED\x9F\xBF", 0xD7FF, 3}, Sample{"\xEE\x80\x80", 0xE000, 3},
         Sample{"\xEF\xBF\xBF", 0xFFFF, 3}, Sample{"\xF0\x90\x80\x80", 0x10000, 4},
+        Sample{"\xE1\x80\x80", 0x1000, 3}, Sample{"\xEC\x80\x80", 0xC000, 3},
+        Sample{"\xF1\x80\x80\x80", 0x40000, 4}, Sample{"\xF3\xBF\xBF\xBF", 0xFFFFF, 4},
         Sample{"\xF4\x8F\xBF\xBF", 0x10FFFF, 4}}) {
     const Utf8Char c = readUtf8(s.bytes);
     EXPECT_TRUE(c.valid) << s.bytes;

@@ -173,6 +173,22 @@ TEST_F(AppleSingleFilesTest, RefusesWhatIsNoSuchFile) {
   EXPECT_EQ(read("sty"), "(refused)");
 }
 
+TEST_F(AppleSingleFilesTest, RefusesOtherContainers) {
+  ASSERT_TRUE(write("text", "style"));
+  const std::string good = folder_.read("Result");
+  for (const size_t at : {3u, 5u, 53u}) {  // magic, version, the id of the data fork
+    std::string other = good;
+    other[at] = static_cast<char>(other[at] + 7);
+    folder_.write("Result", other);
+    EXPECT_EQ(read(), "(refused)") << at;
+  }
+}
+
+TEST_F(AppleSingleFilesTest, ReadsAnEmptyRecordAtTheEnd) {
+  ASSERT_TRUE(write("text", ""));
+  EXPECT_EQ(read(), "text|");
+}
+
 TEST_F(AppleSingleFilesTest, ReadsALargeResultWhole) {
   const std::string text(300000, 't');
   std::string style;
@@ -212,6 +228,15 @@ TEST(ResourceFork, WritesNoMoreThanItsMapCanTell) {
   for (int i = 5000; i < 6000; ++i) records[{"styl", static_cast<uint16_t>(i)}] = "x";
   EXPECT_TRUE(writeResourceFork(records).empty());
   EXPECT_TRUE(writeResourceFork({}).empty());
+}
+
+TEST(ResourceFork, HoldsSixteenMebibytesAndNoMore) {
+  const std::string longest(16 * 1024 * 1024 - 4, 'x');
+  const std::string fork = writeResourceFork({{{"styl", 128}, longest}});
+  std::string record;
+  EXPECT_TRUE(readResource(fork, "styl", 128, &record));
+  EXPECT_EQ(record, longest);
+  EXPECT_EQ(writeResourceFork({{{"styl", 128}, longest + "x"}}), "");
 }
 
 TEST(ResourceFork, ReadsAForkWithoutTypes) {

@@ -386,9 +386,23 @@ TEST(PlistBinary, RefusesUnknownAndUnfitObjects) {
 TEST(PlistBinary, RefusesTextThatXmlCanNotHold) {
   for (const std::string& object : {"\x51\x80"s, "\x51\0"s, "\x51\x1F"s, "\x61\0\1"s, "\x61\xD8\0"s,
                                     "\x61\xDC\0"s, "\x62\xD8\0\0A"s, "\x61\xFF\xFE"s}) {
+    EXPECT_FALSE(isSafeBinaryPlist(binary({object})));
     EXPECT_EQ(parse(binary({object})), kRefused);
     EXPECT_EQ(parse(binary({"\xD1\1\1"s, object})), kRefused);
   }
+}
+
+TEST(PlistBinary, ReadsTheFirstAndLastCharactersOfTwoUnits) {
+  EXPECT_EQ(parse(binary({"\x62\xD8\0\xDC\0"s})), Value("\U00010000"));
+  EXPECT_EQ(parse(binary({"\x62\xDB\xFF\xDF\xFF"s})), Value("\U0010FFFF"));
+}
+
+TEST(PlistBinary, ReadsCountsOfEveryWidth) {
+  for (const std::string& count : {"\x10\3"s, "\x11\0\3"s, "\x12\0\0\0\3"s, "\x13\0\0\0\0\0\0\0\3"s})
+    EXPECT_EQ(parse(binary({"\x5F" + count + "abc"})), Value("abc"));
+  EXPECT_EQ(parse(binary({"\x5F\x10\0"s})), Value(""));
+  EXPECT_FALSE(isSafeBinaryPlist(binary({"\x5F\x14" + std::string(15, '\0') + "\3" + "abc"})));
+  EXPECT_FALSE(isSafeBinaryPlist(binary({"\x5F\x10"s})));
 }
 
 TEST(PlistBinary, ReadsAnEmptyTextInItsUsualFormOnly) {
@@ -401,6 +415,7 @@ TEST(PlistBinary, RefusesDatesThatAreNone) {
   EXPECT_EQ(parse(binary({"\x33\x7F\xF0\0\0\0\0\0\0"s})), kRefused);  // infinite
   EXPECT_EQ(parse(binary({"\x33\x41\xE0\0\0\0\0\0\0"s})), kRefused);  // 2^31
   EXPECT_EQ(parse(binary({"\x33\x41\xDF\xFF\xFF\xFF\xC0\0\0"s})), Value(Value::Date{2147483647}));
+  EXPECT_EQ(parse(binary({"\x33\xC1\xE0\0\0\0\0\0\0"s})), Value(Value::Date{-2147483648.0}));
 }
 
 TEST(PlistBinary, RefusesListsThatHoldThemselves) {
