@@ -9,6 +9,7 @@
 
 #include "foundation/ByteReader.h"
 #include "foundation/Storage.h"
+#include "foundation/Utf8.h"
 
 struct zavel_handle {
   uint8_t* bytes;  // owned, from malloc
@@ -86,7 +87,7 @@ Status MakeBlockList(std::string_view bytes, uint32_t* size, Handle* list) {
   *list = nullptr;
   if (bytes.empty()) return kOk;
   if (bytes.size() > UINT32_MAX) return kNoMemory;
-  Handle handle = GlobalAlloc(0, bytes.size());
+  Handle handle = GlobalAlloc(kHandleFlags, bytes.size());
   if (handle == nullptr) return kNoMemory;
   std::memcpy(handle->bytes, bytes.data(), bytes.size());
   *size = static_cast<uint32_t>(bytes.size());
@@ -158,6 +159,24 @@ bool GetTempFileName(const std::string& folder, const std::string& prefix, uint3
   if (file->close()) return true;
   DeleteFile(*path);
   return false;
+}
+
+bool CreateFile(const std::string& spec, uint32_t, uint32_t) {
+  if (storage().exists(spec)) return true;
+  const auto file = storage().open(spec, OpenMode::kCreate);
+  return file != nullptr && file->close();
+}
+
+int FSp2FullPath(const std::string& spec, std::string* path) {
+  if (spec.empty() || spec.size() > kMaxFullPath) return -1;
+  *path = spec;
+  return static_cast<int>(spec.size());
+}
+
+int FullPath2FSp(const std::string& path, std::string* spec) {
+  if (!isValidUtf8(path) || !storage().exists(path)) return kPathNotResolved;
+  *spec = path;
+  return 0;
 }
 
 SplitPath _splitpath(const std::string& path) {

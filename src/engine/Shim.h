@@ -68,6 +68,17 @@ bool MoveFile(const std::string& from, const std::string& to);
 // A new empty file in `folder`; its path in `path`.
 bool GetTempFileName(const std::string& folder, const std::string& prefix, uint32_t unique,
                      std::string* path);
+// Makes an empty file at `spec`; what is there already stays as it is and counts as made. Creator and type
+// have no place in a file here.
+bool CreateFile(const std::string& spec, uint32_t creator, uint32_t type);
+
+// A file specification of this platform is a path, so that one turns into the other by a copy.
+inline constexpr size_t kMaxFullPath = 1014;
+inline constexpr int kPathNotResolved = -43;
+// Bytes of *path; -1, with *path as it was, for a specification that is empty or over kMaxFullPath bytes.
+int FSp2FullPath(const std::string& spec, std::string* path);
+// 0; kPathNotResolved, with *spec as it was, for a path that is no UTF-8 or where nothing stands.
+int FullPath2FSp(const std::string& path, std::string* spec);
 
 struct SplitPath {
   std::string drive;  // always empty here
@@ -105,7 +116,9 @@ unsigned _mbctohira(unsigned code);
 unsigned _mbctombb(unsigned code);
 // Printing single bytes, half-width kana, and the assigned double-byte codes.
 bool _ismbcprint(unsigned code);
-bool _isalpha(unsigned c);
+inline bool _isalpha(unsigned c) {
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
 // 0x20 to 0x7E: `c` itself, else 0.
 int _isprint(unsigned c);
 // (c + 224) modulo 256, of lower-case letters the upper-case one, of all else nonsense.

@@ -182,6 +182,41 @@ TEST(GetTempFileName, LeavesNothingBehindWhenItFails) {
   }
 }
 
+TEST(CreateFile, MakesAnEmptyFileOrLeavesTheOneThatIsThere) {
+  TempFolder folder;
+  const std::string path = folder.prefix() + "file";
+  EXPECT_TRUE(CreateFile(path, 0x54455354, 0x54455854));
+  EXPECT_EQ(readFile(path), "");
+  writeFile(path, "content");
+  EXPECT_TRUE(CreateFile(path, 0, 0));
+  EXPECT_EQ(readFile(path), "content");
+  EXPECT_FALSE(CreateFile(folder.prefix() + "missing/file", 0, 0));
+}
+
+TEST(FSp2FullPath, GivesAPathOfAtMost1014Bytes) {
+  std::string path = "old";
+  EXPECT_EQ(FSp2FullPath("/a b/\xE8\xBE\x9E", &path), 8);
+  EXPECT_EQ(path, "/a b/\xE8\xBE\x9E");
+  EXPECT_EQ(FSp2FullPath(std::string(1014, 'p'), &path), 1014);
+  EXPECT_EQ(path, std::string(1014, 'p'));
+  path = "old";
+  EXPECT_EQ(FSp2FullPath(std::string(1015, 'p'), &path), -1);
+  EXPECT_EQ(FSp2FullPath("", &path), -1);
+  EXPECT_EQ(path, "old");
+}
+
+TEST(FullPath2FSp, WantsUtf8AndSomethingThatStandsThere) {
+  TempFolder folder;
+  std::string spec = "old";
+  EXPECT_EQ(FullPath2FSp(folder.prefix() + "file", &spec), -43);
+  writeFile(folder.prefix() + "\xFF", "");
+  EXPECT_EQ(FullPath2FSp(folder.prefix() + "\xFF", &spec), -43);
+  EXPECT_EQ(spec, "old");
+  writeFile(folder.prefix() + "file", "");
+  EXPECT_EQ(FullPath2FSp(folder.prefix() + "file", &spec), 0);
+  EXPECT_EQ(spec, folder.prefix() + "file");
+}
+
 struct PathCase {
   const char* path;
   const char* dir;
