@@ -79,29 +79,32 @@ typedef struct add_dic_e {
 
 /* One Japanese user entry. */
 typedef struct add_dic_j {
-  char* kana;                   /* reading */
-  char* kanji;                  /* written form, or null */
-  char* imi;                    /* meaning, ASCII */
-  uint16_t kureiCount;          /* number of phrases */
-  kurei** kureis;               /* their addresses */
-  uint16_t bunreiCount;         /* number of sentences */
-  bunrei** bunreis;             /* their addresses */
-  sikibetu_data* sikibetuKana;  /* both null to add, both set to overwrite */
+  char* kana;                  /* reading */
+  char* kanji;                 /* written form, or null */
+  char* imi;                   /* meaning, ASCII */
+  uint16_t kureiCount;         /* number of phrases */
+  kurei** kureis;              /* their addresses */
+  uint16_t bunreiCount;        /* number of sentences */
+  bunrei** bunreis;            /* their addresses */
+  sikibetu_data* sikibetuKana; /* both null to add, both set to overwrite */
   sikibetu_data* sikibetuKanji;
 } add_dic_j;
 
 /* Opens the engine.
- *   kihonPath  prefix of the basic set's file names, ending in its own separator ("/usr/share/x/")
+ *   kihonPath  prefix of the basic set's file names, ending in its own separator ("/usr/share/x/"); like
+ *              the two others at most 1,023 bytes
  *   userPathE  prefix of the user English set, its last part 1 to 5 characters without extension, or null
  *   userPathJ  the same for the user Japanese set, or null
  * A user set of which no file exists is created.
- * Status: 1; 17; 18 a path missing or malformed; 257, 258, 259 a basic, user English or user Japanese file
- * that can't be opened; 260 an index that can't be loaded; 261 open already. On any but 1 the engine is
- * closed. */
+ * Status: 1; 17; 18 a path missing, malformed or too long; 19 the header of the user kanji index can't be
+ * read; 21 a user Japanese set that can't be created; 257, 258, 259 a basic, user English or user Japanese
+ * file that can't be opened (258 also an English set that can't be created); 260 an index that can't be
+ * loaded; 261 open already, and the engine stays so. On any other but 1 the engine is closed. */
 ZAVEL_API uint16_t InitAPI(const char* kihonPath, const char* userPathE, const char* userPathJ);
 
-/* Saves changed user indexes and closes the engine. Status: 1; 20 never opened; 21 a failed write;
- * 35 a call is still inside; 263 closed already. The engine is closed whatever the status. */
+/* Saves changed user indexes and closes the engine. Status: 1; 17; 20 never opened; 21 a failed write;
+ * 35 a call is still inside, and nothing was saved; 263 closed already. The engine is closed whatever the
+ * status. */
 ZAVEL_API uint16_t EndAPI(void);
 
 /* Lists display lines of the English headwords that begin with `word`.
