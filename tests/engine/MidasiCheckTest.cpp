@@ -12,7 +12,7 @@ namespace {
 
 using test::sjis;
 
-TEST(ChkMidasiStrE, AcceptsLettersAndNineMarks) {
+TEST(ChkMidasiStrE, AcceptsLettersAndEightMarks) {
   EXPECT_EQ(ChkMidasiStrE("apple"), 1);
   EXPECT_EQ(ChkMidasiStrE("AZaz &',-./_"), 1);
   for (int c = 1; c < 256; ++c) {

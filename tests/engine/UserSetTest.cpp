@@ -321,6 +321,60 @@ TEST_F(UserSetTest, EveryCountedContinuationIndexMustBeThere) {
   EXPECT_TRUE(std::filesystem::exists(UserFile("010.idx")));
 }
 
+TEST_F(UserSetTest, EveryIndexHasItsNamedBlock) {
+  WriteSetJ(1);
+  WriteContinuation(1, "犬");
+  ASSERT_EQ(OpenBoth(), 1);
+  struct Block {
+    const char* name;
+    uint32_t size;
+    const uint8_t* bytes;
+  };
+  // Of the basic set one word each: heads of 8, 8 and 4 bytes (8 and 4 without table B, 4 for table C alone)
+  // and a row in each table. The user English set is new; kanji indexes have their fixed size.
+  const Block blocks[] = {{"SM_KIHON_EJ", 31, g_sKihonEJ.tableBase},
+                          {"SM_KIHON_KNA", 20, g_sKihonKna.tableBase},
+                          {"SM_KIHON_KJI", 22, g_sKihonKji.tableBase},
+                          {"SM_KIHON_HASE", 20, g_sKihonHase.tableBase},
+                          {"SM_KIHON_KATU", 4, g_sKihonKatu.tableBase},
+                          {"SM_USER_EJ", 93722, g_sUserEJ.tableBase},
+                          {"SM_USER_KNA", 148, g_sUserKna.tableBase},
+                          {"SM_USER_KJI", 100140, g_sUserKji.tableBase},
+                          {"SM_USER_KJI001", 100140, g_pKjiIdx1s[0].tableBase},
+                          {"SM_USER_KJI_IDX_INFO", 2, g_sUserKjiIdxInfo}};
+  for (const Block& block : blocks) {
+    // All ten slots are taken, so that a name which isn't known has no block.
+    FileMapping* const mapping = CreateFileMapping(-1, nullptr, 4, 0, 1, block.name);
+    ASSERT_NE(mapping, nullptr) << block.name;
+    EXPECT_EQ(mapping->size, block.size) << block.name;
+    EXPECT_EQ(mapping->block, block.bytes) << block.name;
+  }
+  EXPECT_EQ(CreateFileMapping(-1, nullptr, 4, 0, 1, "SM_USER_KJI002"), nullptr);
+}
+
+// Paths, then the files of the basic set, of the English and of the Japanese one, then the indexes.
+TEST_F(UserSetTest, OfSeveralFailuresTheFirstStepTellsItsStatus) {
+  const std::string whole = readFile(BasicFile("ej.idx"));
+  writeFile(BasicFile("ej.idx"), "\xFF");
+  writeFile(UserFile("ej.dic"), kHeader);
+  writeFile(UserFile("je.dic"), kHeader);
+  std::filesystem::remove(BasicFile("ke.idx"));
+  const std::string prefix = folder_.prefix(), sixBytes = UserPrefix() + "sixby";
+  EXPECT_EQ(InitAPI(prefix.c_str(), UserPrefix().c_str(), sixBytes.c_str()), 18);
+  EXPECT_EQ(OpenBoth(), 257);
+  EXPECT_EQ(UserFiles(), 2) << "without a basic set no user set is made";
+  WriteSmallSet();
+  writeFile(BasicFile("ej.idx"), "\xFF");
+  EXPECT_EQ(OpenBoth(), 258);
+  std::filesystem::remove(UserFile("ej.dic"));
+  EXPECT_EQ(OpenBoth(), 259);
+  EXPECT_EQ(UserFiles(), 4) << "the English set was made";
+  std::filesystem::remove(UserFile("je.dic"));
+  EXPECT_EQ(OpenBoth(), 260);
+  writeFile(BasicFile("ej.idx"), whole);
+  EXPECT_EQ(OpenBoth(), 1);
+}
+
 TEST_F(UserSetTest, ABrokenHeaderOfTheKanjiIndexIs19) {
   WriteSetJ(0);
   const std::string whole = readFile(UserFile("kji.idx"));
