@@ -142,7 +142,9 @@ class PathTable : public ConfigTest {
   Value::Dict table;
 };
 
+// A row that the table gains must be told to the tests below.
 TEST_F(PathTable, HasFiftyOneRows) {
+  EXPECT_EQ(std::size(kPathRows), 51u);
   EXPECT_EQ(std::size(kRows), 51u);
 }
 
