@@ -4,6 +4,9 @@
 // Tests: tests/engine/EntryLineTest.cpp
 #include "engine/IndexLine.h"
 
+#include <algorithm>
+#include <array>
+
 #include "engine/DicFormat.h"
 #include "engine/Shim.h"
 
@@ -16,6 +19,9 @@ constexpr uint16_t kAngleOpen = 0x8171;   // "〈"
 constexpr uint16_t kAngleClose = 0x8172;  // "〉"
 constexpr uint16_t kLongMark = 0x815B;    // "ー", what the byte 0xB0 is shown as
 
+constexpr uint8_t kFirstLead = 0x81;
+constexpr uint8_t kLeadBehindSigns = 0x82;  // 0x81 leads all signs
+
 constexpr size_t kLabelRun = 5;  // tag, letter or digit, tag
 
 // Bracket pairs whose text a gloss drops. A code below 0x100 is one byte.
@@ -24,6 +30,28 @@ struct BracketPair {
   uint16_t close;
 };
 constexpr BracketPair Musi[] = {{'[', ']'}, {0x8173, 0x8174}, {'(', ')'}, {kSpanOpen, kSpanClose}};
+
+// Single bytes that a scan takes without a second look. A list of fifty lines is built while the user
+// types, and most of an entry is such bytes.
+enum ByteClass : uint8_t {
+  kPlainHeadword = 1,  // collected as it is in a headword
+  kPlainGloss = 2,     // collected as it is in a gloss
+  kPlainSkipped = 4,   // passed over where nothing is collected
+};
+
+constexpr std::array<uint8_t, 256> MakeByteClasses() {
+  std::array<uint8_t, 256> classes{};
+  for (unsigned byte = 0; byte < 0x80; ++byte) {
+    if (byte == '\n') continue;
+    classes[byte] = kPlainSkipped;
+    if (byte == 0 || byte == kKanjiSeparator) continue;
+    classes[byte] |= kPlainHeadword;
+    const bool mark = std::string_view(" ,.:;[(").find(static_cast<char>(byte)) != std::string_view::npos;
+    if (!mark) classes[byte] |= kPlainGloss;
+  }
+  return classes;
+}
+constexpr std::array<uint8_t, 256> kByteClasses = MakeByteClasses();
 
 // A position in the bytes of an entry.
 struct Cursor {
@@ -35,9 +63,35 @@ struct Cursor {
   bool has(size_t bytes) const { return bytes <= text.size() - at; }
   // The two bytes here, high first; 0 when only one is left.
   uint16_t pair() const { return has(2) ? static_cast<uint16_t>(byte() << 8 | byte(1)) : 0; }
-  bool legalPair() const { return _ismbblead(byte()) && has(2) && _ismbclegal(pair()); }
+  // _ismbclegal of the pair here, written out: it is asked for every character.
+  bool legalPair() const {
+    if (!_ismbblead(byte()) || !has(2)) return false;
+    const uint8_t trail = byte(1);
+    return trail >= 0x40 && trail <= 0xFC && trail != 0x7F;
+  }
   // Bytes of the character here.
   size_t step() const { return legalPair() ? 2 : 1; }
+  // Bytes from here on that all are single ones of `kind`.
+  size_t run(ByteClass kind) const {
+    size_t end = at;
+    while (end < text.size() && (kByteClasses[static_cast<uint8_t>(text[end])] & kind) != 0) ++end;
+    return end - at;
+  }
+  // The same with double-byte characters among them, from lead byte `lead` on: tags begin at 0xF4.
+  size_t runOfCharacters(ByteClass kind, uint8_t lead) const {
+    Cursor ahead = *this;
+    while (!ahead.done()) {
+      const uint8_t byteHere = ahead.byte();
+      if ((kByteClasses[byteHere] & kind) != 0) {
+        ++ahead.at;
+      } else if (byteHere >= lead && byteHere < 0xF0 && ahead.legalPair()) {
+        ahead.at += 2;
+      } else {
+        break;
+      }
+    }
+    return ahead.at - at;
+  }
   bool isDigit(size_t ahead) const { return has(ahead + 1) && byte(ahead) >= '0' && byte(ahead) <= '9'; }
 };
 
@@ -77,6 +131,13 @@ HeadwordEnd ScanHeadword(Cursor* cursor, bool keepPairs, size_t cap, std::string
   bool collecting = false;
   size_t depth = 0;  // of "≦"
   while (!cursor->done()) {
+    if (collecting && depth == 0) {
+      const size_t run = std::min(cursor->run(kPlainHeadword), cap - line->size());
+      line->append(cursor->text, cursor->at, run);
+      cursor->at += run;
+      if (line->size() == cap) return HeadwordEnd::kCap;
+      if (cursor->done()) break;
+    }
     const uint16_t pair = cursor->pair();
     if (pair == kTagEntry) {
       if (collecting) return HeadwordEnd::kNextEntry;
@@ -91,6 +152,7 @@ HeadwordEnd ScanHeadword(Cursor* cursor, bool keepPairs, size_t cap, std::string
       if (pair == kSpanOpen) ++depth;
       if (pair == kSpanClose) --depth;
       cursor->at += cursor->step();
+      if (depth > 0) cursor->at += cursor->runOfCharacters(kPlainSkipped, kLeadBehindSigns);
     } else if (const size_t marker = HomographMarker(*cursor); marker > 0) {
       cursor->at += marker;
     } else {
@@ -130,6 +192,10 @@ const BracketPair* OpeningBracket(const Cursor& cursor) {
 void SkipBracket(const BracketPair& bracket, Cursor* cursor) {
   size_t depth = 0;
   while (!cursor->done() && cursor->byte() != '\n' && cursor->pair() != kTagEntry) {
+    if (cursor->byte() < 0x80 && cursor->byte() != bracket.open && cursor->byte() != bracket.close) {
+      ++cursor->at;
+      continue;
+    }
     if (Stands(*cursor, bracket.open)) ++depth;
     if (Stands(*cursor, bracket.close)) --depth;
     cursor->at += cursor->step();
@@ -144,18 +210,31 @@ bool IsSeparator(uint8_t byte) {
 
 // What a meaning line leaves of its text.
 struct Gloss {
-  std::string text;
+  std::string* line;   // borrowed: the text goes to its end
+  size_t start;        // of the text in the line
   bool ended = false;  // a separator was met behind some text
+
+  bool empty() const { return line->size() == start; }
+  void drop() { line->resize(start); }
+
+  // Takes the characters at the cursor that are neither separators nor signs, among which the brackets
+  // stand, if there are any.
+  bool takeRun(Cursor* cursor) {
+    const size_t begin = cursor->at;
+    cursor->at += cursor->runOfCharacters(kPlainGloss, kLeadBehindSigns);
+    if (!ended) line->append(cursor->text, begin, cursor->at - begin);
+    return cursor->at > begin;
+  }
 
   // Takes the character at the cursor.
   void take(Cursor* cursor) {
     if (IsSeparator(cursor->byte())) {
-      ended = ended || !text.empty();
+      ended = ended || !empty();
       ++cursor->at;
     } else if (ended) {
       cursor->at += cursor->step();
     } else {
-      CollectCharacter(cursor, true, &text);
+      CollectCharacter(cursor, true, line);
     }
   }
 };
@@ -176,22 +255,38 @@ bool SkipGlossTag(Cursor* cursor, bool collecting) {
   return true;
 }
 
-// Scans line by line for a meaning that leaves some text. Empty: the entry has none.
+// True when nothing on the rest of the line can change a gloss that has ended: no tag stands there.
+bool PlainToLineEnd(const Cursor& cursor) {
+  const std::string_view rest = cursor.text.substr(cursor.at);
+  const size_t end = rest.find('\n');
+  if (end == std::string_view::npos) return false;
+  const std::string_view line = rest.substr(0, end);
+  return line.find('\xF4') == std::string_view::npos && line.find('\xF5') == std::string_view::npos;
+}
+
+bool SkipRun(Cursor* cursor) {
+  const size_t run = cursor->runOfCharacters(kPlainSkipped, kFirstLead);
+  cursor->at += run;
+  return run > 0;
+}
+
+// Scans line by line for a meaning that leaves some text; an empty one: the entry has none.
 // False: the text ended first.
-bool ScanGloss(Cursor* cursor, std::string* found) {
+bool ScanGloss(Cursor* cursor, Gloss& gloss) {
   bool collecting = false;
-  Gloss gloss;
   while (!cursor->done()) {
+    if (collecting ? gloss.takeRun(cursor) : SkipRun(cursor)) continue;
+    if (collecting && gloss.ended && PlainToLineEnd(*cursor)) return true;
     const uint16_t pair = cursor->pair();
-    if (pair == kTagEntry) return true;
+    if (pair == kTagEntry) {
+      gloss.drop();  // only a line end completes a gloss
+      return true;
+    }
     if (pair == kTagImi) {
       collecting = true;
       cursor->at += 2;
     } else if (cursor->byte() == '\n') {
-      if (!gloss.text.empty()) {
-        *found = std::move(gloss.text);
-        return true;
-      }
+      if (!gloss.empty()) return true;
       collecting = false;
       ++cursor->at;
     } else if (SkipGlossTag(cursor, collecting)) {
@@ -208,10 +303,17 @@ bool ScanGloss(Cursor* cursor, std::string* found) {
 }
 
 LineResult AddGloss(Cursor* cursor, bool whole, std::string* line) {
-  std::string gloss;
-  if (!ScanGloss(cursor, &gloss) && !whole) return LineResult::kNeedsMore;
-  if (!gloss.empty()) line->append(" [").append(gloss).append("]");
-  return LineResult::kLine;
+  const size_t headword = line->size();
+  line->append(" [");
+  Gloss gloss{line, line->size()};
+  const bool settled = ScanGloss(cursor, gloss);
+  if (!settled) gloss.drop();
+  if (gloss.empty()) {
+    line->resize(headword);
+  } else {
+    line->push_back(']');
+  }
+  return settled || whole ? LineResult::kLine : LineResult::kNeedsMore;
 }
 
 // A tag that opens a section of an entry.

@@ -13,38 +13,68 @@ namespace {
 constexpr std::string_view kBracket = " [";
 constexpr unsigned kDropped[] = {0x815B, 0x817C, 0x8163};  // ー － …
 
-// What display order compares: word, then gloss.
-using SortKey = std::pair<std::string, std::string>;
+// What display order compares: word, then gloss, which is the end of the line itself.
+struct SortKey {
+  std::string word;
+  std::string_view gloss;
+};
 
+std::string_view GlossOf(std::string_view line) {
+  const size_t bracket = line.find(kBracket);
+  return bracket == std::string_view::npos ? std::string_view() : line.substr(bracket + kBracket.size());
+}
+
+// WordFilter in capitals, in one pass.
 SortKey SortKeyE(std::string_view line) {
-  std::string word = WordFilter(line);
-  for (char& c : word) {
-    if (c >= 'a') c = static_cast<char>(o_toupper(static_cast<unsigned char>(c)));
+  std::string word(std::min(line.size(), line.find('[')), '\0');
+  size_t length = 0;
+  for (size_t at = 0; at < word.size() && line[at] != ','; ++at) {
+    const char c = line[at];
+    if (_isalpha(static_cast<unsigned char>(c))) word[length++] = static_cast<char>(c & ~0x20);
   }
-  return {std::move(word), KaniFilter(line)};
+  word.resize(length);
+  return {std::move(word), GlossOf(line)};
 }
 
 SortKey SortKeyJ(std::string_view line) {
-  return {WordFilterJ(line), KaniFilterJ(line)};
+  return {WordFilterJ(line), GlossOf(line)};
 }
 
 int CompareKeys(const SortKey& a, const SortKey& b) {
-  const int words = a.first.compare(b.first);
-  return words != 0 ? words : a.second.compare(b.second);
+  const int words = a.word.compare(b.word);
+  return words != 0 ? words : a.gloss.compare(b.gloss);
 }
 
-// A key is made once for each line, not at each comparison.
+struct Keyed {
+  SortKey key;
+  std::string* line;  // borrowed
+};
+
+bool Before(const Keyed& a, const Keyed& b) {
+  const int keys = CompareKeys(a.key, b.key);
+  return keys != 0 ? keys < 0 : *a.line < *b.line;
+}
+
+// By key, lines of one key by their bytes; a line that stands twice once. The lines come in the order of
+// the index, which is nearly this order, so that most of them go to the end.
 void SortMidasi(SortKey (*keyOf)(std::string_view line), MidasiLines* lines) {
-  std::sort(lines->begin(), lines->end());
-  lines->erase(std::unique(lines->begin(), lines->end()), lines->end());
-  std::vector<std::pair<SortKey, std::string>> keyed;
+  if (lines->size() < 2) return;
+  std::vector<Keyed> sorted;
+  sorted.reserve(lines->size());
   for (std::string& line : *lines) {
-    SortKey key = keyOf(line);
-    keyed.emplace_back(std::move(key), std::move(line));
+    Keyed keyed{keyOf(line), &line};
+    if (sorted.empty() || Before(sorted.back(), keyed)) {
+      sorted.push_back(std::move(keyed));
+      continue;
+    }
+    const auto place = std::partition_point(sorted.begin(), sorted.end(),
+                                            [&](const Keyed& other) { return Before(other, keyed); });
+    if (*place->line != line) sorted.insert(place, std::move(keyed));
   }
-  std::stable_sort(keyed.begin(), keyed.end(),
-                   [](const auto& a, const auto& b) { return CompareKeys(a.first, b.first) < 0; });
-  for (size_t i = 0; i < keyed.size(); ++i) (*lines)[i] = std::move(keyed[i].second);
+  MidasiLines ordered;
+  ordered.reserve(sorted.size());
+  for (const Keyed& keyed : sorted) ordered.push_back(std::move(*keyed.line));
+  *lines = std::move(ordered);
 }
 
 MidasiLines Including(std::string (*wordOf)(std::string_view line), const MidasiLines& kihon,
@@ -65,7 +95,8 @@ MidasiLines Including(std::string (*wordOf)(std::string_view line), const Midasi
 // (docs/quirks.md)
 std::string WordFilter(std::string_view text) {
   std::string word;
-  for (const char c : text.substr(0, text.find_first_of(",["))) {
+  for (const char c : text) {
+    if (c == ',' || c == '[') break;
     if (_isalpha(static_cast<unsigned char>(c))) word.push_back(c);
   }
   return word;
@@ -84,8 +115,7 @@ std::string WordFilterJ(std::string_view text) {
 }
 
 std::string KaniFilter(std::string_view text) {
-  const size_t bracket = text.find(kBracket);
-  return bracket == std::string_view::npos ? "" : std::string(text.substr(bracket + kBracket.size()));
+  return std::string(GlossOf(text));
 }
 
 std::string KaniFilterJ(std::string_view text) {

@@ -35,18 +35,22 @@ Status ListSide(uint16_t type, uint16_t set, const std::string& key, uint8_t mod
   status = GetIndex3(type, set, key, offset, &rows);
   if (status != kOk) return status;
   rows.offsets.resize(std::min<size_t>(rows.offsets.size(), kMaxRows));
+  lines->reserve(rows.offsets.size());
+  std::string line;  // grows once for all rows
   for (const uint32_t entry : rows.offsets) {
-    std::string line;
     bool readable = false;
     status = GetIndexWord(type, entry, set, &line, &readable);
     if (status != kOk) return status;
-    if (readable && PassesMode(line, mode)) lines->push_back(std::move(line));
+    if (readable && PassesMode(line, mode)) lines->push_back(line);
   }
   return kOk;
 }
 
 std::string ToRecords(const MidasiLines& lines) {
+  size_t size = 0;
+  for (const std::string& line : lines) size += line.size() + 3;
   std::string records;
+  records.reserve(size);
   for (const std::string& line : lines) {
     appendLE16(records, static_cast<uint16_t>(line.size() + 1));
     records.append(line).push_back('\0');
@@ -65,7 +69,7 @@ Status ListMidasiE(const char* word, uint8_t mode, SerchSides sides, std::string
   if (status == kOk && sides.user) status = ListSide(kTypeE, kSetUser, key, mode, &user);
   SortMidasiE(&kihon);
   SortMidasiE(&user);
-  *records = ToRecords(IncludingUser(kihon, user));
+  *records = ToRecords(user.empty() ? kihon : IncludingUser(kihon, user));
   return status;
 }
 
@@ -80,7 +84,7 @@ Status ListMidasiJ(char* word, SerchSides sides, std::string* records) {
   if (status == kOk && sides.kihon) status = ListSide(type, kSetKihon, key, kModeAll, &kihon);
   if (status == kOk && sides.user) status = ListSide(type, kSetUser, key, kModeAll, &user);
   SortMidasiJ(&user);
-  *records = ToRecords(IncludingUserJ(kihon, user));
+  *records = ToRecords(user.empty() ? kihon : IncludingUserJ(kihon, user));
   return status;
 }
 

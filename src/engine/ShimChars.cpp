@@ -123,10 +123,6 @@ bool _ismbcprint(unsigned code) {
                      [code](const Range& range) { return Within(code, range.first, range.last); });
 }
 
-bool _isalpha(unsigned c) {
-  return Within(c, 'A', 'Z') || Within(c, 'a', 'z');
-}
-
 int _isprint(unsigned c) {
   return Within(c, 0x20, 0x7E) ? static_cast<int>(c) : 0;
 }
