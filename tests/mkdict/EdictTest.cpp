@@ -4,6 +4,7 @@
 #include "mkdict/EdictLabels.h"
 #include "mkdict/EdictLine.h"
 #include "mkdict/EdictReader.h"
+#include "mkdict/JapaneseEntries.h"
 #include "mkdict/ToShiftJis.h"
 #include "support/DicWriter.h"
 
@@ -85,6 +86,31 @@ TEST(EdictLine, RefusesOtherLines) {
                            "あ [] /a/", " [い] /a/", "あ /EntL12/"}) {
     EdictLine line;
     EXPECT_FALSE(EdictLine::parse(text, &line)) << text;
+  }
+}
+
+// Whatever stands in a line: it is refused, or each of its senses has a gloss.
+TEST(EdictLine, StandsDamagedLines) {
+  const std::string sound =
+      "彼処 [あしこ] /(ok) (pn) (1) (uk) there (ita: x)/(n) (2) (sl,arch) that far/(P)/";
+  constexpr char kBytes[] = {'(', ')', '/', '[', ']', ' ', ',', ':', '1', '\0', '\xFF'};
+  for (size_t at = 0; at < sound.size(); ++at) {
+    for (const char byte : kBytes) {
+      for (const bool insert : {true, false}) {
+        std::string text = sound;
+        text.replace(at, insert ? 0 : 1, 1, byte);
+        EdictLine line;
+        if (!EdictLine::parse(text, &line)) continue;
+        EXPECT_FALSE(line.senses.empty());
+        for (const EdictSense& sense : line.senses) EXPECT_FALSE(sense.glosses.empty()) << text;
+        Summary summary;
+        JapaneseEntries entries(&summary);
+        entries.add(line);
+        entries.take();
+      }
+    }
+    EdictLine cut;
+    EdictLine::parse(sound.substr(0, at), &cut);
   }
 }
 

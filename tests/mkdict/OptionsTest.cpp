@@ -46,6 +46,12 @@ TEST(Options, EveryPlaceCanBeNamed) {
   EXPECT_TRUE(parsed.options.quiet);
 }
 
+TEST(Options, TheLastOfSeveralWins) {
+  const Parsed parsed({"out", "--edict", "a", "--edict", "b"});
+  EXPECT_TRUE(parsed.go);
+  EXPECT_EQ("b", parsed.options.edict);
+}
+
 TEST(Options, VerifyNeedsNoTarget) {
   const Parsed parsed({"--verify", "set", "--json"});
   EXPECT_TRUE(parsed.go);

@@ -28,9 +28,12 @@ bool parseOptions(int argc, const char* const* argv, Options* options, std::ostr
   CLI::App app(kAbout, "mkdict");
   app.footer(kExits);
   app.set_version_flag("-V,--version", "mkdict " ZAVEL_VERSION);
-  app.option_defaults()->always_capture_default();
+  // The last of several wins, so that a script can be given a default and a change of mind.
+  app.option_defaults()->always_capture_default()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
   CLI::Option* target =
       app.add_option("OUTDIR", options->target, "Folder for the set; made, or an older set in it replaced")
+          ->type_name("DIR")
+          ->multi_option_policy(CLI::MultiOptionPolicy::Throw)
           ->always_capture_default(false);
   CLI::Option* verify =
       app.add_option("--verify", options->verify, "Check the set in a folder instead of building one")
