@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -56,7 +57,7 @@ int32_t createEachFolder(const std::string& path) {
 
 }  // namespace
 
-int32_t twcCreateFolder(const char* path) {
+int32_t twcCreateFolder(const char* path) try {
   const std::string whole(cutToBytes(path ? path : "", kMaxPathBytes));
   if (whole.empty()) return TWC_ERROR_PARAMETER;
   if (zavel::storage().exists(whole)) return 0;
@@ -64,12 +65,16 @@ int32_t twcCreateFolder(const char* path) {
   if (zavel::storage().exists(whole)) return 0;
   // Every prefix stood and yet the whole does not: cut at the limit, or removed again meanwhile.
   return error ? error : TWC_ERROR_PARAMETER;
+} catch (const std::bad_alloc&) {
+  return TWC_ERROR_PARAMETER;
 }
 
-char* twcUserFolderCreateCopy(void) {
+char* twcUserFolderCreateCopy(void) try {
   const std::string home = zavel::platform().folders().home();
   if (home.empty() || home.size() > kMaxPathBytes) return nullptr;
   return newString(home);
+} catch (const std::bad_alloc&) {
+  return nullptr;
 }
 
 int32_t twcGetBytesFromCFString(const char* string, char* buffer, int32_t size) {
@@ -80,17 +85,21 @@ int32_t twcGetBytesFromCFString(const char* string, char* buffer, int32_t size) 
   return static_cast<int32_t>(bytes.size());
 }
 
-int32_t twcMakeFolderInFolderX(const char* parent, const uint8_t* name) {
+int32_t twcMakeFolderInFolderX(const char* parent, const uint8_t* name) try {
   if (!parent || !name) return TWC_ERROR_PARAMETER;
   const std::string folder(reinterpret_cast<const char*>(name) + 1, name[0]);
   const bool impossible = folder.empty() || folder == "." || folder == ".." ||
                           folder.find_first_of(std::string_view("/\0", 2)) != std::string::npos;
   if (impossible) return TWC_ERROR_PARAMETER;
   return zavel::storage().makeFolder(std::string(parent) + "/" + folder);
+} catch (const std::bad_alloc&) {
+  return TWC_ERROR_PARAMETER;
 }
 
-bool twcCFStringToFSRef(const char* path) {
+bool twcCFStringToFSRef(const char* path) try {
   return path && zavel::storage().exists(path);
+} catch (const std::bad_alloc&) {
+  return false;
 }
 
 char* twcFSSpecToCFString(const char* path) {

@@ -5,6 +5,7 @@
  *     functions that turn one form into another copy.
  *  2. A `char*` result is a new string from the general allocator: the caller frees it with free().
  *  3. Error numbers: 0 success, negative the system's own as told, positive the platform's.
+ *  4. Without memory the result is TWC_ERROR_PARAMETER, null or false; nothing is thrown at the host.
  */
 #ifndef CONFIG_TWCSERVICES_H
 #define CONFIG_TWCSERVICES_H

@@ -4,9 +4,11 @@
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
+#include <new>
 #include <string>
 
 #include "config/ConfigTest.h"
+#include "support/FaultyStorage.h"
 
 extern "C" int zavelConfigInC(void);
 
@@ -272,6 +274,36 @@ TEST_F(TwcCFStringToFSRef, IsTrueWhenThePathExists) {
   EXPECT_FALSE(twcCFStringToFSRef(at("nothing").c_str()));
   EXPECT_FALSE(twcCFStringToFSRef(""));
   EXPECT_FALSE(twcCFStringToFSRef(nullptr));
+}
+
+// --- No memory ---
+
+class DiskWithoutMemory : public FaultyStorage {
+ public:
+  bool exists(const std::string&) override { throw std::bad_alloc(); }
+  int makeFolder(const std::string&) override { throw std::bad_alloc(); }
+};
+
+class FoldersWithoutMemory : public FakeFolders {
+ public:
+  std::string home() override { throw std::bad_alloc(); }
+};
+
+class PlatformWithoutMemory : public TestPlatform {
+ public:
+  Folders& folders() override { return full; }
+  FoldersWithoutMemory full;
+};
+
+TEST(TwcServices, WithoutMemoryNothingIsThrownAtTheHost) {
+  DiskWithoutMemory disk;
+  EXPECT_EQ(twcCreateFolder("/a"), -50);
+  EXPECT_EQ(twcMakeFolderInFolderX("/a", reinterpret_cast<const uint8_t*>("\1b")), -50);
+  EXPECT_FALSE(twcCFStringToFSRef("/"));
+  PlatformWithoutMemory full;
+  Platform* const before = setPlatform(&full);
+  EXPECT_EQ(twcUserFolderCreateCopy(), nullptr);
+  setPlatform(before);
 }
 
 }  // namespace
