@@ -1,6 +1,7 @@
 // Tests: tests/engine/SaveIdx1Test.cpp
 #include "engine/SaveIdx1.h"
 
+#include <new>
 #include <string>
 
 #include "engine/Frame.h"
@@ -45,13 +46,18 @@ std::string FileBytes(const idx_info_ptr& info, uint16_t type) {
   return idx + Rows(info.tableC, kTableHeadC);
 }
 
-bool WriteAnew(const UserIdx& idx, uint16_t type) {
+// Caught here and not further up, so that the caller can put the old index back whatever went wrong.
+Status WriteAnew(const UserIdx& idx, uint16_t type) try {
   CloseFsObj(idx.stream);
-  if (storage().exists(idx.path) && !DeleteFile(idx.path)) return false;
+  if (storage().exists(idx.path) && !DeleteFile(idx.path)) return kFileError;
   uint32_t offset = 0;
   const std::string bytes = FileBytes(*idx.info, type);
-  return NewOpenFsObj(idx.stream, idx.path) &&
-         ApendData(idx.stream, bytes.data(), bytes.size(), &offset) == kOk && idx.stream->Sync();
+  const bool written = NewOpenFsObj(idx.stream, idx.path) &&
+                       ApendData(idx.stream, bytes.data(), bytes.size(), &offset) == kOk &&
+                       idx.stream->Sync();
+  return written ? kOk : kFileError;
+} catch (const std::bad_alloc&) {
+  return kNoMemory;
 }
 
 }  // namespace
@@ -70,10 +76,11 @@ Status SaveIdx1(uint16_t type, uint16_t fileNo) {
   // While an earlier save is unfinished the ".bkup" is the only whole index and must not be copied over.
   if (!idx.info->unfinished && !CopyFile(idx.path, bkup)) return kFileError;
   idx.info->unfinished = true;
-  if (!WriteAnew(idx, type)) {
+  const Status status = WriteAnew(idx, type);
+  if (status != kOk) {
     CloseFsObj(idx.stream);
     idx.info->unfinished = !CopyFile(bkup, idx.path);
-    return kFileError;
+    return status;
   }
   idx.info->unfinished = false;
   idx.info->dirty = 0;

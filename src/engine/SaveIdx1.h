@@ -19,7 +19,7 @@ Status ApendData(FsObj* stream, const void* bytes, size_t length, uint32_t* offs
 // `fileNo`. The old file stands as ".bkup" beside it until the new one is complete and on the disk; after a
 // failure either the old index is back in its place or the ".bkup" holds it. Leaves the stream open on
 // success. kOk also when nothing changed, kInternal when the index is not loaded or there is no such index,
-// kFileError.
+// kFileError, kNoMemory.
 Status SaveIdx1(uint16_t type, uint16_t fileNo);
 
 // Saves every index of the opened user sets; the last status other than 1 stands.

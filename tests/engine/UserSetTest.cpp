@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <iterator>
+#include <new>
 
 #include "engine/EngineFixture.h"
 #include "engine/IdxInfo.h"
@@ -350,6 +351,76 @@ TEST_F(UserSetTest, EveryIndexHasItsNamedBlock) {
     EXPECT_EQ(mapping->block, block.bytes) << block.name;
   }
   EXPECT_EQ(CreateFileMapping(-1, nullptr, 4, 0, 1, "SM_USER_KJI002"), nullptr);
+}
+
+// A disk whose n-th open ends for want of memory.
+class DiskWithoutMemory : public FaultyStorage {
+ public:
+  std::unique_ptr<StorageFile> open(const std::string& path, OpenMode mode) override {
+    if (--countdown_ == 0) throw std::bad_alloc();
+    return FaultyStorage::open(path, mode);
+  }
+  // 0: there is memory enough.
+  void failAtOpen(int n) { countdown_ = n; }
+  bool failed() const { return countdown_ <= 0; }
+
+ private:
+  int countdown_ = 0;
+};
+
+TEST_F(UserSetTest, WithoutMemoryOpeningIs17AndTheEngineIsClosed) {
+  ASSERT_EQ(OpenBoth(), 1);  // makes the sets
+  ASSERT_EQ(EndAPI(), 1);
+  DiskWithoutMemory disk;
+  int opens = 0;
+  for (int n = 1;; ++n) {
+    disk.failAtOpen(n);
+    const Status status = OpenBoth();
+    if (!disk.failed()) {
+      EXPECT_EQ(status, 1);
+      break;
+    }
+    opens = n;
+    EXPECT_EQ(status, 17) << n;
+    EXPECT_FALSE(initAPIFlag);
+    EXPECT_EQ(g_fs_Ej_Dic_Kihon, nullptr);
+    EXPECT_EQ(g_sKihonEJ.tableBase, nullptr);
+    EXPECT_EQ(EndAPI(), 263) << n;
+  }
+  // 13 files of the basic set proved; 8 of the user sets proved twice, their existence first; 5 + 1 + 5
+  // loaded with the Japanese set opened whole.
+  EXPECT_EQ(opens, 13 + 8 * 2 + 5 + 1 + 5);
+}
+
+TEST_F(UserSetTest, WithoutMemorySearchesAre17AndLeaveTheEngineUsable) {
+  ASSERT_EQ(OpenBoth(), 1);
+  DiskWithoutMemory disk;
+  uint32_t size = 9;
+  Handle list = nullptr;
+  for (int n = 1; n <= 4; ++n) {  // the user's blocks and entries, then the basic ones
+    disk.failAtOpen(n);
+    EXPECT_EQ(SerchMidasiE("apple", 0, &size, &list, 3), 17) << n;
+    EXPECT_EQ(size, 0u);
+    EXPECT_EQ(list, nullptr);
+    EXPECT_EQ(g_ProcessInfo->stateE, 0);
+  }
+  disk.failAtOpen(0);
+  ASSERT_EQ(SerchMidasiE("apple", 0, &size, &list, 3), 1);
+  EXPECT_EQ(size, 17u);  // u16, "apple [" with six bytes of gloss, "]", NUL
+  GlobalFree(list);
+}
+
+TEST_F(UserSetTest, WithoutMemoryEndAPIIs17AndTheEngineIsClosed) {
+  ASSERT_EQ(OpenBoth(), 1);
+  const std::string idx = readFile(UserFile("ej.idx"));
+  DiskWithoutMemory disk;
+  g_sUserEJ.dirty = 1;
+  disk.failAtOpen(1);
+  EXPECT_EQ(EndAPI(), 17);
+  EXPECT_FALSE(initAPIFlag);
+  EXPECT_TRUE(readFile(UserFile("ej.idx")) == idx);
+  EXPECT_EQ(EndAPI(), 263);
+  EXPECT_EQ(OpenBoth(), 1);
 }
 
 // Paths, then the files of the basic set, of the English and of the Japanese one, then the indexes.
