@@ -175,7 +175,9 @@ std::string answerText(const LookResult& result, const TextLook& look) {
     out += entryText(entry, look);
   }
   if (count < result.entries.size()) {
-    const std::string more = std::to_string(result.entries.size() - count) + " more entries (--limit)";
+    const size_t left = result.entries.size() - count;
+    const std::string more =
+        std::to_string(left) + (left == 1 ? " more entry" : " more entries") + " (--limit)";
     out += "\n" + dim(more, look.colour) + "\n";
   }
   return out + furtherHeadwords(result, look);

@@ -68,7 +68,7 @@ TEST(AnswerText, ListsFurtherHeadwordsOnce) {
 TEST(AnswerText, KeepsTheLimit) {
   TextLook look;
   look.limit = 1;
-  EXPECT_EQ(answerText(result({entry("a", "a"), entry("b", "b")}), look), "a\n\n1 more entries (--limit)\n");
+  EXPECT_EQ(answerText(result({entry("a", "a"), entry("b", "b")}), look), "a\n\n1 more entry (--limit)\n");
 }
 
 TEST(AnswerText, WrapsWithTheIndentKept) {

@@ -78,7 +78,7 @@ expect "not found, as JSON" 1 '{"schema":1,"query":"curch","status":"not_found",
 expect "one of two found" 0 "*church*" "*no entry for \"zzz\"*" "$zavel" look zzz church
 expect "a word that is too long" 4 "" "*too long*" "$zavel" look "$(printf 'a%.0s' {1..256})"
 expect "a word that is no text" 4 "" "*not UTF-8*" "$zavel" look $'\xff'
-expect "the limit" 0 "*1 more entries*" "" "$zavel" look --limit 1 go
+expect "the limit" 0 "*1 more entry*" "" "$zavel" look --limit 1 go
 
 expect_input "words on standard input, line n for line n" 0 \
   '{"schema":1,"query":"church",*}'$'\n''{"schema":1,"query":"","status":"not_found",*}'$'\n''{"schema":1,"query":"行く",*}' "" \
