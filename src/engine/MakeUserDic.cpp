@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <new>
 #include <vector>
 
 #include "engine/DicFormat.h"
@@ -103,15 +104,24 @@ struct NamedFile {
   std::string path;
 };
 
-// Makes all files or none.
+void RemoveAll(const std::vector<NamedFile>& files) {
+  for (const NamedFile& named : files) DeleteFile(named.path);
+}
+
+// Makes all files or none, also when memory runs out in between: half a set could never be opened again.
 bool MakeAll(const std::vector<NamedFile>& files) {
   const auto there = [](const NamedFile& named) { return storage().exists(named.path); };
   if (std::any_of(files.begin(), files.end(), there)) return false;
-  const auto failed = std::find_if_not(files.begin(), files.end(), [](const NamedFile& named) {
-    return writeFileAtomically(named.path, NewFile(named.file, 0));
-  });
-  if (failed == files.end()) return true;
-  for (const NamedFile& named : files) DeleteFile(named.path);
+  try {
+    const auto make = [](const NamedFile& named) {
+      return writeFileAtomically(named.path, NewFile(named.file, 0));
+    };
+    if (std::all_of(files.begin(), files.end(), make)) return true;
+  } catch (const std::bad_alloc&) {
+    RemoveAll(files);
+    throw;
+  }
+  RemoveAll(files);
   return false;
 }
 

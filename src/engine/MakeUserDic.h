@@ -22,7 +22,8 @@ enum UserFile : uint16_t {
 };
 
 // Makes the whole set at the user prefix. False when one of its files is there already, readable or not, or
-// can't be written; nothing that was there is touched, and nothing new is left behind.
+// can't be written; nothing that was there is touched, and nothing new is left behind, also when
+// std::bad_alloc is thrown.
 bool MakeUserDicE();
 bool MakeUserDicJ();
 

@@ -353,12 +353,17 @@ TEST_F(UserSetTest, EveryIndexHasItsNamedBlock) {
   EXPECT_EQ(CreateFileMapping(-1, nullptr, 4, 0, 1, "SM_USER_KJI002"), nullptr);
 }
 
-// A disk whose n-th open ends for want of memory.
+// A disk whose n-th open, of whatever kind, ends for want of memory.
 class DiskWithoutMemory : public FaultyStorage {
  public:
   std::unique_ptr<StorageFile> open(const std::string& path, OpenMode mode) override {
     if (--countdown_ == 0) throw std::bad_alloc();
     return FaultyStorage::open(path, mode);
+  }
+  std::unique_ptr<StorageFile> openTemporary(const std::string& folder, const std::string& prefix,
+                                             std::string* path) override {
+    if (--countdown_ == 0) throw std::bad_alloc();
+    return FaultyStorage::openTemporary(folder, prefix, path);
   }
   // 0: there is memory enough.
   void failAtOpen(int n) { countdown_ = n; }
@@ -390,6 +395,27 @@ TEST_F(UserSetTest, WithoutMemoryOpeningIs17AndTheEngineIsClosed) {
   // 13 files of the basic set proved; 8 of the user sets proved twice, their existence first; 5 + 1 + 5
   // loaded with the Japanese set opened whole.
   EXPECT_EQ(opens, 13 + 8 * 2 + 5 + 1 + 5);
+}
+
+TEST_F(UserSetTest, WithoutMemoryWhileCreatingThereIsAllOrNothing) {
+  DiskWithoutMemory disk;
+  for (const bool english : {true, false}) {
+    const auto open = [&] { return english ? OpenE() : OpenJ(); };
+    const int files = english ? 3 : 5;
+    // 13 basic files and those of the set are looked for, then made.
+    for (int n = 13 + files + 1; n <= 13 + files + files; ++n) {
+      disk.failAtOpen(n);
+      EXPECT_EQ(open(), 17) << n;
+      EXPECT_EQ(UserFiles(), 0) << n;
+    }
+    disk.failAtOpen(13 + files + files + 1);
+    EXPECT_EQ(open(), 17);
+    EXPECT_EQ(UserFiles(), files) << "made, and then not opened";
+    disk.failAtOpen(0);
+    EXPECT_EQ(open(), 1);
+    EXPECT_EQ(EndAPI(), 1);
+    EmptyUserFolder();
+  }
 }
 
 TEST_F(UserSetTest, WithoutMemorySearchesAre17AndLeaveTheEngineUsable) {
