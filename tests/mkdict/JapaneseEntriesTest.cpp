@@ -149,7 +149,7 @@ TEST(JapaneseEntries, TheSameWordInTwoLinesIsOneEntry) {
   EXPECT_EQ("\xF5\xD1" + sjis("は") + "\n\xF5\xD3-[" + sjis("助") + "]\n\xF5\xD4topic\n\xF5\xD3-[" +
                 sjis("感") + "]\n\xF5\xD4yes\n",
             made.entries[0].text);
-  EXPECT_EQ(rankOf("は /(prt) topic/(P)/"), made.entries[0].rank);
+  EXPECT_EQ(19u, made.entries[0].rank);  // that of the common line
   EXPECT_EQ(2u, made.summary.valueOf("EDICT lines joined to one of the same word"));
   EXPECT_EQ(1u, made.summary.valueOf("EDICT lines that say nothing new"));
 }
@@ -187,6 +187,16 @@ TEST(JapaneseEntries, OutdatedKanjiDoNotMakeAKanaWordRare) {
   EXPECT_EQ(rankOf("こと /(n) x/"), rankOf("此 [こと] /(oK) (n) (uk) x/"));
   EXPECT_LT(rankOf("此 [こと] /(n) x/"), rankOf("此 [こと] /(oK) (n) x/"));
   EXPECT_LT(rankOf("此 [こと] /(n) (uk) x/"), rankOf("此 [こと] /(ok) (n) (uk) x/"));
+}
+
+// 犬 stands in one common word, 狗 and 亜 in none; 狗 is another spelling of 犬.
+TEST(JapaneseEntries, RareKanjiAndOtherSpellingsComeLater) {
+  const Made made({"犬 [いぬ] /(n) dog/(P)/", "狗 [いぬ] /(n) dog/", "亜 [あ] /(n) x/", "あ /(int) ah/"});
+  ASSERT_EQ(4u, made.entries.size());
+  EXPECT_EQ(100u + 19 + 8 * 6, made.entries[0].rank);
+  EXPECT_EQ(300u + 19 + 8 * (7 + 2), made.entries[1].rank);
+  EXPECT_EQ(300u + 19 + 8 * 7, made.entries[2].rank);
+  EXPECT_EQ(200u + 19, made.entries[3].rank);
 }
 
 TEST(JapaneseEntries, AWordOfTenSensesIsCommon) {

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <limits>
 #include <string_view>
 
 #include "engine/DicFormat.h"
@@ -44,9 +43,14 @@ uint8_t byteAt(const std::string& key, size_t i) {
 }
 
 // The i-th byte of a prefix as a number that sorts as the readers compare it.
-int weight(uint16_t type, const std::string& key, size_t i) {
+int sortValue(uint16_t type, const std::string& key, size_t i) {
   const uint8_t byte = byteAt(key, i);
   return type == kTypeKji ? byte : static_cast<int8_t>(byte);
+}
+
+// What a word weighs when a table is full: half as much for each step of 32 in its rank, at least 1.
+uint64_t weightOf(uint32_t rank) {
+  return (uint64_t{1} << 40) >> std::min<uint32_t>(rank / 32, 40);
 }
 
 // Lengths of the prefix parts that tables A, B and C hold; 0 for a table that the type lacks.
@@ -81,7 +85,7 @@ std::string IndexWriter::remainderOf(uint16_t type, const std::string& key) {
 
 int IndexWriter::comparePrefixes(uint16_t type, const std::string& a, const std::string& b) {
   for (size_t i = 0; i < prefixLength(type); ++i) {
-    const int difference = weight(type, a, i) - weight(type, b, i);
+    const int difference = sortValue(type, a, i) - sortValue(type, b, i);
     if (difference != 0) return difference;
   }
   return 0;
@@ -169,21 +173,18 @@ void IndexWriter::limitBlocks(const LeftOut& leftOut) {
   keepOnly(keep, RowFault::kFullBlock, leftOut);
 }
 
-// Table C holds a row for each prefix, so it is the first to be full. The prefixes with the most frequent
-// word stay, among equals those with most words.
+// Table C holds a row for each prefix, so it is the first to be full. The prefixes stay whose words weigh
+// most together, so that few words and no frequent ones are lost; among equals the first.
 void IndexWriter::limitTables(const LeftOut& leftOut) {
   const std::vector<Group> all = groups();
   if (all.size() <= kMaxTableRows) return;
-  std::vector<uint32_t> best(all.size(), std::numeric_limits<uint32_t>::max());
+  std::vector<uint64_t> weights(all.size(), 0);
   std::vector<size_t> order(all.size());
   for (size_t g = 0; g < all.size(); ++g) {
     order[g] = g;
-    for (size_t i = all[g].begin; i < all[g].end; ++i) best[g] = std::min(best[g], rows_[i].rank);
+    for (size_t i = all[g].begin; i < all[g].end; ++i) weights[g] += weightOf(rows_[i].rank);
   }
-  std::stable_sort(order.begin(), order.end(), [&](size_t a, size_t b) {
-    if (best[a] != best[b]) return best[a] < best[b];
-    return all[a].end - all[a].begin > all[b].end - all[b].begin;
-  });
+  std::stable_sort(order.begin(), order.end(), [&](size_t a, size_t b) { return weights[a] > weights[b]; });
   std::vector<bool> keep(rows_.size(), true);
   for (size_t k = kMaxTableRows; k < order.size(); ++k) {
     const Group& group = all[order[k]];

@@ -13,7 +13,7 @@ namespace zavel::mkdict {
 struct IndexRow {
   std::string key;     // as engine/ChangeMidasi.h makes it
   uint32_t entry = 0;  // number of the entry it leads to, in the order of the source
-  uint32_t rank = 0;   // 0 the most frequent
+  uint32_t rank = 0;   // 0 the most frequent; 32 more weigh half as much where a table is full
 };
 
 // Why a row could not be filed.

@@ -11,6 +11,7 @@
 #include "mkdict/JapaneseEntries.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "engine/DicFormat.h"
 #include "engine/MidasiCheck.h"
@@ -21,6 +22,11 @@
 namespace zavel::mkdict {
 namespace {
 
+// Parts of a rank.
+constexpr uint32_t kUncommon = 100;     // from here on words that are not common
+constexpr uint32_t kKanaFirst = 50;     // added to a word that is written in kanji
+constexpr uint32_t kRarityWeight = 8;   // a kanji half as common weighs as much as eight senses
+constexpr uint32_t kOtherSpelling = 2;  // in rarity; 8 * (7 + 2) + 19 stays below 100
 constexpr size_t kSensesOfCommonWord = 10;
 constexpr size_t kSensesCounted = 20;  // in a rank
 constexpr char kSeparator = static_cast<char>(engine::kKanjiSeparator);
@@ -83,12 +89,21 @@ std::string numberMark(size_t number) {
   return apart + tag(engine::kTagImi) + tag(engine::kTagGothic) + digits + tag(engine::kTagRoman) + " ";
 }
 
-bool hasKanji(std::string_view sjis) {
+// The kanji in a written form, as codes. The reader's own test.
+std::vector<uint16_t> kanjiIn(std::string_view sjis) {
+  std::vector<uint16_t> codes;
   for (size_t at = 0; at + 1 < sjis.size(); at += 2) {
     const unsigned code = static_cast<uint8_t>(sjis[at]) << 8 | static_cast<uint8_t>(sjis[at + 1]);
-    if (engine::_ismbcl1(code) || engine::_ismbcl2(code)) return true;
+    if (engine::_ismbcl1(code) || engine::_ismbcl2(code)) codes.push_back(static_cast<uint16_t>(code));
   }
-  return false;
+  return codes;
+}
+
+// 0 for a kanji that a hundred or more common words use, one more for each halving, 7 for none at all.
+uint32_t rarityOf(uint32_t uses) {
+  uint32_t rarity = 0;
+  for (uint32_t limit = 64; uses < limit && rarity < 7; limit /= 2) ++rarity;
+  return rarity;
 }
 
 // A reading without the dots that part the words of a foreign phrase: no query can hold one.
@@ -171,7 +186,7 @@ void JapaneseEntries::file(const Headword& shown, const std::string& name, Japan
   if (engine::ChkMidasiStrJ(shown.kana.c_str()) == engine::kOk) entry->kana = shown.kana;
   // A reader takes a word for a written form only when it holds a kanji.
   const std::string& written = shown.written.empty() ? shown.kana : shown.written;
-  const bool kanji = engine::ChkMidasiStrK(written.c_str()) == engine::kOk && hasKanji(written);
+  const bool kanji = engine::ChkMidasiStrK(written.c_str()) == engine::kOk && !kanjiIn(written).empty();
   if (kanji) entry->kanji = written;
   if (entry->kana.empty() && !kanji) {
     summary_->leftOut("Japanese words that no query can hold", name);
@@ -223,8 +238,36 @@ void JapaneseEntries::add(const EdictLine& line) {
   headLines_.push_back(head);
 }
 
+void JapaneseEntries::refineRanks() {
+  const auto written = [this](size_t i) {
+    const size_t at = headLines_[i].find(kSeparator);
+    return at == std::string::npos ? std::string_view() : std::string_view(headLines_[i]).substr(at + 1);
+  };
+  // The spellings of one word share reading and meaning.
+  const auto wordOf = [this](size_t i) {
+    return std::hash<std::string>()(entries_[i].kana + entries_[i].text);
+  };
+  std::vector<uint32_t> uses(0x10000, 0);
+  std::unordered_map<size_t, uint32_t> best;
+  for (size_t i = 0; i < entries_.size(); ++i) {
+    const uint32_t rank = entries_[i].rank;
+    const auto [known, isNew] = best.try_emplace(wordOf(i), rank);
+    if (!isNew) known->second = std::min(known->second, rank);
+    if (rank >= kUncommon) continue;
+    for (const uint16_t kanji : kanjiIn(written(i))) ++uses[kanji];
+  }
+  for (size_t i = 0; i < entries_.size(); ++i) {
+    uint32_t rarity = 0;
+    for (const uint16_t kanji : kanjiIn(written(i))) rarity = std::max(rarity, rarityOf(uses[kanji]));
+    const uint32_t rank = entries_[i].rank;
+    if (rank > best[wordOf(i)]) rarity += kOtherSpelling;
+    entries_[i].rank = rank / kKanaFirst * 100 + rank % kKanaFirst + kRarityWeight * rarity;
+  }
+}
+
 std::vector<JapaneseEntry> JapaneseEntries::take() {
   byHeadLine_ = {};
+  refineRanks();
   for (size_t i = 0; i < entries_.size(); ++i) {
     entries_[i].text = tag(engine::kTagEntry) + headLines_[i] + "\n" + entries_[i].text;
   }

@@ -22,15 +22,16 @@ class JapaneseEntries {
   // are the more frequent ones; senses that stand there already are not repeated.
   void add(const EdictLine& line);
 
-  // The entries in the order of their first lines; this is then empty.
+  // The entries in the order of their first lines; this is then empty. Their ranks now also tell words in
+  // kanji that common words use from words in rare kanji, and a word from its other spellings.
   std::vector<JapaneseEntry> take();
 
   // What follows the headword line, in Shift_JIS: a line on the whole word, part-of-speech lines, senses.
   // False when a character can't be written; *lacking names it.
   static bool body(const EdictLine& line, std::string* text, std::string* lacking);
 
-  // The smaller the more frequent: common words, others, rare ones; in each the words that are written in
-  // kana, then those with most senses.
+  // The smaller the more frequent, as far as the line itself tells: common words, others, rare ones; in each
+  // the words that are written in kana, then those with most senses.
   static uint32_t rank(const EdictLine& line);
   static bool inKana(const EdictLine& line);
 
@@ -40,6 +41,7 @@ class JapaneseEntries {
     std::string written;  // as shown, may be empty
   };
   bool headword(const EdictLine& line, Headword* out);
+  void refineRanks();
   void join(JapaneseEntry* entry, const std::string& body, uint32_t rank);
   void file(const Headword& shown, const std::string& name, JapaneseEntry* entry);
 
