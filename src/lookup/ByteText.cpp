@@ -1,6 +1,6 @@
 // Tests: tests/lookup/ByteTextTest.cpp, tests/lookup/RandomWalksTest.cpp
 //
-// Both walks are told as "find from the beginning, cut, find from the beginning again", and both give
+// Both walks mean "find from the beginning, cut, find from the beginning again", and both give
 // results of their own where a cut brings two halves of a mark together. Read literally they copy the rest
 // of the text at each cut. Here the text is one buffer with a gap: [0, write) is settled, [read, size) is
 // still to be looked at, and what a cut leaves on its left goes back to the right side as far as a mark

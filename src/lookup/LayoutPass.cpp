@@ -1,9 +1,9 @@
 // Tests: tests/lookup/LayoutTest.cpp, tests/lookup/RandomWalksTest.cpp
 //
-// As told, the walk replaces inside one text and goes one position on: after a replacement it stands on
-// the second byte of what was put there, which holds nothing to act on, and after a deletion it has passed
-// over the byte that moved in. So the text falls in two, the settled part and the part to come, and a
-// replacement is an append to the first: the whole pass is one run over the text.
+// The walk is defined inside one text: it replaces a key there and goes one position on. After a
+// replacement it then stands on the second byte of what was put there, which holds nothing to act on; after
+// a deletion it has passed over the byte that moved in. So the text falls in two, the settled part and the
+// part to come, and a replacement is an append to the first: the whole pass is one run over the text.
 #include "lookup/LayoutPass.h"
 
 #include <algorithm>
@@ -122,6 +122,7 @@ void LayoutPass::ignore() {
   std::move_backward(in_.begin() + static_cast<ptrdiff_t>(at_), in_.begin() + static_cast<ptrdiff_t>(end),
                      in_.begin() + static_cast<ptrdiff_t>(end) + 1);
   ++at_;
+  spaceFreeUntil_ = std::min(spaceFreeUntil_, end);  // the CR may have parted one
 }
 
 // Deletes the key, and the ideographic spaces ahead of the next ")".
@@ -137,8 +138,11 @@ void LayoutPass::joinSpacedText() {
 // limit stays where it was while the text draws closer, so k deletions let 2k bytes behind it be searched
 // too; see docs/quirks.md.
 void LayoutPass::dropIdeographicSpaces(size_t limit) {
-  std::string kept;
-  size_t read = at_;
+  const size_t first = in_.find(kIdeographicSpace, std::max(at_, spaceFreeUntil_));
+  spaceFreeUntil_ = std::min(first, in_.size());
+  if (spaceFreeUntil_ >= at_ + limit) return;
+  std::string kept(in_, at_, first - at_);
+  size_t read = first;
   while (read < in_.size() && kept.size() <= limit) {
     kept.push_back(in_[read++]);
     if (kept.ends_with(kIdeographicSpace) && kept.size() - 2 < limit) kept.resize(kept.size() - 2);

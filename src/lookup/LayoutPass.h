@@ -40,10 +40,11 @@ class LayoutPass {
 
   std::string in_;  // [at_, end) is still to be laid out
   size_t at_ = 0;
-  std::string out_;           // the text ahead of the walk's position
-  bool hinsiBreaks_ = true;   // the part-of-speech flag: the next kMetaHinsi begins a line
-  bool bracketsLeft_ = true;  // a ")" may stand ahead
-  bool returnsLeft_ = true;   // a CR may stand ahead
+  std::string out_;            // the text ahead of the walk's position
+  bool hinsiBreaks_ = true;    // the part-of-speech flag: the next kMetaHinsi begins a line
+  size_t spaceFreeUntil_ = 0;  // no ideographic space begins in [at_, here)
+  bool bracketsLeft_ = true;   // a ")" may stand ahead
+  bool returnsLeft_ = true;    // a CR may stand ahead
 };
 
 }  // namespace zavel

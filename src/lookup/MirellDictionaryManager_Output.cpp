@@ -60,8 +60,9 @@ std::string MirellDictionaryManager::GetDebugResult() {
   return debugResult;
 }
 
-// The walk as told replaces inside the text and steps back, so that it looks at the same place again; what
-// it puts there never makes it act, nor does what stands in front. So one run from left to right does.
+// The walk is defined inside one text: it replaces a key there and steps back, so that it looks at the same
+// place again. What it puts there never makes it act, nor does what stands in front, so one run from left
+// to right does.
 std::string MirellDictionaryManager::ConvertMetaKey(const std::string& text, uint8_t mode) {
   std::string out;
   size_t at = 0;

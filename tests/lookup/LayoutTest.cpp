@@ -184,6 +184,12 @@ TEST(LayoutSpaces, ASpaceThatADeletionMakesGoesToo) {
   EXPECT_EQ(laidOut(tag(0xF5C6) + "x\x81\x81\x40\x40y)"), "xy)");
 }
 
+TEST(LayoutSpaces, ASpaceThatACarriageReturnPartedGoesOnceTheReturnIsIgnored) {
+  const std::string parted = "\x81\r\x40";
+  EXPECT_EQ(laidOut(tag(0xF5C6) + "x" + parted + ")"), "x" + parted + ")");
+  EXPECT_EQ(laidOut(tag(0xF5C6) + "x" + tag(0xF5A7) + tag(0xF5C6) + parted + ")"), "x)");
+}
+
 TEST(LayoutSpaces, TheByteBehindTheKeyIsPassedOver) {
   EXPECT_EQ(laidOut(tag(0xF5C6) + tag(0xF5D8) + "x)"), tag(0xF5D8) + "x)");
 }

@@ -43,6 +43,18 @@ void expectSameWalks(const std::string& text) {
   ASSERT_EQ(manager.styleRuns, slowRuns);
 }
 
+void expectSameLayout(const std::string& text) {
+  ASSERT_EQ(hex(LayoutPass(text).run()), hex(slowLayout(text))) << hex(text);
+}
+
+void expectSameStyles(const std::string& text) {
+  std::vector<ScrpSTElement> quickRuns, slowRuns;
+  ASSERT_EQ(hex(StylePass(text, plainRun(0), kRed, kBlue).run(quickRuns)),
+            hex(slowStyles(text, plainRun(0), kRed, kBlue, &slowRuns)))
+      << hex(text);
+  ASSERT_EQ(quickRuns, slowRuns) << hex(text);
+}
+
 void expectSameCuts(const std::string& text) {
   SCOPED_TRACE(hex(text));
   for (const auto& [start, end] : {std::pair("(", ")"), std::pair("\x81\x85", "\x81\x86"),
@@ -107,23 +119,36 @@ void everySequence(const std::vector<std::string>& pieces, int depth, const std:
   for (const std::string& piece : pieces) everySequence(pieces, depth - 1, front + piece, check);
 }
 
-TEST(RandomWalks, EveryPairOfPiecesIsWalkedAsTold) {
+TEST(RandomWalks, EveryPairOfPiecesIsWalkedAsDefined) {
   everySequence(keyPieces(), 2, "", [](const std::string& text) { expectSameWalks(text); });
 }
 
-TEST(RandomWalks, EveryShortSequenceOfTheKeysThatMoveThingsIsWalkedAsTold) {
+TEST(RandomWalks, EveryShortSequenceOfTheKeysThatMoveThingsIsLaidOutAsDefined) {
   const std::vector<std::string> pieces = {tag(0xF5A7), tag(0xF5C6), tag(0xF5D4), tag(0xF5D3),
                                            "\x0D",      "\x81\x40",  ")",         "\x1B"};
-  everySequence(pieces, 5, "", [](const std::string& text) { expectSameWalks(text); });
+  everySequence(pieces, 5, "", expectSameLayout);
 }
 
-TEST(RandomWalks, EveryShortSequenceOfStyleKeysIsWalkedAsTold) {
+TEST(RandomWalks, EveryShortSequenceOfHalfSpacesIsLaidOutAsDefined) {
+  const std::vector<std::string> pieces = {tag(0xF5A7), tag(0xF5C6), "\x0D", "\x81", "\x40", ")"};
+  everySequence(pieces, 6, "", expectSameLayout);
+}
+
+TEST(RandomWalks, LongTextsOfHalfSpacesAreLaidOutAsDefined) {
+  std::mt19937 random(20010909);
+  const std::vector<std::string> pieces = {tag(0xF5A7), tag(0xF5C6), "\x0D", "\x81", "\x40", ")", "x"};
+  for (int i = 0; i < 30000 && !HasFatalFailure(); ++i) {
+    expectSameLayout(randomText(random, pieces, 8 + random() % 10));
+  }
+}
+
+TEST(RandomWalks, EveryShortSequenceOfStyleKeysIsStyledAsDefined) {
   const std::vector<std::string> pieces = {tag(0xF5B1), tag(0xF5B9), tag(0xF5C1), tag(0xF5C9),
                                            tag(0xF5D1), "\x0D",      "a",         "\xF5"};
-  everySequence(pieces, 5, "", [](const std::string& text) { expectSameWalks(text); });
+  everySequence(pieces, 5, "", expectSameStyles);
 }
 
-TEST(RandomWalks, LongTextsAreWalkedAsTold) {
+TEST(RandomWalks, LongTextsAreWalkedAsDefined) {
   std::mt19937 random(20050401);
   const std::vector<std::string> pieces = keyPieces();
   for (int i = 0; i < 4000 && !HasFatalFailure(); ++i) {
@@ -131,12 +156,12 @@ TEST(RandomWalks, LongTextsAreWalkedAsTold) {
   }
 }
 
-TEST(RandomWalks, EveryShortSequenceIsCutAsTold) {
+TEST(RandomWalks, EveryShortSequenceIsCutAsDefined) {
   const std::vector<std::string> pieces = {"a", "b", "(", ")", "\x81", "\x85", "\x86", "|"};
   everySequence(pieces, 5, "", [](const std::string& text) { expectSameCuts(text); });
 }
 
-TEST(RandomWalks, LongTextsAreCutAsTold) {
+TEST(RandomWalks, LongTextsAreCutAsDefined) {
   std::mt19937 random(19991231);
   const std::vector<std::string> pieces = {"a",    "b",    "(",    ")", "\x81\x85", "\x81\x86", "\x81", "|",
                                            "\x85", "\x86", "\x5B", " ", "[",        "\x95\x5C", "]"};

@@ -1,4 +1,4 @@
-// SLOW ON PURPOSE. The walks over entry text exactly as they are told: one text, a position, a replacement
+// SLOW ON PURPOSE. The walks over entry text exactly as they are defined: one text, a position, a replacement
 // or a deletion inside it, a step back, and the test for an escape. Only tests may use them; they say what
 // the quick forms in the library must give.
 #ifndef TESTS_LOOKUP_SLOWWALKS_H
