@@ -34,7 +34,8 @@ struct SerchCall {
   uint8_t dic;
 };
 
-// What a search does between opening and closing: fills `records` with the block list's bytes.
+// What a search does between opening and closing: fills `records` with the block list's bytes. Callers wrap
+// a reference to their function, which takes no memory: a lack of it is caught only inside RunSerch.
 using SerchWork = std::function<Status(SerchSides sides, std::string* records)>;
 
 // Runs a search. The result is cleared first and filled on success alone. Basic files are opened where the

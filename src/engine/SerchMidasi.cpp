@@ -2,6 +2,7 @@
 // a line for each. English lines are sorted and rid of doubles, basic Japanese lines stay in key order.
 // Tests: tests/engine/SerchMidasiTest.cpp
 #include <algorithm>
+#include <functional>
 
 #include "engine/ChangeMidasi.h"
 #include "engine/Entry.h"
@@ -91,14 +92,15 @@ Status ListMidasiJ(char* word, SerchSides sides, std::string* records) {
 }  // namespace
 
 Status _SerchMidasiE(const char* word, uint8_t mode, uint32_t* size, Handle* list, uint8_t dic) {
-  return RunSerch({kCodeSerchMidasiE, word, size, list, dic}, [&](SerchSides sides, std::string* records) {
+  const auto work = [&](SerchSides sides, std::string* records) {
     return ListMidasiE(word, mode, sides, records);
-  });
+  };
+  return RunSerch({kCodeSerchMidasiE, word, size, list, dic}, std::cref(work));
 }
 
 Status _SerchMidasiJ(char* word, uint32_t* size, Handle* list, uint8_t dic) {
-  return RunSerch({kCodeSerchMidasiJ, word, size, list, dic},
-                  [&](SerchSides sides, std::string* records) { return ListMidasiJ(word, sides, records); });
+  const auto work = [&](SerchSides sides, std::string* records) { return ListMidasiJ(word, sides, records); };
+  return RunSerch({kCodeSerchMidasiJ, word, size, list, dic}, std::cref(work));
 }
 
 }  // namespace zavel::engine

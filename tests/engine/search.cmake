@@ -9,6 +9,7 @@ zavel_test(engine_search_test
     MidasiOrderTest.cpp
     SearchDamageTest.cpp
     SearchFixture.cpp
+    SearchMemoryTest.cpp
     SerchImiTest.cpp
     SerchMidasiTest.cpp
     UserImiTest.cpp
