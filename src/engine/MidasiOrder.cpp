@@ -13,67 +13,72 @@ namespace {
 constexpr std::string_view kBracket = " [";
 constexpr unsigned kDropped[] = {0x815B, 0x817C, 0x8163};  // ー － …
 
-// What display order compares: word, then gloss, which is the end of the line itself.
-struct SortKey {
-  std::string word;
-  std::string_view gloss;
-};
-
+// What display order compares behind the word: the end of the line.
 std::string_view GlossOf(std::string_view line) {
   const size_t bracket = line.find(kBracket);
   return bracket == std::string_view::npos ? std::string_view() : line.substr(bracket + kBracket.size());
 }
 
-// WordFilter in capitals, in one pass.
-SortKey SortKeyE(std::string_view line) {
-  std::string word(std::min(line.size(), line.find('[')), '\0');
-  size_t length = 0;
-  for (size_t at = 0; at < word.size() && line[at] != ','; ++at) {
-    const char c = line[at];
-    if (_isalpha(static_cast<unsigned char>(c))) word[length++] = static_cast<char>(c & ~0x20);
+// Gives what WordFilter would leave of a line, letter by letter and in capitals; 0 at its end.
+class Letters {
+ public:
+  explicit Letters(std::string_view line) : at_(line.data()), end_(line.data() + line.size()) {}
+
+  char next() {
+    while (at_ != end_ && *at_ != ',' && *at_ != '[') {
+      const char c = *at_++;
+      if (_isalpha(static_cast<unsigned char>(c))) return static_cast<char>(c & ~0x20);
+    }
+    return '\0';
   }
-  word.resize(length);
-  return {std::move(word), GlossOf(line)};
-}
 
-SortKey SortKeyJ(std::string_view line) {
-  return {WordFilterJ(line), GlossOf(line)};
-}
-
-int CompareKeys(const SortKey& a, const SortKey& b) {
-  const int words = a.word.compare(b.word);
-  return words != 0 ? words : a.gloss.compare(b.gloss);
-}
-
-struct Keyed {
-  SortKey key;
-  std::string* line;  // borrowed
+ private:
+  const char* at_;
+  const char* end_;
 };
 
-bool Before(const Keyed& a, const Keyed& b) {
-  const int keys = CompareKeys(a.key, b.key);
-  return keys != 0 ? keys < 0 : *a.line < *b.line;
+int CompareWordsE(std::string_view a, std::string_view b) {
+  Letters left(a);
+  Letters right(b);
+  for (;;) {
+    const char x = left.next();
+    const char y = right.next();
+    if (x != y || x == '\0') return x - y;
+  }
 }
 
-// By key, lines of one key by their bytes; a line that stands twice once. The lines come in the order of
-// the index, which is nearly this order, so that most of them go to the end.
-void SortMidasi(SortKey (*keyOf)(std::string_view line), MidasiLines* lines) {
-  if (lines->size() < 2) return;
-  std::vector<Keyed> sorted;
+int CompareWordsJ(std::string_view a, std::string_view b) {
+  return WordFilterJ(a).compare(WordFilterJ(b));
+}
+
+using CompareWords = int (*)(std::string_view a, std::string_view b);
+
+int CompareLines(CompareWords compare, std::string_view a, std::string_view b) {
+  const int words = compare(a, b);
+  return words != 0 ? words : GlossOf(a).compare(GlossOf(b));
+}
+
+// In display order, lines that it can't tell apart by their bytes; a line that stands twice once. The lines
+// come in the order of the index, which is nearly this order, so most of them go to the end.
+void SortMidasi(CompareWords compare, MidasiLines* lines) {
+  const auto before = [compare](const std::string* a, const std::string* b) {
+    const int order = CompareLines(compare, *a, *b);
+    return order != 0 ? order < 0 : *a < *b;
+  };
+  std::vector<std::string*> sorted;  // borrowed
   sorted.reserve(lines->size());
   for (std::string& line : *lines) {
-    Keyed keyed{keyOf(line), &line};
-    if (sorted.empty() || Before(sorted.back(), keyed)) {
-      sorted.push_back(std::move(keyed));
+    if (sorted.empty() || before(sorted.back(), &line)) {
+      sorted.push_back(&line);
       continue;
     }
     const auto place = std::partition_point(sorted.begin(), sorted.end(),
-                                            [&](const Keyed& other) { return Before(other, keyed); });
-    if (*place->line != line) sorted.insert(place, std::move(keyed));
+                                            [&](const std::string* other) { return before(other, &line); });
+    if (**place != line) sorted.insert(place, &line);
   }
   MidasiLines ordered;
   ordered.reserve(sorted.size());
-  for (const Keyed& keyed : sorted) ordered.push_back(std::move(*keyed.line));
+  for (std::string* line : sorted) ordered.push_back(std::move(*line));
   *lines = std::move(ordered);
 }
 
@@ -127,19 +132,19 @@ int compare_ONLY(std::string_view a, std::string_view b) {
 }
 
 int compare_N(std::string_view a, std::string_view b) {
-  return CompareKeys(SortKeyE(a), SortKeyE(b));
+  return CompareLines(CompareWordsE, a, b);
 }
 
 int compare_NJ(std::string_view a, std::string_view b) {
-  return CompareKeys(SortKeyJ(a), SortKeyJ(b));
+  return CompareLines(CompareWordsJ, a, b);
 }
 
 void SortMidasiE(MidasiLines* lines) {
-  SortMidasi(SortKeyE, lines);
+  SortMidasi(CompareWordsE, lines);
 }
 
 void SortMidasiJ(MidasiLines* lines) {
-  SortMidasi(SortKeyJ, lines);
+  SortMidasi(CompareWordsJ, lines);
 }
 
 MidasiLines IncludingUser(const MidasiLines& kihon, const MidasiLines& user) {
