@@ -12,6 +12,10 @@
 
 namespace zavel::engine {
 
+// Entry text that one search may gather: far above the longest answer, far below what rows of a damaged
+// block can ask for. What passes it ends in kNoMemory.
+inline constexpr size_t kMaxGathered = size_t{8} << 20;
+
 // Appends the entry at `offset` to *text: up to the next entry tag, the end of the file or 65,535 bytes,
 // each NUL as a blank. With a non-null `midasi` the entry's line must equal it, gloss included, else
 // kOtherMidasi and nothing appended. `type` 1 reads ej.dic, 2 and 3 je.dic. An offset past the end of the

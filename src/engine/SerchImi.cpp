@@ -2,6 +2,7 @@
 // looked for among the derived words, and what entries say about another spelling is followed.
 // Tests: tests/engine/SerchImiTest.cpp
 #include <algorithm>
+#include <functional>
 
 #include "engine/Beiei.h"
 #include "engine/ChangeMidasi.h"
@@ -14,10 +15,6 @@
 
 namespace zavel::engine {
 namespace {
-
-// Entry text that one search may gather: far above the longest answer, far below what rows of a damaged
-// block can ask for.
-constexpr size_t kMaxGathered = size_t{8} << 20;
 
 constexpr size_t kRecordHead = 4;  // u32 length
 
@@ -116,15 +113,17 @@ Status LookUpImiJ(char* word, const char* midasi, uint8_t filter, SerchSides sid
 }  // namespace
 
 Status _SerchImiE(char* word, const char* midasi, uint8_t filter, uint32_t* size, Handle* list, uint8_t dic) {
-  return RunSerch({kCodeSerchImiE, word, size, list, dic}, [&](SerchSides sides, std::string* records) {
+  const auto work = [&](SerchSides sides, std::string* records) {
     return LookUpImiE(word, midasi, filter, sides, records);
-  });
+  };
+  return RunSerch({kCodeSerchImiE, word, size, list, dic}, std::cref(work));
 }
 
 Status _SerchImiJ(char* word, const char* midasi, uint8_t filter, uint32_t* size, Handle* list, uint8_t dic) {
-  return RunSerch({kCodeSerchImiJ, word, size, list, dic}, [&](SerchSides sides, std::string* records) {
+  const auto work = [&](SerchSides sides, std::string* records) {
     return LookUpImiJ(word, midasi, filter, sides, records);
-  });
+  };
+  return RunSerch({kCodeSerchImiJ, word, size, list, dic}, std::cref(work));
 }
 
 }  // namespace zavel::engine

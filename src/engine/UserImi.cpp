@@ -45,6 +45,7 @@ Status SrchUserImi(uint16_t type, const std::string& key, index_info* info, std:
     std::string entry;
     status = GetDicData(nullptr, type, kSetUser, offset, &entry);
     if (status != kOk) return status;
+    if (block->size() + entry.size() > kMaxGathered) return kNoMemory;
     appendLE32(*block, static_cast<uint32_t>(entry.size()));
     block->append(entry);
     ++*count;

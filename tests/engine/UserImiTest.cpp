@@ -85,6 +85,50 @@ TEST_F(UserImiTest, SearchesKanaAndKanji) {
   EXPECT_EQ(0, info.pos3);
 }
 
+TEST_F(UserImiTest, SearchesTheContinuationIndexesOfKanji) {
+  withUserJ = true;
+  const std::string fruit = entryJ("くだもの", "果物", "fruit"), dog = entryJ("いぬ", "犬", "dog");
+  userJ.add("\xAD\xBE\xE0\xCC", fruit, sjis("果物"));
+  const uint32_t dogOffset = userJ.add("\xA2\xCA", dog);
+  dic.addE("a", head("a"));
+  writeFiles();
+  // The continuation index files 犬 under a block behind the others.
+  const std::string blocks = readFile(path("ujkji.ix3")), header(128, '\0');
+  IndexFiles further = writeIndex(3, {{sjis("犬"), dogOffset}}, true);
+  const size_t offsetAt = further.idx.size() - 4;  // its one row of table C ends with it
+  further.idx[offsetAt] = static_cast<char>(blocks.size());
+  std::string first = readFile(path("ujkji.idx"));
+  first[10] = 1;
+  writeFile(path("ujkji.idx"), first);
+  writeFile(path("uj001.idx"), further.idx);
+  writeFile(path("ujkji.ix3"), blocks + further.ix3.substr(128));
+  ASSERT_LT(blocks.size(), 256u);
+  ASSERT_EQ(1, InitAPI(folder.prefix().c_str(), nullptr, path("uj").c_str()));
+  ASSERT_EQ(1, OpenFsObjsUserJ(false, true));
+  EXPECT_EQ(std::string(1, static_cast<char>(dog.size())) + std::string(3, '\0') + dog,
+            search(3, sjis("犬")));
+  EXPECT_EQ(1, info.fileNo);
+  EXPECT_EQ(0, info.pos1);
+  EXPECT_EQ(0xFFFF, info.pos2);
+  EXPECT_EQ(0, info.pos3);
+  EXPECT_EQ(blocks.size(), info.ix3Offset);
+  EXPECT_EQ(1, info.ix3Matches);
+  search(3, sjis("果物"));
+  EXPECT_EQ(0, info.fileNo);
+  EXPECT_EQ(1, count);
+  CloseFsObjs();
+  EXPECT_EQ(Lines{dog}, imiJ(sjis("犬"), 0, kUser));
+  EXPECT_EQ(Lines{sjis("犬 [いぬ]")}, midasiJ(sjis("犬"), kUser));
+}
+
+TEST_F(UserImiTest, EndsWith17WhereEntriesGrowWithoutEnd) {
+  const uint32_t offset = userE.add("apple", head("apple") + std::string(65000, 'x'));
+  for (int i = 0; i < 200; ++i) userE.kana.push_back({"apple", offset});
+  openUser();
+  EXPECT_LE(search(1, "apple").size(), size_t{8} << 20);
+  EXPECT_EQ(17, status);
+}
+
 TEST_F(UserImiTest, RefusesOtherTypesWith18) {
   openUser();
   for (const uint16_t type : {0, 4, 5, 6}) {
