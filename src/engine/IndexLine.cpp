@@ -255,14 +255,25 @@ bool SkipGlossTag(Cursor* cursor, bool collecting) {
   return true;
 }
 
-// True when nothing on the rest of the line can change a gloss that has ended: no tag stands there.
-bool PlainToLineEnd(const Cursor& cursor) {
-  const std::string_view rest = cursor.text.substr(cursor.at);
-  const size_t end = rest.find('\n');
-  if (end == std::string_view::npos) return false;
-  const std::string_view line = rest.substr(0, end);
-  return line.find('\xF4') == std::string_view::npos && line.find('\xF5') == std::string_view::npos;
-}
+// Tells whether nothing on the rest of a line can change a gloss that has ended: no tag stands there. A line
+// is looked through once and again behind its last tag, not at each of its marks.
+class LineEnd {
+ public:
+  bool isPlainFrom(const Cursor& cursor) {
+    if (cursor.at < tagged_) return false;
+    const std::string_view rest = cursor.text.substr(cursor.at);
+    const std::string_view line = rest.substr(0, rest.find('\n'));
+    const auto tag =
+        std::find_if(line.rbegin(), line.rend(), [](char c) { return c == '\xF4' || c == '\xF5'; });
+    const bool complete = line.size() < rest.size();
+    if (complete && tag == line.rend()) return true;
+    tagged_ = complete ? cursor.at + static_cast<size_t>(line.rend() - tag) : cursor.text.size();
+    return false;
+  }
+
+ private:
+  size_t tagged_ = 0;  // up to here a tag follows, or no line end does
+};
 
 bool SkipRun(Cursor* cursor) {
   const size_t run = cursor->runOfCharacters(kPlainSkipped, kFirstLead);
@@ -274,9 +285,10 @@ bool SkipRun(Cursor* cursor) {
 // False: the text ended first.
 bool ScanGloss(Cursor* cursor, Gloss& gloss) {
   bool collecting = false;
+  LineEnd lineEnd;
   while (!cursor->done()) {
     if (collecting ? gloss.takeRun(cursor) : SkipRun(cursor)) continue;
-    if (collecting && gloss.ended && PlainToLineEnd(*cursor)) return true;
+    if (collecting && gloss.ended && lineEnd.isPlainFrom(*cursor)) return true;
     const uint16_t pair = cursor->pair();
     if (pair == kTagEntry) {
       gloss.drop();  // only a line end completes a gloss
@@ -340,7 +352,10 @@ LineResult AddAngleSpan(Cursor* cursor, bool whole, std::string* line) {
   const size_t start = cursor->at;
   found = found && MoveToPair(cursor, kAngleClose, true);
   if (cursor->done() && !whole) return LineResult::kNeedsMore;
-  if (found) line->append(cursor->text, start, cursor->at + 2 - start);
+  if (!found) return LineResult::kLine;
+  std::string span(cursor->text.substr(start, cursor->at + 2 - start));
+  std::erase(span, '\0');  // a line holds none
+  line->append(span);
   return LineResult::kLine;
 }
 

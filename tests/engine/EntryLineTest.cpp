@@ -1,6 +1,8 @@
 // Lines of a headword list, built from entry bytes.
 #include <gtest/gtest.h>
 
+#include <ctime>
+
 #include "engine/IndexLine.h"
 #include "engine/SearchFixture.h"
 
@@ -199,6 +201,23 @@ TEST(IndexLineGloss, ComesFromTheFirstMeaningThatLeavesText) {
   EXPECT_EQ("a", lineOf(head("a") + tag(0xF5D4) + "\n" + sjis("実") + "\n")) << "a line end ends the meaning";
 }
 
+TEST(IndexLineGloss, EndsWithItsEntryWhereATagStandsBehindTheSeparator) {
+  const std::string bold = tag(0xF5B1);
+  EXPECT_EQ("x", glossOf("x, " + bold + ". " + bold + ", z"));
+  EXPECT_EQ("a [x]", lineOf(head("a") + tag(0xF5D4) + "x, " + tag(0xF5D4) + "y, z\n" + head("b")));
+  EXPECT_EQ("a", lineOf(head("a") + tag(0xF5D4) + "x, y" + tag(0xF5D1) + "b, c\n")) << "no line end";
+  EXPECT_EQ("a [x]", lineOf(head("a") + tag(0xF5D4) + "x, \xF4\ny, z\n")) << "a line end taken for a tag's";
+}
+
+// Looking from each mark to the end of the line would take the better part of a minute.
+TEST(IndexLineGloss, TakesTimeByTheLengthOfTheLine) {
+  std::string marks;
+  for (int i = 0; i < 500000; ++i) marks += ",x";
+  const std::clock_t start = std::clock();
+  EXPECT_EQ("x", glossOf("x" + marks + tag(0xF5B1)));
+  EXPECT_LT(std::clock() - start, 10 * CLOCKS_PER_SEC);
+}
+
 TEST(IndexLineKana, ShowsTheWrittenFormInBrackets) {
   const std::string entry = entryJ("くだもの", "果物", "fruit");
   EXPECT_EQ(sjis("くだもの [果物]"), lineOf(entry, kKana));
@@ -227,6 +246,12 @@ TEST(IndexLineKana, EndsTheSearchForASpanAtASectionTag) {
             lineOf(head("あう") + tag(0xF5D4) + sjis("〈会") + tag(0xF5E8) + sjis("う〉\n"), kKana))
       << "the last such tag is F5E7";
   EXPECT_EQ(sjis("あう"), lineOf(head("あう") + entryJ("あえ", "", "〈会え〉"), kKana));
+}
+
+TEST(IndexLineKana, LeavesTheNulsOfASpanOut) {
+  const std::string nul(1, '\0');
+  EXPECT_EQ(sjis("あう [会う]"),
+            lineOf(head("あう") + tag(0xF5D4) + sjis("〈会") + nul + sjis("う") + nul + sjis("〉\n"), kKana));
 }
 
 TEST(IndexLineKana, TakesNoSpanBesideAWrittenForm) {
