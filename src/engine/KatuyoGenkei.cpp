@@ -57,18 +57,20 @@ bool Holds(std::string_view text, std::string_view part) {
   return text.find(part) != text.npos;
 }
 
-// No word has homographs enough to come near this. It ends the work on a damaged block that lists one long
-// entry thousands of times.
-constexpr size_t kMaxCollected = 1u << 20;
+// Bytes of entries that are read for one guess. No word has homographs enough to come near this. It ends the
+// work on a damaged block that lists one long entry thousands of times.
+constexpr size_t kMaxRead = 1u << 20;
 
 // Appends the entries at the rows' offsets that have something to inflect.
 Status CollectEntries(const Ix3Rows& rows, std::string* collected) {
   std::string entry;
+  size_t read = 0;
   for (const uint32_t offset : rows.offsets) {
-    if (collected->size() >= kMaxCollected) break;
+    if (read >= kMaxRead) break;
     entry.clear();
     const Status status = GetDicData(nullptr, kTypeE, kSetKihon, offset, &entry);
     if (status != kOk) return status;
+    read += entry.size();
     if (!LookForDousi(entry)) continue;
     const size_t tagLength = collected->empty() ? 0 : 2;
     collected->append(entry, tagLength);

@@ -358,8 +358,8 @@ TEST_F(GetKatuyoTest, PassesOverHomographsWithoutAnythingToInflect) {
   EXPECT_EQ(Get("bows"), (Forms{{1, "bow"}, {2, "bows"}}));
 }
 
-// Homographs are joined as long as what was joined is below 1,048,576 bytes: the rows of a damaged block may
-// all point at one long entry.
+// Homographs are read as long as what was read is below 1,048,576 bytes: the rows of a damaged block may all
+// point at one long entry.
 TEST_F(GetKatuyoTest, TakesHomographsUpToALimitThatNoWordComesNear) {
   const std::string verb = Entry("walk", {"-[動][自]"}) + std::string(60000, 'x');
   for (const auto& [word, count] : {std::pair{"walk", 16}, std::pair{"wend", 20}}) {
@@ -372,6 +372,18 @@ TEST_F(GetKatuyoTest, TakesHomographsUpToALimitThatNoWordComesNear) {
   both.emplace_back(1, "walk");
   EXPECT_EQ(Get("walked"), both);
   EXPECT_EQ(Get("wended"), kWalk);
+}
+
+TEST_F(GetKatuyoTest, ReadsHomographsWithoutAnythingToInflectUpToThatLimitToo) {
+  const std::string adverb = Entry("well", {"-[副]"}) + std::string(60000, 'x');
+  for (const auto& [word, count] : {std::pair{"well", 16}, std::pair{"welt", 20}}) {
+    const uint32_t offset = dic_.addE(word, adverb);
+    for (int i = 1; i < count; ++i) dic_.aliasE(word, offset);
+    dic_.addE(word, Entry("well", {"-[名]"}));
+  }
+  Open();
+  EXPECT_EQ(Get("well"), (Forms{{1, "well"}}));
+  EXPECT_EQ(Get("welt"), Forms());
 }
 
 // --- The frame ---
