@@ -24,6 +24,7 @@ constexpr uint16_t kEngland = 0x8970;                 // "英"
 constexpr std::string_view kRefersTo = "\x81\x74 =";  // "》 ="
 constexpr size_t kReferenceHead = 8;                  // "《米》 ="
 constexpr size_t kMaxReference = 64;
+constexpr size_t kReferenceLimit = 256;  // references are shorter than this wherever they come from
 
 constexpr std::string_view kSeiku = "[\x90\xAC\x8B\xE5]";                    // "[成句]"
 constexpr std::string_view kNoteOpenings[] = {"\x81\x73", "\x81\x6D", "["};  // 《 ［ [
@@ -239,6 +240,7 @@ Status SrchBeieiImi(const std::vector<std::string>& references, std::string* tex
   size_t budget = kReadBudget;
   BeieiWord last;
   for (const std::string& reference : references) {
+    if (reference.size() >= kReferenceLimit) return kInternal;
     std::vector<BeieiWord> words;
     GetBeiEiMidasi(reference, &words);
     for (const BeieiWord& word : words) {

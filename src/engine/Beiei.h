@@ -34,7 +34,8 @@ BeieiWord GetMidasiNo(std::string_view entry);
 // *budget: bytes that may still be read; kNoMemory when they are used up.
 Status SrchBeiei(const BeieiWord& wanted, size_t* budget, std::string* text);
 
-// Appends the entries of all words in a list of cross-references to *text.
+// Appends the entries of all words in a list of cross-references to *text. kInternal at a reference of 256
+// bytes or more.
 Status SrchBeieiImi(const std::vector<std::string>& references, std::string* text);
 
 }  // namespace zavel::engine

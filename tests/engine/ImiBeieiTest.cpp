@@ -227,6 +227,16 @@ TEST_F(BeieiSearchTest, LooksUpAnEqualNeighbourOnce) {
   engine::CloseFsObjsKihonE();
 }
 
+TEST_F(BeieiSearchTest, RefusesAReferenceOf256Bytes) {
+  dic.addE("color", head("color"));
+  open();
+  std::string text;
+  EXPECT_EQ(1, engine::SrchBeieiImi({"color" + std::string(250, ' ')}, &text));
+  EXPECT_EQ(head("color"), text) << "255 bytes";
+  EXPECT_EQ(20, engine::SrchBeieiImi({"color" + std::string(251, ' ')}, &text));
+  engine::CloseFsObjsKihonE();
+}
+
 TEST_F(BeieiSearchTest, EndsWhenItsBudgetIsUsedUp) {
   dic.addE("color", head("color"));
   open();
