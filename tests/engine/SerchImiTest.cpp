@@ -417,6 +417,16 @@ TEST_F(SerchImiJTest, ListsUserEntriesBehindBasicOnes) {
   }
 }
 
+TEST_F(SerchImiJTest, IsRefusedWith35BesideAWriter) {
+  const std::string fruit = addWord("くだもの", "果物", "fruit");
+  open();
+  g_ProcessInfo->stateJ = 2;
+  imiJ(sjis("くだもの"));
+  EXPECT_EQ(35, status);
+  g_ProcessInfo->stateJ = 0;
+  EXPECT_EQ(Lines{fruit}, imiJ(sjis("くだもの")));
+}
+
 TEST_F(SerchImiJTest, ReportsMissingFilesWith257And259) {
   withUserJ = true;
   addWord("くだもの", "果物", "fruit");

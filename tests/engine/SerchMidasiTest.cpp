@@ -480,6 +480,29 @@ TEST_F(SerchMidasiJTest, CutsALongUserLineToWhatARecordCanCount) {
   EXPECT_EQ(65534u, lines[0].size());
 }
 
+TEST_F(SerchMidasiJTest, IsRefusedWith35BesideAWriter) {
+  addWord("くだもの");
+  open();
+  g_ProcessInfo->stateJ = 2;
+  midasiJ(sjis("クダ"));
+  EXPECT_EQ(35, status);
+  EXPECT_EQ(sjis("クダ"), given) << "the word is not looked at";
+  g_ProcessInfo->stateJ = 0;
+  EXPECT_EQ(Lines{sjis("くだもの")}, midasiJ(sjis("くだ")));
+}
+
+TEST_F(SerchMidasiJTest, CapsEachSideAndTheMergedListAtFifty) {
+  withUserJ = true;
+  for (int i = 0; i < 60; ++i) {
+    addWord("くだもの");
+    userJ.add(kanaKey("くだもの"), entryJ("くだもの", "", "x") + std::to_string(i));
+  }
+  userJ.add(kanaKey("くだり"), entryJ("くだり", "", "x"));
+  open();
+  EXPECT_EQ(Lines{sjis("くだもの")}, midasiJ(sjis("くだ"), kUser)) << "sixty equal rows fill the fifty";
+  EXPECT_EQ(50u, midasiJ(sjis("くだ"), kBoth).size()) << "fifty and one make fifty";
+}
+
 TEST_F(SerchMidasiJTest, ReportsMissingFilesWith257And259) {
   withUserJ = true;
   addWord("くだもの", "果物");
