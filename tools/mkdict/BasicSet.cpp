@@ -2,6 +2,7 @@
 #include "mkdict/BasicSet.h"
 
 #include <functional>
+#include <stdexcept>
 #include <string_view>
 
 #include "engine/ChangeMidasi.h"
@@ -79,9 +80,7 @@ template <class Entries>
 void Builder::layOut(const std::vector<IndexRow>& rows, Entries& entries, DicFileWriter& dic) {
   for (const IndexRow& row : rows) {
     std::string& text = entries[row.entry].text;
-    if (!dic.append(row.entry, text)) {
-      in_.summary.leftOut("entries past 4 GiB", std::to_string(row.entry));
-    }
+    if (!dic.append(row.entry, text)) throw std::length_error("the entries pass 4 GiB");
     std::string().swap(text);
   }
 }
@@ -125,7 +124,7 @@ void Builder::buildDerived() {
       continue;
     }
     for (size_t entry : form.entries) {
-      if (englishOffsets_[entry] == DicFileWriter::kNowhere) {
+      if (entry >= englishOffsets_.size() || englishOffsets_[entry] == DicFileWriter::kNowhere) {
         in_.summary.leftOut("derived words of entries left out", form.form);
         continue;
       }

@@ -2,6 +2,7 @@
 #include "mkdict/Build.h"
 
 #include <new>
+#include <stdexcept>
 
 #include "foundation/Storage.h"
 #include "mkdict/BasicSet.h"
@@ -124,6 +125,9 @@ Outcome build(const Options& options, Progress& progress, Summary* summary) {
     *summary = run.takeSummary();
     progress.finish();
     return outcome;
+  } catch (const std::length_error& error) {
+    progress.finish();
+    return failed(kExitDamaged, "damaged_input", error.what(), "Is the source what it should be?");
   } catch (const std::bad_alloc&) {
     progress.finish();
     return failed(kExitEnvironment, "no_memory", "not enough memory",
