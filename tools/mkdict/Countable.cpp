@@ -8,7 +8,7 @@
 namespace zavel::mkdict {
 namespace {
 
-constexpr uint32_t kFrequent = 10;      // uses of a noun from which an unused plural tells something
+constexpr uint32_t kOften = 40;         // uses of a noun from which an unused plural tells something
 constexpr uint32_t kBeyondTheVerb = 3;  // uses of a form that rule out that all are the verb's
 
 }  // namespace
@@ -24,8 +24,10 @@ bool isCountable(std::string_view noun, const Forms& plurals, const WordNet& wor
   if (lemma == nullptr || !lemma->is(WordNet::kNoun)) return used > 0;
   if (std::find(plurals.begin(), plurals.end(), word) != plurals.end()) return true;  // "sheep"
 
-  const auto [things, mixed, masses] = lemma->kinds;
-  if (things > mixed && things > masses) return used > 0 || lemma->uses[WordNet::kNoun] < kFrequent;
+  const auto [living, things, mixed, masses] = lemma->kinds;
+  if (living + things > mixed && living + things > masses) {
+    return living > things || used > 0 || attested.count(word) < kOften;
+  }
   return used >= (lemma->is(WordNet::kVerb) ? kBeyondTheVerb : 1);
 }
 

@@ -1,8 +1,9 @@
 // Which nouns get the label for countable nouns, and with it a plural. No source says it, so it is judged:
 //
 // - a noun with an irregular plural in WordNet's list counts;
-// - else a noun counts when its senses mostly name things (animals, artifacts, persons, places, times ...),
-//   unless it is a frequent word whose plural no definition ever uses ("equipment");
+// - else a noun counts when its senses mostly name persons, animals or plants;
+// - a noun that mostly names other things (artifacts, places, times ...) counts, unless definitions use it
+//   often and its plural never ("equipment");
 // - a noun that mostly names what may be counted (acts, ideas, messages ...) or a mass (substances,
 //   feelings, qualities ...) counts when definitions use its plural; the plural of a noun that is a verb as
 //   well may be the verb's third person, and must then occur three times;

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "engine/ChangeMidasi.h"
+#include "engine/MidasiCheck.h"
 #include "mkdict/Spelling.h"
 
 namespace zavel::mkdict {
@@ -114,20 +115,46 @@ std::vector<size_t> DerivedForms::entriesOf(const std::string& base, int pos) co
   for (const size_t i : found->second) {
     const EntryDraft& draft = items_[i].draft;
     if (draft.senses.empty() || lowerCase(draft.word) != base) continue;
+    if (draft.word != base && isLowerCase(base)) continue;  // "ALA" is no "ala"
     if (pos == kAnyPos || posOf(draft.pos) == pos) out.push_back(i);
   }
   return out;
 }
 
+bool DerivedForms::isLowerCase(const std::string& base) const {
+  const WordNet::Lemma* lemma = wordNet_.lemma(base);
+  return lemma != nullptr && lemma->lowerCase;
+}
+
 bool DerivedForms::isFree(const std::string& word) const {
   const std::string key = engine::ChangeMidasiStrE(word);
-  return isPlainWord(word) && !byKey_.contains(key) && !katu_.isForm(key);
+  return engine::ChkMidasiStrE(word.c_str()) == engine::kOk && !byKey_.contains(key) && !katu_.isForm(key);
+}
+
+std::vector<size_t> DerivedForms::numeralsOf(const std::string& base) const {
+  std::vector<size_t> out = entriesOf(base, kAnyPos);
+  std::erase_if(out, [this](size_t i) { return items_[i].draft.pos != PartOfSpeech::kNumeral; });
+  return out;
+}
+
+// "afterward" as "afterwards", "depend upon" as "depend on", "good deal" as "a good deal", "a hundred" as
+// "hundred", "nineteenth" as "nineteen", "fortieth" as "forty".
+std::vector<size_t> DerivedForms::sameButForALetter(const std::string& word) const {
+  const auto without = [&word](size_t end) { return word.substr(0, word.size() - end); };
+  if (word.ends_with("ward")) return entriesOf(word + "s", kAnyPos);
+  if (word.ends_with("wards")) return entriesOf(without(1), kAnyPos);
+  if (word.ends_with(" upon")) return entriesOf(without(4) + "on", kAnyPos);
+  if (word.ends_with("ieth")) return numeralsOf(without(4) + "y");
+  if (word.ends_with("th")) return numeralsOf(without(2));
+  if (word.starts_with("a ")) return numeralsOf(word.substr(2));
+  if (word.starts_with("one ")) return numeralsOf(word.substr(4));
+  return word.find(' ') == std::string::npos ? std::vector<size_t>() : entriesOf("a " + word, kAnyPos);
 }
 
 std::vector<DerivedForm> DerivedForms::make() const {
   std::map<std::string, std::set<size_t>> found;
   const auto lead = [&](const WordNet::Lemma& from, const WordNet::Lemma& to) {
-    if (!isFree(from.text) || !beginAlike(from.text, to.text)) return;
+    if (!isPlainWord(from.text) || !isFree(from.text) || !beginAlike(from.text, to.text)) return;
     const std::vector<size_t> entries = entriesOf(to.text, kAnyPos);
     found[from.text].insert(entries.begin(), entries.end());
   };
@@ -139,6 +166,9 @@ std::vector<DerivedForm> DerivedForms::make() const {
   for (const WordNet::Lemma& lemma : lemmas) {
     if (!lemma.lowerCase || !isFree(lemma.text)) continue;
     std::set<size_t>& entries = found[lemma.text];
+    const std::vector<size_t> same = sameButForALetter(lemma.text);
+    entries.insert(same.begin(), same.end());
+    if (!isPlainWord(lemma.text)) continue;
     for (const Guess& guess : guesses(lemma.text)) {
       if (!entries.empty()) break;
       const std::vector<size_t> more = entriesOf(guess.base, guess.pos);

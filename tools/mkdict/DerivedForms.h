@@ -3,7 +3,9 @@
 // conjugation leads back.
 //
 // Two ways to a base: WordNet's derivational pointers, between words that begin alike; and the regular
-// suffixes -ly, -ness, -able, -er, -ment, -less, -ful, -ish, -ism, -ist, -ity, -ize, -ation.
+// suffixes -ly, -ness, -able, -er, -ment, -less, -ful, -ish, -ism, -ist, -ity, -ize, -ation. Beside them
+// the pairs that differ by little more than a letter: "afterward" and "afterwards", "depend upon" and "depend
+// on", "a hundred", "hundredth" and "hundred".
 #ifndef MKDICT_DERIVEDFORMS_H
 #define MKDICT_DERIVEDFORMS_H
 
@@ -40,6 +42,9 @@ class DerivedForms {
 
  private:
   std::vector<size_t> entriesOf(const std::string& base, int pos) const;
+  std::vector<size_t> sameButForALetter(const std::string& word) const;
+  std::vector<size_t> numeralsOf(const std::string& base) const;
+  bool isLowerCase(const std::string& base) const;
   bool isFree(const std::string& word) const;
 
   const WordNet& wordNet_;

@@ -15,6 +15,9 @@
 namespace zavel::mkdict {
 namespace {
 
+// How many places in a sense weigh as much as one rank among the best translations.
+constexpr size_t kFirstPlaces = 3;
+
 // A short entry for another spelling shows no more than this.
 constexpr size_t kVariantSenses = 3, kVariantTranslations = 3;
 
@@ -59,6 +62,21 @@ bool isLoose(PartOfSpeech pos) {
   return pos == PartOfSpeech::kNone || pos == PartOfSpeech::kIdiom || pos == PartOfSpeech::kProverb;
 }
 
+// The better known its translations, the earlier a sense; a translation that stands first says more.
+void orderSenses(std::vector<EnglishSense>& senses, const std::vector<std::string>& ranked) {
+  const auto weight = [&ranked](const EnglishSense& sense) {
+    size_t best = (ranked.size() + 1) * kFirstPlaces;
+    for (size_t place = 0; place < sense.translations.size(); ++place) {
+      const auto found = std::find(ranked.begin(), ranked.end(), sense.translations[place]);
+      const auto rank = static_cast<size_t>(found - ranked.begin());
+      if (found != ranked.end()) best = std::min(best, rank * kFirstPlaces + place);
+    }
+    return best;
+  };
+  std::stable_sort(senses.begin(), senses.end(),
+                   [&weight](const EnglishSense& a, const EnglishSense& b) { return weight(a) < weight(b); });
+}
+
 bool isPhrase(std::string_view word) {
   return word.find(' ') != std::string_view::npos;
 }
@@ -72,13 +90,14 @@ EnglishEntries::EnglishEntries(const WordNet& wordNet, const Attested& attested,
                                Summary* summary)
     : wordNet_(wordNet), attested_(attested), inflection_(inflection), summary_(summary) {}
 
-void EnglishEntries::add(const EnglishWord& word) {
+void EnglishEntries::add(EnglishWord word, const std::vector<std::string>& ranked) {
   const std::optional<std::string> headword = EntryText::headword(word.word);
   if (!headword) {
     summary_->leftOut("English headwords with characters that searches refuse", word.word);
     return;
   }
   if (*headword != word.word) summary_->count("English headwords spelled in ASCII");
+  orderSenses(word.senses, ranked);
   Source source;
   std::vector<std::string> lacking;
   for (const EnglishSense& sense : word.senses) {
@@ -102,7 +121,9 @@ void EnglishEntries::add(const EnglishWord& word) {
 // True for a form of a word that WordNet has: no headword of its own.
 bool EnglishEntries::isInflected(std::string_view word) const {
   const std::string folded = lowerCase(word);
-  if (inflection_.isListedVerbForm(folded)) return true;
+  for (uint8_t pos = 0; pos < WordNet::kPosCount; ++pos) {
+    if (inflection_.isListedForm(static_cast<WordNet::Pos>(pos), folded)) return true;
+  }
   std::string base;
   uint8_t mask = 0;
   for (uint16_t stage = 0;
@@ -135,7 +156,8 @@ void EnglishEntries::addTurned(const GlossIndex::Turned& turned) {
     }
     const std::optional<WordNet::Pos> pos = wordNetPos(turned.pos);
     const WordNet::Lemma* lemma = wordNet_.lemma(lowerCase(*headword));
-    if (fromFreedict && !(turned.known && pos && (turned.common || lemma->uses[*pos] > 0))) return;
+    const bool used = lemma != nullptr && pos && lemma->uses[*pos] > 0;
+    if (fromFreedict && !(turned.known && pos && (turned.common || used))) return;
   }
   if (!turned.known && !isPhrase(*headword) && isInflected(*headword)) return;
 
@@ -255,7 +277,9 @@ void EnglishEntries::number(std::vector<size_t>& group) {
   std::stable_sort(group.begin(), group.end(), [this](size_t a, size_t b) {
     const auto order = [this](const Source& s) {
       const bool name = s.draft.pos == PartOfSpeech::kProperNoun;
-      return std::tuple(isCapital(s.draft.word[0]), name, -static_cast<int64_t>(weightOf(s)), s.draft.pos);
+      // The engine inflects the first headword of a key, and none of several words: "setup" before "set up".
+      return std::tuple(isCapital(s.draft.word[0]), name, isPhrase(s.draft.word),
+                        -static_cast<int64_t>(weightOf(s)), s.draft.pos);
     };
     return order(sources_[a]) < order(sources_[b]);
   });

@@ -36,8 +36,9 @@ class EnglishEntries {
   EnglishEntries(const WordNet& wordNet, const Attested& attested, const Inflection& inflection,
                  Summary* summary);
 
-  // A word of FreeDict.
-  void add(const EnglishWord& word);
+  // A word of FreeDict. Its senses come in the order of their notes' alphabet; `ranked`, the Japanese words
+  // that EDICT explains by this word, the best first, tells which to put ahead.
+  void add(EnglishWord word, const std::vector<std::string>& ranked);
 
   // A word of EDICT turned round, unless FreeDict has it in this part of speech. After all add().
   void addTurned(const GlossIndex::Turned& turned);

@@ -2,6 +2,7 @@
 #include "mkdict/EnglishSide.h"
 
 #include <algorithm>
+#include <map>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -17,6 +18,7 @@
 #include "mkdict/GlossIndex.h"
 #include "mkdict/Inflection.h"
 #include "mkdict/KatuRecords.h"
+#include "mkdict/Spelling.h"
 #include "mkdict/SpellingPairs.h"
 #include "mkdict/WordNet.h"
 
@@ -122,9 +124,16 @@ void EnglishSide::takeEdict(const EdictLine& line) {
 void EnglishSide::Parts::gather(EnglishEntries& entries, Summary& summary) {
   for (const auto& [reason, sample] : leftOut) summary.leftOut(reason, sample);
   summary.figure("FreeDict entries", words.size());
-  for (const EnglishWord& word : words) entries.add(word);
+  const std::vector<GlossIndex::Turned> turned = glosses.take();
+  std::map<std::pair<std::string, PartOfSpeech>, const std::vector<std::string>*> ranked;
+  for (const GlossIndex::Turned& one : turned) ranked[{lowerCase(one.word), one.pos}] = &one.ranked;
+  const std::vector<std::string> none;
+  for (EnglishWord& word : words) {
+    const auto found = ranked.find({lowerCase(word.word), word.pos});
+    entries.add(std::move(word), found == ranked.end() ? none : *found->second);
+  }
   words = {};
-  for (const GlossIndex::Turned& turned : glosses.take()) entries.addTurned(turned);
+  for (const GlossIndex::Turned& one : turned) entries.addTurned(one);
   entries.addSpellings(spellings.pairs(wordNet));
   entries.arrange();
 }

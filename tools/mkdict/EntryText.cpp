@@ -112,6 +112,7 @@ std::string EntryText::label(PartOfSpeech pos) {
 std::optional<std::string> EntryText::headword(std::string_view utf8) {
   std::optional<std::string> word = toShiftJis(utf8);
   if (!word) return std::nullopt;
+  std::erase(*word, ',');
   while (!word->empty() && (word->back() == '!' || word->back() == '?' || word->back() == ' ')) {
     word->pop_back();
   }

@@ -49,8 +49,9 @@ class EntryText {
   // "-[名]" and so on without the line end, Shift_JIS; empty for kNone.
   static std::string label(PartOfSpeech pos);
 
-  // A headword in the characters that searches accept: letters, blank, & ' , - . / and _. Accents fall,
-  // "!" and "?" at the end go. Nothing when other characters are left.
+  // A headword in the characters that searches accept: letters, blank, & ' - . / and _. Accents fall, and so
+  // do commas, which end a headword for some readers, and "!" and "?" at the end. Nothing when other
+  // characters are left.
   static std::optional<std::string> headword(std::string_view utf8);
 
   // Translations and notes of a UTF-8 sense in entry text. What can't be written is left out and named in

@@ -14,11 +14,14 @@ constexpr size_t kMostWords = 3;
 constexpr size_t kMostCommon = 6, kMostOthers = 3;
 
 // Weights of a candidate's score.
-constexpr uint32_t kPerSense = 30;     // a word's later senses are its lesser ones
-constexpr uint32_t kPerGloss = 4;      // and so are later glosses of a sense
-constexpr uint32_t kRemark = 20;       // "(esp. ...)" narrows a gloss
-constexpr uint32_t kPhrase = 40;       // a Japanese phrase, abbreviation or slang for an English word
-constexpr uint32_t kPerCharacter = 2;  // from the fifth character on: long words tend to be paraphrases
+constexpr uint32_t kWorst = 10000;      // of a place in a line
+constexpr uint32_t kUncommon = 70;      // not marked as a common word
+constexpr uint32_t kPerSense = 30;      // a word's later senses are its lesser ones
+constexpr uint32_t kPerGloss = 4;       // and so are later glosses of a sense
+constexpr uint32_t kRemark = 20;        // "(esp. ...)" narrows a gloss
+constexpr uint32_t kDisagreement = 30;  // the two languages use different parts of speech
+constexpr uint32_t kPhrase = 40;        // a Japanese phrase, abbreviation or slang for an English word
+constexpr uint32_t kPerCharacter = 2;   // from the fifth character on: long words tend to be paraphrases
 
 bool takePrefix(std::string_view* text, std::string_view prefix) {
   if (!text->starts_with(prefix)) return false;
@@ -56,6 +59,25 @@ bool anyCode(const std::vector<std::string>& codes, bool (*test)(std::string_vie
   return std::any_of(codes.begin(), codes.end(), [test](const std::string& code) { return test(code); });
 }
 
+// "lighthouse keeper", "academy of arts", not "accepting an order" or "above anything else".
+bool isCompound(std::string_view phrase) {
+  size_t place = 0;
+  while (!phrase.empty()) {
+    const size_t end = std::min(phrase.find(' '), phrase.size());
+    const std::string_view word = phrase.substr(0, end);
+    for (const std::string_view small :
+         {"a",    "an",    "the",  "and",     "or",      "to",        "in",    "on",    "at",    "for",
+          "by",   "from",  "with", "without", "be",      "being",     "about", "above", "after", "before",
+          "each", "other", "one",  "one's",   "as",      "when",      "not",   "no",    "into",  "out",
+          "than", "this",  "that", "some",    "someone", "something", "very",  "more",  "up"}) {
+      if (word == small) return false;
+    }
+    if (place++ == 0 && word.ends_with("ing")) return false;
+    phrase.remove_prefix(std::min(end + 1, phrase.size()));
+  }
+  return true;
+}
+
 // What an EDICT code makes of an English gloss.
 PartOfSpeech englishOf(std::string_view code) {
   if (code == "n" || code == "n-adv" || code == "n-t") return PartOfSpeech::kNoun;
@@ -67,6 +89,32 @@ PartOfSpeech englishOf(std::string_view code) {
   if (code == "int") return PartOfSpeech::kInterjection;
   if (code == "num") return PartOfSpeech::kNumeral;
   return PartOfSpeech::kNone;
+}
+
+void addNew(std::vector<std::string>& texts, const std::string& text) {
+  if (std::find(texts.begin(), texts.end(), text) == texts.end()) texts.push_back(text);
+}
+
+// Codes of what is no word by itself: suffixes, prefixes, counters.
+bool isPartOfWord(std::string_view code) {
+  return code == "suf" || code == "pref" || code == "n-suf" || code == "n-pref" || code == "ctr";
+}
+
+bool isVerbal(std::string_view code) {
+  return englishOf(code) == PartOfSpeech::kVerb || code == "exp";
+}
+
+PartOfSpeech partOfSpeech(WordNet::Pos pos) {
+  switch (pos) {
+    case WordNet::kVerb:
+      return PartOfSpeech::kVerb;
+    case WordNet::kAdjective:
+      return PartOfSpeech::kAdjective;
+    case WordNet::kAdverb:
+      return PartOfSpeech::kAdverb;
+    default:
+      return PartOfSpeech::kNoun;
+  }
 }
 
 std::optional<WordNet::Pos> wordNetPos(PartOfSpeech pos) {
@@ -86,12 +134,14 @@ std::optional<WordNet::Pos> wordNetPos(PartOfSpeech pos) {
 
 }  // namespace
 
-std::optional<std::string> GlossIndex::headword(std::string_view gloss, bool* verb, bool* remarked) {
+std::optional<std::string> GlossIndex::headword(std::string_view gloss, bool* verb, bool* remarked) const {
   *verb = *remarked = false;
   while (takeBrackets(&gloss)) *remarked = true;
   *verb = takePrefix(&gloss, "to ");
   while (takeBrackets(&gloss)) *remarked = true;  // "to (do) ..."
-  if (!*verb) takePrefix(&gloss, "a ") || takePrefix(&gloss, "an ") || takePrefix(&gloss, "the ");
+  if (!*verb && lemma(gloss) == nullptr) {
+    takePrefix(&gloss, "a ") || takePrefix(&gloss, "an ") || takePrefix(&gloss, "the ");
+  }
   if (*verb) {
     for (const std::string_view object : {" something", " someone", " somebody", " oneself"}) {
       if (object != " oneself" && takeSuffix(&gloss, object)) *remarked = true;
@@ -104,72 +154,113 @@ std::optional<std::string> GlossIndex::headword(std::string_view gloss, bool* ve
     if (!letter && c != ' ' && c != '-' && c != '\'' && c != '.') return std::nullopt;
     words += c == ' ' ? 1 : 0;
   }
-  if (words > kMostWords || gloss.ends_with(' ')) return std::nullopt;
+  if (gloss.ends_with(' ') || (words > kMostWords && lemma(gloss) == nullptr)) return std::nullopt;
   return std::string(gloss);
 }
 
-// The part of speech that both the Japanese word and WordNet allow; without WordNet's word, the Japanese one.
-std::optional<PartOfSpeech> GlossIndex::choose(std::string_view word, const EdictSense& sense, bool verb,
-                                               bool* known) const {
-  const std::string folded = lowerCase(word);
+// The part of speech that both the Japanese word and WordNet allow. Where they disagree, the English one
+// stands ("elsewhere" is no noun though 他所 is), but a verb is told by its "to" alone. A word that WordNet
+// does not have takes after the Japanese one.
+std::optional<GlossIndex::Choice> GlossIndex::choose(std::string_view word, const EdictSense& sense,
+                                                     bool verb) const {
+  const WordNet::Lemma* lemma = this->lemma(word);
+  const bool capital = word[0] >= 'A' && word[0] <= 'Z';
+  if (lemma != nullptr && !lemma->lowerCase && !capital) lemma = nullptr;  // WordNet's WHO is no "who"
+  if (anyCode(sense.pos, isPartOfWord)) return std::nullopt;
+  if (verb) {
+    const bool fits = anyCode(sense.pos, isVerbal);
+    const bool known = lemma != nullptr && lemma->is(WordNet::kVerb);
+    if (!fits || (lemma != nullptr && !known)) return std::nullopt;
+    return Choice{PartOfSpeech::kVerb, known, true};
+  }
   std::vector<PartOfSpeech> allowed;
   for (const std::string& code : sense.pos) {
     const PartOfSpeech pos = englishOf(code);
-    if (pos == PartOfSpeech::kNone || (pos == PartOfSpeech::kVerb) != verb) continue;
-    if (std::find(allowed.begin(), allowed.end(), pos) == allowed.end()) allowed.push_back(pos);
-  }
-  const bool phrase = hasCode(sense.pos, "exp") || hasCode(sense.pos, "vs");
-  if (allowed.empty() && verb && phrase) allowed.push_back(PartOfSpeech::kVerb);
-  if (allowed.empty()) return std::nullopt;
-  for (const PartOfSpeech pos : allowed) {
+    if (pos == PartOfSpeech::kNone || pos == PartOfSpeech::kVerb) continue;
     const std::optional<WordNet::Pos> listed = wordNetPos(pos);
-    if (listed && wordNet_.is(folded, *listed)) {
-      *known = true;
-      return pos;
+    if (listed && lemma != nullptr && lemma->is(*listed)) {
+      const bool name = pos == PartOfSpeech::kNoun && capital && !lemma->lowerCase;
+      return Choice{name ? PartOfSpeech::kProperNoun : pos, true, true};
     }
+    allowed.push_back(pos);
   }
-  // An adverb that WordNet has as a noun alone is still an adverb; a noun gloss of an adjective is not.
-  *known = false;
-  const WordNet::Lemma* lemma = wordNet_.lemma(folded);
-  if (lemma != nullptr && allowed[0] != PartOfSpeech::kInterjection && allowed[0] != PartOfSpeech::kPronoun &&
-      allowed[0] != PartOfSpeech::kConjunction && allowed[0] != PartOfSpeech::kNumeral) {
-    // "(adj-no) wood": the word is a noun in English.
-    if (allowed[0] == PartOfSpeech::kAdjective && lemma->is(WordNet::kNoun)) {
-      *known = true;
-      return PartOfSpeech::kNoun;
-    }
-    return std::nullopt;
+  if (lemma != nullptr && (allowed.empty() || wordNetPos(allowed[0]))) {
+    constexpr WordNet::Pos kOthers[] = {WordNet::kNoun, WordNet::kAdjective, WordNet::kAdverb};
+    const auto* best = std::max_element(std::begin(kOthers), std::end(kOthers), [lemma](auto a, auto b) {
+      return std::pair(lemma->uses[a], lemma->senses[a]) < std::pair(lemma->uses[b], lemma->senses[b]);
+    });
+    if (!lemma->is(*best)) return std::nullopt;
+    return Choice{partOfSpeech(*best), true, false};
   }
-  return allowed[0];
+  if (allowed.empty()) return std::nullopt;
+  return Choice{allowed[0], lemma != nullptr, true};
+}
+
+// WordNet's word, also where it writes a hyphen for a blank or a blank for a hyphen.
+const WordNet::Lemma* GlossIndex::lemma(std::string_view word) const {
+  std::string folded = lowerCase(word);
+  const WordNet::Lemma* found = wordNet_.lemma(folded);
+  for (const auto& [from, to] : {std::pair(' ', '-'), std::pair('-', ' ')}) {
+    if (found != nullptr || folded.find(from) == std::string::npos) continue;
+    std::string other = folded;
+    std::replace(other.begin(), other.end(), from, to);
+    found = wordNet_.lemma(other);
+  }
+  return found;
+}
+
+// "footsteps" as "footstep", when WordNet has only that.
+std::string GlossIndex::singular(const std::string& word) const {
+  if (lemma(word) != nullptr || !word.ends_with('s') || word.ends_with("ss")) return word;
+  std::string shorter = word.substr(0, word.size() - 1);
+  for (const std::string_view ending : {"", "e"}) {
+    if (!shorter.ends_with(ending)) continue;
+    const std::string base = shorter.substr(0, shorter.size() - ending.size());
+    if (wordNet_.is(lowerCase(base), WordNet::kNoun)) return base;
+  }
+  if (shorter.ends_with("ie")) {
+    shorter.replace(shorter.size() - 2, 2, "y");
+    if (wordNet_.is(lowerCase(shorter), WordNet::kNoun)) return shorter;
+  }
+  return word;
 }
 
 void GlossIndex::addGloss(const EdictLine& line, const EdictSense& sense, std::string_view gloss,
                           uint32_t score) {
-  bool verb = false, remarked = false, known = false;
-  const std::optional<std::string> word = headword(gloss, &verb, &remarked);
+  bool verb = false, remarked = false;
+  std::optional<std::string> word = headword(gloss, &verb, &remarked);
   if (!word) return;
-  const std::optional<PartOfSpeech> pos = choose(*word, sense, verb, &known);
-  if (!pos) return;
-  // A phrase that no dictionary of English has must be a common word's first meaning to count.
+  if (!verb) {
+    std::string one = singular(*word);
+    remarked = remarked || one != *word;
+    word = std::move(one);
+  }
+  const std::optional<Choice> choice = choose(*word, sense, verb);
+  if (!choice) return;
+  // A phrase that no dictionary of English has must be a plain compound and a common word's first meaning.
   const bool phrase = word->find(' ') != std::string::npos;
-  if (!known && (phrase ? !line.common || score > 0 || remarked : !line.common && score > kPerSense)) return;
+  const bool compound = phrase && choice->pos == PartOfSpeech::kNoun && isCompound(*word);
+  const bool counts =
+      phrase ? compound && line.common && score == 0 && !remarked : line.common || score <= kPerSense;
+  if (!choice->known && !counts) return;
 
   const bool kana = line.written.empty() || hasCode(sense.remarks, "uk");
   const std::string& japanese = kana ? line.reading : line.written;
   const std::optional<std::u32string> characters = decodeUtf8(japanese);
   if (!characters) return;
-  score += remarked ? kRemark : 0;
+  score += (remarked ? kRemark : 0) + (choice->agreed ? 0 : kDisagreement);
   if (hasCode(sense.pos, "exp") || hasCode(sense.remarks, "abbr") || hasCode(sense.remarks, "sl")) {
     score += kPhrase;
   }
   if (characters->size() > 4) score += kPerCharacter * static_cast<uint32_t>(characters->size() - 4);
   if (!line.common) score += kUncommon;
 
-  Slot& slot = slots_.try_emplace({lowerCase(*word), *pos}, Slot{*word, *pos, known, {}}).first->second;
-  // "red" rather than "Red" where both occur.
-  if (slot.word > *word) slot.known = slot.known || known;
-  slot.word = std::max(slot.word, *word);
-  slot.candidates.push_back({score, arrivals_++, japanese});
+  Slot& slot =
+      slots_.try_emplace({lowerCase(*word), choice->pos}, Slot{*word, choice->pos, choice->known, {}})
+          .first->second;
+  slot.word = std::max(slot.word, *word);  // "red" rather than "Red" where both occur
+  slot.candidates.push_back(
+      {score, arrivals_++, line.common, japanese, kana && !line.written.empty() ? line.written : ""});
 }
 
 void GlossIndex::add(const EdictLine& line) {
@@ -179,7 +270,7 @@ void GlossIndex::add(const EdictLine& line) {
     if (anyCode(sense.remarks, isRareRemark)) continue;
     for (size_t g = 0; g < sense.glosses.size(); ++g) {
       addGloss(line, sense, sense.glosses[g],
-               static_cast<uint32_t>(std::min<size_t>(s * kPerSense + g * kPerGloss, kUncommon / 2)));
+               static_cast<uint32_t>(std::min<size_t>(s * kPerSense + g * kPerGloss, kWorst)));
     }
   }
 }
@@ -190,14 +281,14 @@ std::vector<GlossIndex::Turned> GlossIndex::take() {
     std::sort(slot.candidates.begin(), slot.candidates.end(), [](const Candidate& a, const Candidate& b) {
       return std::pair(a.score, a.order) < std::pair(b.score, b.order);
     });
-    Turned turned{slot.word, slot.pos, {}, slot.candidates[0].score < kUncommon, slot.known};
+    Turned turned{slot.word, slot.pos, {}, {}, false, slot.known};
     for (const Candidate& candidate : slot.candidates) {
-      const size_t most = candidate.score < kUncommon ? kMostCommon : kMostOthers;
-      if (turned.translations.size() >= most) break;
-      auto& kept = turned.translations;
-      if (std::find(kept.begin(), kept.end(), candidate.japanese) == kept.end()) {
-        kept.push_back(candidate.japanese);
-      }
+      turned.common = turned.common || candidate.common;
+      const size_t most = candidate.common ? kMostCommon : kMostOthers;
+      if (turned.translations.size() < most) addNew(turned.translations, candidate.japanese);
+      if (turned.ranked.size() >= kMostRanked) continue;
+      addNew(turned.ranked, candidate.japanese);
+      if (!candidate.written.empty()) addNew(turned.ranked, candidate.written);
     }
     all.push_back(std::move(turned));
   }

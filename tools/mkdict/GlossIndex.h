@@ -30,23 +30,28 @@ class GlossIndex {
     std::string word;  // as the gloss spells it
     PartOfSpeech pos = PartOfSpeech::kNone;
     std::vector<std::string> translations;  // UTF-8, the best first
+    std::vector<std::string> ranked;        // up to kMostRanked, whatever their worth, the best first
     bool common = false;                    // a common Japanese word among them
     bool known = false;                     // WordNet has the word in this part of speech
   };
 
-  // All of them, ordered by word and part of speech. With common translations, up to six of them; others
-  // only fill up to three. The index is then empty.
+  // All of them, ordered by word and part of speech. Up to six common translations; others only fill up to
+  // three. The index is then empty.
+  static constexpr size_t kMostRanked = 24;
   std::vector<Turned> take();
 
-  // A gloss as a headword: brackets, articles and "to" taken off. Nothing when more than a set phrase is
-  // left. *verb: it began with "to"; *remarked: brackets fell.
-  static std::optional<std::string> headword(std::string_view gloss, bool* verb, bool* remarked);
+  // A gloss as a headword: brackets, articles and "to" taken off, articles not where WordNet has the phrase
+  // with them ("a bit"). Nothing when more than three words are left that WordNet does not have.
+  // *verb: it began with "to"; *remarked: brackets fell.
+  std::optional<std::string> headword(std::string_view gloss, bool* verb, bool* remarked) const;
 
  private:
   struct Candidate {
-    uint32_t score;  // the lower the better; below kUncommon for common words
+    uint32_t score;  // the lower the better
     uint32_t order;  // of arrival, parts equals
+    bool common;
     std::string japanese;
+    std::string written;  // beside a word that is usually written in kana
   };
   struct Slot {
     std::string word;
@@ -55,10 +60,14 @@ class GlossIndex {
     std::vector<Candidate> candidates;
   };
   void addGloss(const EdictLine& line, const EdictSense& sense, std::string_view gloss, uint32_t score);
-  std::optional<PartOfSpeech> choose(std::string_view word, const EdictSense& sense, bool verb,
-                                     bool* known) const;
-
-  static constexpr uint32_t kUncommon = 100000;
+  struct Choice {
+    PartOfSpeech pos;
+    bool known;   // WordNet has the word so
+    bool agreed;  // and so has EDICT
+  };
+  std::optional<Choice> choose(std::string_view word, const EdictSense& sense, bool verb) const;
+  std::string singular(const std::string& word) const;
+  const WordNet::Lemma* lemma(std::string_view word) const;
 
   const WordNet& wordNet_;                                      // borrowed
   std::map<std::pair<std::string, PartOfSpeech>, Slot> slots_;  // by lower case

@@ -11,6 +11,10 @@ namespace {
 
 using Words = std::initializer_list<std::string_view>;
 
+constexpr uint32_t kInUse = 3;     // uses in definitions that tell that a form is an established one
+constexpr uint32_t kFrequent = 5;  // uses of an adjective after which an unused comparative tells something
+constexpr uint32_t kMinority = 4;  // a spelling counts beside another that is so many times as frequent
+
 bool isOneOf(std::string_view word, Words words) {
   return std::find(words.begin(), words.end(), word) != words.end();
 }
@@ -55,20 +59,47 @@ bool keepsPastAsParticiple(std::string_view verb) {
                  {"get", "behold", "slide", "backslide", "tread", "retread", "chide", "cleave", "beget"});
 }
 
+// Those past forms of them that don't: "begat", "clove".
+bool isNoParticiple(std::string_view past) {
+  return past.ends_with("at") || past.ends_with('e');
+}
+
 // The irregular past is no participle: "dove", but "has dived".
 bool isPastOnly(std::string_view verb) {
   return isOneOf(verb, {"dive", "skydive"});
 }
 
-// Attested words that look like a regular past and belong to another word or to an adjective ("leaved").
+// Attested words that look like a regular past and are adjectives of another kind ("broad leaved").
 bool isNoPast(std::string_view form) {
-  return isOneOf(form, {"leaved", "winded", "grounded", "costed"});
+  return isOneOf(form, {"leaved", "winded", "grounded", "bended", "leaded", "stringed", "slinged"});
 }
 
-// Entries of the exception list that are other spellings of the base, not forms of it.
-bool isOtherWord(std::string_view form) {
-  return form.find('\'') != std::string_view::npos ||
-         isOneOf(form, {"tranship", "squilgee", "pasquil", "abye"});
+// A regular past beside the irregular one that definitions happen not to use.
+bool alsoRegular(std::string_view verb) {
+  return isOneOf(verb, {"abide", "beseech", "chide", "dwell", "kneel", "shine", "strive", "thrive"});
+}
+
+// "burnt", "spelt", "blest": the regular form with its -ed worn down; the regular one is always good too.
+bool isWornDown(std::string_view verb, std::string_view form) {
+  if (!form.ends_with('t') || isOneOf(verb, {"mean", "deal"})) return false;
+  const std::string_view stem = form.substr(0, form.size() - 1);
+  if (stem == verb) return true;
+  const std::string_view rest = verb.substr(0, verb.size() - 1);
+  return stem == rest && (verb.ends_with("ll") || verb.ends_with("ss") || verb == "curse");
+}
+
+// True where "-ed" on `verb` reads as that of a longer word: "sited" is of "site", not of "sit".
+bool isEdOfAnother(const WordNet& wordNet, std::string_view verb, std::string_view regular) {
+  const std::string longer = std::string(verb) + "e";
+  return wordNet.is(regular, WordNet::kVerb) || (!verb.ends_with('e') && wordNet.lemma(longer) != nullptr);
+}
+
+// Entries of the exception lists that are other spellings of the base, not forms of it, or slips.
+bool isOtherWord(std::string_view form, std::string_view base) {
+  if (form.find('\'') != std::string_view::npos) return true;
+  if (form == "singing" && base == "singe") return true;
+  return isOneOf(form, {"tranship", "squilgee", "pasquil", "abye", "overflown", "duona", "duonas", "clani",
+                        "clanos", "andtheridia", "diathses", "diaerses", "filariiae"});
 }
 
 // Nouns that count without an ending.
@@ -115,20 +146,20 @@ bool isForeign(std::string_view noun, std::string_view plural) {
          plural.ends_with("ides");
 }
 
-bool hasVowelEndingEd(std::string_view word) {
-  return word.ends_with("ed") || word.ends_with("ing");
-}
-
 }  // namespace
 
 Inflection::Inflection(const WordNet& wordNet, const Attested& attested)
     : wordNet_(wordNet), attested_(attested) {
   for (uint8_t pos = 0; pos < WordNet::kPosCount; ++pos) {
     for (const auto& [form, base] : wordNet.exceptions(static_cast<WordNet::Pos>(pos))) {
-      if (form == base || isOtherWord(form)) continue;
+      if (form == base || isOtherWord(form, base)) continue;
       if (form.find('-') != std::string::npos && base.find('-') == std::string::npos) continue;
+      if (pos == WordNet::kNoun && (form.ends_with("ing") || form.ends_with("ings"))) continue;
       add(byBase_[pos][base], form);
-      if (pos == WordNet::kVerb) verbForms_[form] = true;
+      forms_[pos].insert(form);
+      // Italian plurals in -e look like any noun: "dive", of "diva".
+      const bool doubtful = base.ends_with('a') && form.ends_with('e') && !form.ends_with("ae");
+      if (pos == WordNet::kNoun && !doubtful) plurals_.insert(form);
     }
   }
 }
@@ -139,8 +170,25 @@ const Forms& Inflection::listed(WordNet::Pos pos, std::string_view base) const {
   return found == byBase_[pos].end() ? kNothing : found->second;
 }
 
-bool Inflection::isListedVerbForm(std::string_view form) const {
-  return verbForms_.contains(std::string(form));
+bool Inflection::isListedForm(WordNet::Pos pos, std::string_view form) const {
+  return forms_[pos].contains(std::string(form));
+}
+
+bool Inflection::isKnownVerb(std::string_view verb) const {
+  const WordNet::Lemma* lemma = wordNet_.lemma(verb);
+  if (lemma == nullptr || !lemma->is(WordNet::kVerb) || isListedForm(WordNet::kVerb, verb)) return false;
+  return lemma->uses[WordNet::kVerb] > 0 || !listed(WordNet::kVerb, verb).empty();
+}
+
+bool Inflection::isDefective(std::string_view verb) {
+  return isOneOf(verb, {"must", "ought"}) || !modalPast(verb).empty();
+}
+
+// An entry that a dictionary gives to a form, "clung" or "might", has no forms of its own.
+bool Inflection::isMereForm(std::string_view verb) const {
+  if (wordNet_.is(verb, WordNet::kVerb)) return false;
+  return isListedForm(WordNet::kVerb, verb) || isOneOf(verb, {"could", "should", "would"}) ||
+         isDefective(verb);
 }
 
 std::string_view Inflection::modalPast(std::string_view verb) {
@@ -163,19 +211,30 @@ bool Inflection::isMan(std::string_view noun) const {
 
 Forms Inflection::plurals(std::string_view spelled, const Sounds& sounds) const {
   const std::string noun = lowerCase(spelled);
-  if (isUnchangingNoun(noun) || noun.ends_with("ese")) return {noun};
+  if (noun.size() < 2 || noun.find('.') != std::string::npos || plurals_.contains(noun)) return {};
+  if (noun.ends_with("men") && isMan(noun.substr(0, noun.size() - 3) + "man")) return {};
+  if (isUnchangingNoun(noun)) return {noun};
+  if (noun.ends_with("ese") && wordNet_.is(noun, WordNet::kAdjective)) return {noun};  // "a Japanese"
   if (isMan(noun)) return {noun.substr(0, noun.size() - 3) + "men"};
 
   Forms irregular = listed(WordNet::kNoun, noun);
   const std::string regular = withS(noun, sounds.hardCh);
   std::erase(irregular, regular);
   if (!irregular.empty()) {
-    const bool used = attested_.has(regular);
+    const uint32_t used = attested_.count(regular), usedIrregular = attested_.count(irregular[0]);
     const bool oes = isOes(noun, irregular[0]);
-    if (oes && used && !attested_.has(irregular[0])) return {regular};
+    if (oes && used > 0 && usedIrregular == 0) return {regular};
+    // A regular form in use may be that of a verb ("mans"), or a slip of the pen ("heros").
+    const bool verb = wordNet_.is(noun, WordNet::kVerb) && !oes;
+    const bool often = used * (verb ? 1 : 4) > usedIrregular;
     const bool foreign = isForeign(noun, irregular[0]);
-    // A regular form in use may also be that of a verb ("mans"); only a foreign plural leaves no doubt.
-    if (used && (oes || foreign || !wordNet_.is(noun, WordNet::kVerb))) add(irregular, regular);
+    // Unused in definitions either way: a word of general English takes the regular ending as well, a
+    // term of anatomy or botany ("coccus", "areola") does not.
+    const WordNet::Lemma* lemma = wordNet_.lemma(noun);
+    const bool general = oes || noun.ends_with("um") || noun.ends_with('o') || noun.ends_with('x') ||
+                         (lemma != nullptr && lemma->uses[WordNet::kNoun] > 0);
+    const bool rare = usedIrregular < kInUse && general && (foreign || oes);
+    if ((used > 0 && (often || foreign)) || rare) add(irregular, regular);
     return irregular;
   }
   if (noun.ends_with("fish")) return {noun, regular};
@@ -192,6 +251,11 @@ bool Inflection::doubles(std::string_view verb, const Forms& exceptions) const {
   for (const std::string& form : exceptions) {
     if (form == stem + "ed" || form == stem + "ing") return true;
   }
+  if (isUnchanging(verb) && verb.size() > 3) {  // "inputting", "resetting", but "reading", "casting"
+    const size_t n = verb.size();
+    return (verb[n - 1] == 't' || verb[n - 1] == 'd') && isVowelLetter(verb[n - 2]) &&
+           !isVowelLetter(verb[n - 3]);
+  }
   return endsInShortSyllable(verb);
 }
 
@@ -199,7 +263,9 @@ bool Inflection::doubles(std::string_view verb, const Forms& exceptions) const {
 bool Inflection::doublesOnly(std::string_view verb, const Sounds& sounds) const {
   if (sounds.syllables == 1 || (sounds.known && sounds.lastStressed)) return true;
   if (sounds.known && verb.ends_with('l')) return false;
-  return !attested_.has(withEd(verb)) && !attested_.has(withIng(verb, false));
+  const uint32_t plain = attested_.count(withEd(verb)) + attested_.count(withIng(verb, false));
+  const uint32_t doubled = attested_.count(withEd(verb, true)) + attested_.count(withIng(verb, false, true));
+  return plain * kMinority <= doubled || plain < kInUse;
 }
 
 void Inflection::regularPast(std::string_view verb, const Sounds& sounds, bool doubled,
@@ -212,7 +278,9 @@ void Inflection::regularPast(std::string_view verb, const Sounds& sounds, bool d
 
 void Inflection::irregularPast(std::string_view verb, const Forms& irregular, VerbForms* forms) const {
   Forms past, participle;
+  bool wornDown = false;
   for (const std::string& form : irregular) {
+    wornDown = wornDown || isWornDown(verb, form);
     (isNParticiple(verb, form, irregular) ? participle : past).push_back(form);
   }
   const bool noPast = past.empty();
@@ -220,8 +288,12 @@ void Inflection::irregularPast(std::string_view verb, const Forms& irregular, Ve
     past = {std::string(verb)};
   } else if (hasUnchangedParticiple(verb)) {
     participle = {std::string(verb)};
-  } else if ((participle.empty() || keepsPastAsParticiple(verb)) && !isPastOnly(verb)) {
-    addAll(participle, past);
+  } else if (participle.empty() && !isPastOnly(verb)) {
+    participle = past;
+  } else if (keepsPastAsParticiple(verb)) {
+    for (const std::string& form : past) {
+      if (!isNoParticiple(form)) add(participle, form);
+    }
   }
   if (isUnchanging(verb)) {
     add(past, std::string(verb));
@@ -229,7 +301,9 @@ void Inflection::irregularPast(std::string_view verb, const Forms& irregular, Ve
   }
   // "showed, shown"; "burned, burnt".
   const std::string regular = withEd(verb);
-  const bool inUse = attested_.has(regular) && !isNoPast(regular);
+  const bool inUse =
+      wornDown || alsoRegular(verb) ||
+      (attested_.has(regular) && !isNoPast(regular) && !isEdOfAnother(wordNet_, verb, regular));
   if ((noPast && past.empty()) || inUse || isPastOnly(verb)) {
     add(past, regular);
     if (inUse || participle.empty()) add(participle, regular);
@@ -250,10 +324,12 @@ VerbForms Inflection::verb(std::string_view spelled, const Sounds& sounds) const
     if (form.ends_with("ing") && form.size() > verb.size()) {
       if (sameStem || verb.ends_with("ie")) add(out.progressive, form);
     } else if (form.ends_with('s')) {
-      if (sameStem || verb == "have") add(out.third, form);
+      if (form == verb + "s" || form == verb + "es" || form == verb + verb.back() + "es" || verb == "have") {
+        add(out.third, form);
+      }
     } else if (form.ends_with("ed") && form.size() > verb.size()) {
       if (sameStem) add(likeRegular, form);
-    } else {
+    } else if (!isWornDown(verb, form) || attested_.has(form)) {  // no "gript", no "addrest"
       add(irregular, form);
     }
   }
@@ -265,6 +341,8 @@ VerbForms Inflection::verb(std::string_view spelled, const Sounds& sounds) const
   }
   if (!irregular.empty()) {
     irregularPast(verb, irregular, &out);
+    addAll(out.past, likeRegular);  // "pent", "penned"
+    addAll(out.participle, likeRegular);
   } else if (isUnchanging(verb)) {
     out.past = out.participle = {verb};
     if (alsoTakesEd(verb)) regularPast(verb, sounds, doubled, &out);
@@ -289,6 +367,7 @@ Comparison Inflection::comparison(std::string_view spelled, const Sounds& sounds
   Comparison out;
   if (isOneOf(word, {"much", "many"})) return {Comparison::Kind::kEndings, {"more"}, {"most"}};
   if (word == "little") return {Comparison::Kind::kEndings, {"less"}, {"least"}};
+  if (word == "well") return {Comparison::Kind::kEndings, {"better"}, {"best"}};
   if (word == "ill") return {Comparison::Kind::kEndings, {"worse"}, {"worst"}};
   if (word == "far") return {Comparison::Kind::kEndings, {"farther", "further"}, {"farthest", "furthest"}};
   if (word == "old") return {Comparison::Kind::kEndings, {"older", "elder"}, {"oldest", "eldest"}};
@@ -309,23 +388,45 @@ Comparison Inflection::comparison(std::string_view spelled, const Sounds& sounds
   if (lemma != nullptr && lemma->relational > 0 && lemma->relational == lemma->senses[WordNet::kAdjective]) {
     return {};
   }
+  if (isCompared(word)) return {};
   const Comparison more = {Comparison::Kind::kMore, {}, {}};
-  if (!isPlainWord(word)) return more;
-  if (isListedVerbForm(word)) return more;
-  if (hasVowelEndingEd(word)) {
-    const std::string before = word.substr(0, word.size() - (word.ends_with("ed") ? 2 : 3));
-    for (const std::string& base : {before, before + "e"}) {
-      if (wordNet_.is(base, WordNet::kVerb) || wordNet_.is(base, WordNet::kNoun)) return more;
-    }
-  }
-  const bool doubled = endsInShortSyllable(word);
-  const std::string er = withEr(word, doubled), est = withEst(word, doubled);
+  if (!isPlainWord(word) || lemma == nullptr || !lemma->is(WordNet::kAdjective)) return more;
+  if (isListedForm(WordNet::kVerb, word) || isParticiple(word)) return more;
+  const std::string er = withEr(word), est = withEst(word);
   const bool inUse = attested_.has(er) && attested_.has(est);
-  const bool consonantY = word.size() > 2 && word.ends_with('y') && !isVowelLetter(word[word.size() - 2]);
-  const bool frequent = lemma != nullptr && lemma->uses[WordNet::kAdjective] >= 20;
-  const bool shortWord = sounds.syllables <= 1 && (!frequent || attested_.has(er) || attested_.has(est));
-  if (!shortWord && !(sounds.syllables <= 2 && (consonantY || inUse))) return more;
+  const bool known = attested_.has(est);  // "-er" may be another word: "live", "liver"
+  // The exception lists have the words in -y and those that double a letter, as far as they compare so.
+  const bool listable = word.ends_with('y') || endsInShortSyllable(word);
+  if (listable ? !inUse : !known && lemma->uses[WordNet::kAdjective] >= kFrequent) return more;
+  if (sounds.syllables > 1 && !(sounds.syllables == 2 && inUse)) return more;
   return {Comparison::Kind::kEndings, {er}, {est}};
+}
+
+// True for what is a comparative or superlative already: "better", "older", "upper".
+bool Inflection::isCompared(const std::string& word) const {
+  if (isListedForm(WordNet::kAdjective, word)) return true;
+  if (isOneOf(word,
+              {"more", "most", "less", "least", "elder", "eldest", "further", "furthest", "farthest"})) {
+    return true;
+  }
+  for (const size_t ending : {size_t{2}, size_t{3}}) {
+    if (word.size() < ending + 2 || !word.ends_with(ending == 2 ? "er" : "est")) continue;
+    const std::string stem = word.substr(0, word.size() - ending);
+    if (wordNet_.is(stem, WordNet::kAdjective) || wordNet_.is(stem + "e", WordNet::kAdjective)) return true;
+    const bool doubled = stem.size() > 2 && stem.back() == stem[stem.size() - 2];
+    if (doubled && wordNet_.is(stem.substr(0, stem.size() - 1), WordNet::kAdjective)) return true;
+  }
+  return false;
+}
+
+// An adjective made of a verb or a noun by -ed or -ing: "tired", "boring", "horned".
+bool Inflection::isParticiple(const std::string& word) const {
+  if (!word.ends_with("ed") && !word.ends_with("ing")) return false;
+  const std::string stem = word.substr(0, word.size() - (word.ends_with("ed") ? 2 : 3));
+  for (const std::string& base : {stem, stem + "e"}) {
+    if (wordNet_.is(base, WordNet::kVerb) || wordNet_.is(base, WordNet::kNoun)) return true;
+  }
+  return false;
 }
 
 Comparison Inflection::adverbComparison(std::string_view spelled) const {

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "mkdict/Attested.h"
@@ -51,8 +52,17 @@ class Inflection {
   // Irregular forms that the exception lists give of a base.
   const Forms& listed(WordNet::Pos pos, std::string_view base) const;
 
-  // True for an irregular form of some verb: "broken", "lost".
-  bool isListedVerbForm(std::string_view form) const;
+  // True for an irregular form of some word: "broken", "children", "better".
+  bool isListedForm(WordNet::Pos pos, std::string_view form) const;
+
+  // True for a verb that WordNet's texts use or that is irregular.
+  bool isKnownVerb(std::string_view verb) const;
+
+  // True for a verb with a present and perhaps a past form and nothing else: "must", "can".
+  static bool isDefective(std::string_view verb);
+  // True for a form of a verb, or a defective verb, that is no regular verb besides: "clung", "shall", but
+  // neither "found" nor "can".
+  bool isMereForm(std::string_view verb) const;
 
  private:
   bool doubles(std::string_view verb, const Forms& exceptions) const;
@@ -60,11 +70,14 @@ class Inflection {
   void regularPast(std::string_view verb, const Sounds& sounds, bool doubled, VerbForms* forms) const;
   void irregularPast(std::string_view verb, const Forms& irregular, VerbForms* forms) const;
   bool isMan(std::string_view noun) const;
+  bool isCompared(const std::string& word) const;
+  bool isParticiple(const std::string& word) const;
 
   const WordNet& wordNet_;
   const Attested& attested_;
   std::array<std::unordered_map<std::string, Forms>, WordNet::kPosCount> byBase_;
-  std::unordered_map<std::string, bool> verbForms_;
+  std::array<std::unordered_set<std::string>, WordNet::kPosCount> forms_;
+  std::unordered_set<std::string> plurals_;  // irregular ones
 };
 
 }  // namespace zavel::mkdict

@@ -96,85 +96,123 @@ void KatuRecords::addParadigm(const std::string& key, Group group, std::vector<I
   }
 }
 
-void KatuRecords::makeParadigms(const std::string& key, const Word& word) {
-  // The engine reads the headword of the first entry that can inflect and the first line of each part of
-  // speech.
+// The entries that speak for a key: the engine reads the headword of the first one that can inflect, and the
+// first line of each part of speech.
+KatuRecords::Speakers KatuRecords::speakersOf(const Word& word) {
+  Speakers out;
   std::string joined;
-  const Entry *head = nullptr, *verb = nullptr, *adjective = nullptr, *noun = nullptr, *adverb = nullptr;
   for (const Entry& entry : word.entries) {
-    if (entry.pos == PartOfSpeech::kAdverb && adverb == nullptr) adverb = &entry;
+    if (entry.pos == PartOfSpeech::kAdverb && out.adverb == nullptr) out.adverb = &entry;
     const uint8_t groups = engine::DscvHinsi(entry.text, engine::kHinsiAll);
     if (groups == 0) continue;
-    if (head == nullptr) head = &entry;
-    if ((groups & kVerbGroup) != 0 && verb == nullptr) verb = &entry;
-    if ((groups & kAdjectiveGroup) != 0 && adjective == nullptr) adjective = &entry;
-    if ((groups & kNounGroup) != 0 && noun == nullptr) noun = &entry;
+    if (out.base.empty()) out.base = entry.word;
+    if ((groups & kVerbGroup) != 0 && out.verb == nullptr) out.verb = &entry;
+    if ((groups & kAdjectiveGroup) != 0 && out.adjective == nullptr) out.adjective = &entry;
+    if ((groups & kNounGroup) != 0 && out.noun == nullptr) out.noun = &entry;
     joined += joined.empty() ? entry.text : entry.text.substr(2);
   }
-  if (head == nullptr || isPhrase(head->word) || isMixed(head->word)) return;
-  const std::string base(head->word);
-
   engine::DicOneMidasiInfo info;
   engine::GetOneMidasiInfo(joined, &info);
   std::vector<engine::KatuyoForm> made;
   engine::SetConjugeteInfo(info, 0, &made);
-  std::map<uint8_t, std::vector<Item>> byRule;
   for (const engine::KatuyoForm& form : made) {
     const uint8_t code = engine::ConvHinnum(form.hinnum);
-    byRule[engine::HinsiOfForm(code)].push_back({form.text, code});
+    out.byRule[engine::HinsiOfForm(code)].push_back({form.text, code});
   }
-  const auto take = [&](Group group, std::vector<Item> items) {
-    std::vector<Item> rule = byRule[group];
-    std::sort(rule.begin(), rule.end());
-    std::sort(items.begin(), items.end());
-    items.erase(std::unique(items.begin(), items.end()), items.end());
-    const bool same = rule == items;
-    addParadigm(key, group, std::move(items), same);
-  };
-  const auto put = [&](std::vector<Item>& items, uint8_t code, const Forms& forms) {
-    for (const std::string& form : forms) items.push_back({cased(form, base), code});
-  };
+  for (auto& [group, items] : out.byRule) std::sort(items.begin(), items.end());
+  return out;
+}
 
-  if (noun != nullptr) {
-    std::vector<Item> items = {{base, kSingular}};
-    // A noun without a plural by the rules has none here either.
-    if (byRule[kNounGroup].size() > 1) put(items, kPlural, inflection_.plurals(base, noun->sounds));
-    take(kNounGroup, std::move(items));
+// Appends forms with one label, in the capitals of their base.
+void KatuRecords::put(std::vector<Item>& items, uint8_t code, const Forms& forms, const std::string& base) {
+  for (const std::string& form : forms) items.push_back({cased(form, base), code});
+}
+
+// Adds a paradigm; its record is needed unless the rules make the same of it.
+void KatuRecords::take(const std::string& key, Group group, std::vector<Item> items,
+                       const Speakers& speakers) {
+  std::sort(items.begin(), items.end());
+  items.erase(std::unique(items.begin(), items.end()), items.end());
+  const auto rule = speakers.byRule.find(group);
+  const bool same = rule == speakers.byRule.end() ? items.empty() : rule->second == items;
+  addParadigm(key, group, std::move(items), same);
+}
+
+void KatuRecords::nounParadigm(const std::string& key, const Speakers& speakers) {
+  std::vector<Item> items = {{speakers.base, kSingular}};
+  const auto rule = speakers.byRule.find(kNounGroup);
+  // A noun without a plural by the rules has none here either, nor one of several words.
+  if (rule != speakers.byRule.end() && rule->second.size() > 1 && !isPhrase(speakers.noun->word)) {
+    put(items, kPlural, inflection_.plurals(speakers.base, speakers.noun->sounds), speakers.base);
   }
-  if (adjective != nullptr) {
-    const Comparison comparison = inflection_.comparison(base, adjective->sounds);
-    std::vector<Item> items = byRule[kAdjectiveGroup];
-    if (comparison.kind == Comparison::Kind::kEndings) {
-      items = {{base, kPositive}};
-      put(items, kComparative, comparison.comparative);
-      put(items, kSuperlative, comparison.superlative);
+  take(key, kNounGroup, std::move(items), speakers);
+}
+
+void KatuRecords::adjectiveParadigm(const std::string& key, const Speakers& speakers) {
+  const std::string& base = speakers.base;
+  const Comparison adverb =
+      speakers.adverb == nullptr ? Comparison() : inflection_.adverbComparison(speakers.adverb->word);
+  std::vector<Item> items = {{base, kPositive}};
+  if (speakers.adjective == nullptr) {
+    if (adverb.comparative.empty()) return;
+  } else if (isPhrase(speakers.adjective->word)) {
+    items[0].form = speakers.adjective->word;
+  } else {
+    const Comparison own = inflection_.comparison(base, speakers.adjective->sounds);
+    if (own.kind != Comparison::Kind::kEndings) {  // what the entry's line says is all there is
+      const auto rule = speakers.byRule.find(kAdjectiveGroup);
+      take(key, kAdjectiveGroup, rule == speakers.byRule.end() ? std::vector<Item>() : rule->second,
+           speakers);
+      return;
     }
-    if (adverb != nullptr && comparison.kind == Comparison::Kind::kEndings) {
-      put(items, kComparative, inflection_.adverbComparison(base).comparative);
-      put(items, kSuperlative, inflection_.adverbComparison(base).superlative);
-    }
-    take(kAdjectiveGroup, std::move(items));
-  } else if (adverb != nullptr && !inflection_.adverbComparison(base).comparative.empty()) {
-    std::vector<Item> items = {{base, kPositive}};
-    put(items, kComparative, inflection_.adverbComparison(base).comparative);
-    put(items, kSuperlative, inflection_.adverbComparison(base).superlative);
-    take(kAdjectiveGroup, std::move(items));
+    put(items, kComparative, own.comparative, base);
+    put(items, kSuperlative, own.superlative, base);
   }
-  if (verb != nullptr) {
-    const VerbForms forms = inflection_.verb(base, verb->sounds);
+  put(items, kComparative, adverb.comparative, base);
+  put(items, kSuperlative, adverb.superlative, base);
+  take(key, kAdjectiveGroup, std::move(items), speakers);
+}
+
+// Appends all forms of a verb but its present, each followed by `rest`.
+void KatuRecords::putVerb(std::vector<Item>& items, const VerbForms& forms, const std::string& rest) {
+  const auto append = [&](uint8_t code, const Forms& list) {
+    for (const std::string& form : list) items.push_back({form + rest, code});
+  };
+  // "am" and "are" stand with the third person: a present form before "be" would become its origin.
+  append(kThird, forms.present);
+  append(kThird, forms.third);
+  append(kPast, forms.past);
+  append(kParticiple, forms.participle);
+  append(kProgressive, forms.progressive);
+}
+
+void KatuRecords::verbParadigm(const std::string& key, const Speakers& speakers) {
+  const std::string& base = speakers.base;
+  const Entry* entry = speakers.verb;
+  if (entry != nullptr && isPhrase(entry->word)) return;  // addPhrase serves it
+  if (entry != nullptr && Inflection::isDefective(base)) {
     std::vector<Item> items = {{base, kPresent}};
-    // "am" and "are" stand with the third person: a present form before "be" would become its origin.
-    put(items, kThird, forms.present);
-    put(items, kThird, forms.third);
-    put(items, kPast, forms.past);
-    put(items, kParticiple, forms.participle);
-    put(items, kProgressive, forms.progressive);
-    take(kVerbGroup, std::move(items));
-    const std::string_view modal = Inflection::modalPast(base);
-    if (!modal.empty()) {
-      addParadigm(key, kVerbGroup, {{base, kPresent}, {std::string(modal), kPast}}, false);
-    }
+    const std::string_view past = Inflection::modalPast(base);
+    if (!past.empty()) items.push_back({std::string(past), kPast});
+    addParadigm(key, kVerbGroup, std::move(items), false);
   }
+  // A noun whose verb no source translates: "shod" leads to the shoe nevertheless.
+  if (entry == nullptr && inflection_.isKnownVerb(base)) entry = speakers.noun;
+  if (entry == nullptr || inflection_.isMereForm(base)) return;
+  std::vector<Item> items = {{base, kPresent}};
+  const size_t first = items.size();
+  putVerb(items, inflection_.verb(base, entry->sounds), "");
+  for (size_t i = first; i < items.size(); ++i) items[i].form = cased(items[i].form, base);
+  take(key, kVerbGroup, std::move(items), speakers);
+}
+
+void KatuRecords::makeParadigms(const std::string& key, const Word& word) {
+  const Speakers speakers = speakersOf(word);
+  if (speakers.base.empty() || isPhrase(speakers.base) || isMixed(speakers.base)) return;
+  if (speakers.base.find('.') != std::string::npos) return;  // abbreviations
+  if (speakers.noun != nullptr) nounParadigm(key, speakers);
+  adjectiveParadigm(key, speakers);
+  verbParadigm(key, speakers);
 }
 
 // "looked after" can't be led back by any suffix rule; "look after" itself needs no record.
@@ -188,29 +226,33 @@ void KatuRecords::addPhrase(const Entry& entry, const std::string& key) {
   const auto verb = std::find_if(word.entries.begin(), word.entries.end(),
                                  [](const Entry& e) { return e.pos == PartOfSpeech::kVerb; });
   if (verb == word.entries.end()) return;
-  const VerbForms forms = inflection_.verb(first, verb->sounds);
   std::vector<Item> items = {{std::string(entry.word), kPresent}};
-  const auto put = [&](uint8_t code, const Forms& list) {
-    for (const std::string& form : list) items.push_back({form + rest, code});
-  };
-  put(kThird, forms.present);
-  put(kThird, forms.third);
-  put(kPast, forms.past);
-  put(kParticiple, forms.participle);
-  put(kProgressive, forms.progressive);
+  putVerb(items, inflection_.verb(first, verb->sounds), rest);
   addParadigm(key, kVerbGroup, std::move(items), false);
-  std::erase(paradigms_.back().filed, key);
 }
 
-// Files a paradigm that the rules make right under those of its forms that the rules lead elsewhere.
+// Files a paradigm that the rules make right under those of its forms that the rules lead elsewhere, an entry
+// of the form itself included ("boxing").
 void KatuRecords::fileUnreachable(Paradigm& paradigm) {
   for (const Item& item : paradigm.items) {
+    if (isPhrase(item.form)) continue;  // nobody looks up "more beautiful"
     const std::string form = engine::ChangeMidasiStrE(item.form);
-    if (form == paradigm.base || groupsByKey_.contains(form))
-      continue;  // a word of its own stands for itself
-    if (std::find(paradigm.filed.begin(), paradigm.filed.end(), form) != paradigm.filed.end()) continue;
-    if (reachedFrom(form) != paradigm.base) paradigm.filed.push_back(form);
+    if (form == paradigm.base || reachedFrom(form) == paradigm.base) continue;
+    if (std::find(paradigm.filed.begin(), paradigm.filed.end(), form) == paradigm.filed.end()) {
+      paradigm.filed.push_back(form);
+    }
   }
+}
+
+// The engine gives no forms at all for a word whose own entries have nothing to inflect, or whose headword is
+// a phrase.
+bool KatuRecords::isMute(const std::string& key) const {
+  const auto word = words_.find(key);
+  if (word == words_.end()) return false;
+  for (const Entry& entry : word->second.entries) {
+    if (engine::LookForDousi(entry.text)) return isPhrase(entry.word);
+  }
+  return true;
 }
 
 // Where a form has a record, all words of its part of speech that have this form need theirs: "lay" is the
@@ -248,11 +290,13 @@ void KatuRecords::write(const Paradigm& paradigm) {
 void KatuRecords::finish() {
   for (const auto& [key, word] : words_) makeParadigms(key, word);
   for (const auto& [key, word] : words_) {
-    if (!isPhrase(word.entries[0].word)) continue;
     for (const Entry& entry : word.entries) addPhrase(entry, key);
   }
   for (Paradigm& paradigm : paradigms_) fileUnreachable(paradigm);
   closeOver();
+  for (Paradigm& paradigm : paradigms_) {
+    std::erase_if(paradigm.filed, [this](const std::string& key) { return isMute(key); });
+  }
   for (const Paradigm& paradigm : paradigms_) {
     if (!paradigm.filed.empty()) write(paradigm);
   }

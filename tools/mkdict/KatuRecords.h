@@ -64,12 +64,26 @@ class KatuRecords {
     std::vector<Entry> entries;
   };
 
+  // What is known of a key before its paradigms are made.
+  struct Speakers {
+    std::string base;  // the headword that the engine inflects; empty when no entry can inflect
+    const Entry *noun = nullptr, *adjective = nullptr, *adverb = nullptr, *verb = nullptr;
+    std::map<uint8_t, std::vector<Item>> byRule;  // what the engine makes of it, sorted, by group
+  };
+  static Speakers speakersOf(const Word& word);
+  static void put(std::vector<Item>& items, uint8_t code, const Forms& forms, const std::string& base);
+  static void putVerb(std::vector<Item>& items, const VerbForms& forms, const std::string& rest);
   void makeParadigms(const std::string& key, const Word& word);
+  void nounParadigm(const std::string& key, const Speakers& speakers);
+  void adjectiveParadigm(const std::string& key, const Speakers& speakers);
+  void verbParadigm(const std::string& key, const Speakers& speakers);
+  void take(const std::string& key, Group group, std::vector<Item> items, const Speakers& speakers);
   void addParadigm(const std::string& key, Group group, std::vector<Item> items, bool byRule);
   void addPhrase(const Entry& entry, const std::string& key);
   void fileUnreachable(Paradigm& paradigm);
   void closeOver();
   std::string reachedFrom(const std::string& key) const;
+  bool isMute(const std::string& key) const;
   void write(const Paradigm& paradigm);
 
   const Inflection& inflection_;  // borrowed

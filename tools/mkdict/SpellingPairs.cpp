@@ -82,6 +82,17 @@ bool flips(std::string_view british, WordNet::Pos pos) {
   return pos == WordNet::kVerb && british.ends_with("ctice");
 }
 
+// Where usage differs about an l: at the end of a verb ("enroll") and before an ending ("traveller").
+bool doublesRegularly(std::string_view longer, size_t at, WordNet::Pos pos) {
+  const std::string_view rest = longer.substr(at + 2);
+  if (rest.empty()) return pos == WordNet::kVerb;
+  for (const std::string_view ending : {"ed", "er", "ery", "en", "ful", "fully", "fulness", "ing", "ist",
+                                        "ment", "or", "ous", "ously", "y"}) {
+    if (rest == ending) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 bool SpellingPairs::corresponds(std::string_view british, std::string_view american) {
@@ -124,6 +135,7 @@ std::vector<SpellingPairs::Pair> SpellingPairs::pairs(const WordNet& wordNet) co
       if (!at) continue;
       // "fulfillment" keeps the ll of American "fulfill"; "traveller" doubles the l of "travel".
       const std::string stem = longer.substr(0, *at + 2);
+      if (!doublesRegularly(longer, *at, pos)) continue;
       const bool longIsAmerican = stem == longer || wordNet.lemma(stem) != nullptr;
       aIsBritish = (longer == a) != longIsAmerican;
     }

@@ -88,14 +88,15 @@ bool posOf(std::string_view letter, WordNet::Pos* pos) {
 WordNet::Kind WordNet::kindOf(unsigned lexicographerFile) {
   switch (lexicographerFile) {
     case 5:   // animal
+    case 18:  // person
+    case 20:  // plant
+      return kLiving;
     case 6:   // artifact
     case 8:   // body
     case 11:  // event
     case 14:  // group
     case 15:  // location
     case 17:  // object
-    case 18:  // person
-    case 20:  // plant
     case 23:  // quantity
     case 25:  // shape
     case 28:  // time

@@ -24,16 +24,18 @@ class WordNet {
     std::array<uint32_t, kPosCount> senses{};
     std::array<uint32_t, kPosCount> uses{};  // counted in the tagged texts
     // Of a noun: senses by kind, a tagged use weighing ten times a sense. See kindOf.
-    std::array<uint32_t, 3> kinds{};
+    std::array<uint32_t, 4> kinds{};
     uint32_t relational = 0;  // adjective senses that mean "of a ...": they don't compare
     bool lowerCase = false;   // WordNet writes it without capitals somewhere
 
-    bool is(Pos pos) const { return senses[pos] > 0; }
+    // Some counted lemmas have left the synsets since, "more than" for one.
+    bool is(Pos pos) const { return senses[pos] > 0 || uses[pos] > 0; }
     uint32_t allUses() const { return uses[0] + uses[1] + uses[2] + uses[3]; }
   };
 
-  // Kinds of nouns, by lexicographer file: things that are counted, that may be, that mostly are not.
-  enum Kind : uint8_t { kThing, kMixed, kMass };
+  // Kinds of nouns, by lexicographer file: persons, animals and plants; other things that are counted; what
+  // may be; what mostly is not.
+  enum Kind : uint8_t { kLiving, kThing, kMixed, kMass };
   static Kind kindOf(unsigned lexicographerFile);
 
   // form -> base, several bases possible, in the order of the file. Words with blanks.
