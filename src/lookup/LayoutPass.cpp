@@ -119,6 +119,7 @@ void LayoutPass::ignore() {
   const size_t end = in_.find(kCarriageReturn, at_);
   returnsLeft_ = end != std::string::npos;
   if (!returnsLeft_) return;
+  spend(end - at_);
   std::move_backward(in_.begin() + static_cast<ptrdiff_t>(at_), in_.begin() + static_cast<ptrdiff_t>(end),
                      in_.begin() + static_cast<ptrdiff_t>(end) + 1);
   ++at_;
@@ -130,7 +131,10 @@ void LayoutPass::joinSpacedText() {
   at_ += 2;
   const size_t bracket = bracketsLeft_ ? in_.find(')', at_) : std::string::npos;
   bracketsLeft_ = bracket != std::string::npos;
-  if (bracketsLeft_) dropIdeographicSpaces(bracket - at_);
+  if (bracketsLeft_) {
+    spend(bracket - at_);
+    dropIdeographicSpaces(bracket - at_);
+  }
   passOver();
 }
 
@@ -138,17 +142,29 @@ void LayoutPass::joinSpacedText() {
 // limit stays where it was while the text draws closer, so k deletions let 2k bytes behind it be searched
 // too; see docs/quirks.md.
 void LayoutPass::dropIdeographicSpaces(size_t limit) {
-  const size_t first = in_.find(kIdeographicSpace, std::max(at_, spaceFreeUntil_));
+  const size_t from = std::max(at_, spaceFreeUntil_);
+  const size_t first = in_.find(kIdeographicSpace, from);
   spaceFreeUntil_ = std::min(first, in_.size());
+  spend(spaceFreeUntil_ - from);
   if (spaceFreeUntil_ >= at_ + limit) return;
   std::string kept(in_, at_, first - at_);
   size_t read = first;
   while (read < in_.size() && kept.size() <= limit) {
     kept.push_back(in_[read++]);
-    if (kept.ends_with(kIdeographicSpace) && kept.size() - 2 < limit) kept.resize(kept.size() - 2);
+    if (kept.back() != kIdeographicSpace.back() || !kept.ends_with(kIdeographicSpace)) continue;
+    if (kept.size() - 2 < limit) kept.resize(kept.size() - 2);
   }
+  spend(4 * kept.size());  // byte by byte costs more than a plain search
   at_ = read - kept.size();
   kept.copy(&in_[at_], kept.size());
+}
+
+// Many keys that each go far would take time by the square of the text's length. Past any entry's need they
+// go as if nothing stood ahead.
+void LayoutPass::spend(size_t bytes) {
+  constexpr size_t kMost = size_t{1} << 28;
+  spent_ += bytes;
+  if (spent_ > kMost) returnsLeft_ = bracketsLeft_ = false;
 }
 
 void LayoutPass::breakHinsi() {

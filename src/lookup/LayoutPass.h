@@ -15,6 +15,9 @@ namespace zavel {
 //
 // The walk is over bytes, blind to Shift_JIS: a trail byte 0xF4 or 0xF5 with the right lead byte behind it
 // is a key like any other.
+//
+// What a key looks for far ahead it looks for as long as all such ways together are at most 256 MiB, that is
+// 4,096 keys that each go 64 KiB: no text takes hours.
 class LayoutPass {
  public:
   explicit LayoutPass(std::string text) : in_(std::move(text)) {}
@@ -37,6 +40,7 @@ class LayoutPass {
   void breakHinsi();
   void startTranslation();
   void dropIdeographicSpaces(size_t limit);
+  void spend(size_t bytes);
 
   std::string in_;  // [at_, end) is still to be laid out
   size_t at_ = 0;
@@ -45,6 +49,7 @@ class LayoutPass {
   size_t spaceFreeUntil_ = 0;  // no ideographic space begins in [at_, here)
   bool bracketsLeft_ = true;   // a ")" may stand ahead
   bool returnsLeft_ = true;    // a CR may stand ahead
+  size_t spent_ = 0;           // bytes looked through and moved far ahead
 };
 
 }  // namespace zavel

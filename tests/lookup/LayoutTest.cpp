@@ -107,6 +107,25 @@ TEST(LayoutIgnore, WithoutACarriageReturnDeletesTheKeyAlone) {
   EXPECT_EQ(laidOut("\ra" + tag(0xF5A7) + "bc"), "\rabc");
 }
 
+std::string repeated(size_t count, const std::string& piece) {
+  std::string text;
+  for (size_t i = 0; i < count; ++i) text += piece;
+  return text;
+}
+
+TEST(LayoutIgnore, ThousandsInAnEntryAllFindTheirCarriageReturn) {
+  // 32,768 bytes. Behind the keys the first CR stands 21,842, 21,840 ... 0 bytes on: in all 10,922 x 10,921,
+  // under half of what is allowed.
+  EXPECT_EQ(laidOut(repeated(10922, tag(0xF5A7)) + repeated(10922, "\r") + "xy"), "xy");
+}
+
+TEST(LayoutIgnore, GivesTheFarSearchUpInATextThatIsMadeToTakeHours) {
+  // The keys go 2 x 1,048,575, 2 x 1,048,574 ... bytes. 128 of them go 128 x 2,097,150 - 128 x 127 =
+  // 268,418,944, one more comes to 270,515,838 and so past 2^28 = 268,435,456: its CR is the last that goes.
+  const size_t count = 1048576;
+  EXPECT_EQ(laidOut(repeated(count, tag(0xF5A7)) + repeated(count, "\r")), std::string(count - 129, '\r'));
+}
+
 // --- Parts of speech, F5D3 ---
 
 TEST(LayoutHinsi, BeginsALineEachTime) {
@@ -192,6 +211,16 @@ TEST(LayoutSpaces, ASpaceThatACarriageReturnPartedGoesOnceTheReturnIsIgnored) {
 
 TEST(LayoutSpaces, TheByteBehindTheKeyIsPassedOver) {
   EXPECT_EQ(laidOut(tag(0xF5C6) + tag(0xF5D8) + "x)"), tag(0xF5D8) + "x)");
+}
+
+TEST(LayoutSpaces, GiveUpInATextThatIsMadeToTakeHours) {
+  // Each key passes over an "x", and the bracket is two million bytes ahead of the first of them.
+  const size_t count = 700000;
+  const std::string xs(count, 'x');
+  EXPECT_EQ(laidOut(repeated(count, tag(0xF5C6) + "x") + sjis("　)")), xs + ")");
+  // Spaces parted by CRs, of which every other key joins one: each would be looked for as far as the end.
+  const std::string text = repeated(count, tag(0xF5A7) + tag(0xF5C6) + "x") + repeated(count, "\x81\r\x40");
+  EXPECT_EQ(laidOut(text + ")").substr(0, count), xs);
 }
 
 // --- Escapes ---

@@ -29,6 +29,7 @@ class Roads : public testing::Test {
     writer.addKatu("took", "{take:現,took:過}");
     writer.addKatu("saw", "{see:現,saw:過}");
     writer.addKatu("worst", "{worse:比,worst:最}");
+    writer.addKatu("gone", "{go:現,took:過,match:分,taken:進}");
     writer.addJ("みち", "道", entryJ("みち", "道", "road"));
     writer.addJ("みち", "未知", entryJ("みち", "未知", "unknown"));
     writer.addJ("みちのく", "", entryJ("みちのく", "", "north"));
@@ -341,6 +342,17 @@ TEST_F(Roads, GetImiE2OfAFormGivesTheFirstFormThatHasAnEntry) {
   EXPECT_TRUE(manager.GetImiE2("took", kFilterAll, out));
   EXPECT_EQ(out, sjis(kTakeShown));
   EXPECT_EQ(manager.CountInflectionData(), 2u);
+}
+
+TEST_F(Roads, GetImiE2PassesOverFormsWithoutAnEntry) {
+  std::string out;
+  EXPECT_TRUE(manager.GetImiE2("gone", kFilterAll, out));  // neither "go" nor "took" is a headword
+  EXPECT_EQ(out, sjis("match\r\r-[名]\r試合\n\r\rmatch\r\r-[動]\r合う\n\r\r"));
+}
+
+TEST_F(Roads, ALineGoesToTheEngineUpToItsZeroByte) {
+  EXPECT_TRUE(manager.NewGetImiE("match", kFilterAll, sjis("match [合う]") + raw("\0")));
+  EXPECT_EQ(file(), sjis("match\r\r-[動]\r合う\n\r\r"));
 }
 
 TEST_F(Roads, GetImiE2WithoutAnEntryAnywhereIsFalseAndEmpty) {
