@@ -111,7 +111,7 @@ class ZAVEL_API MirellDictionaryManager {
   virtual std::string GetMidashiData(uint32_t index);
 
   // The best entries of `meaningList` by `searchKeys`, joined in the answer's order, tags and all. Clears
-  // `headForm`.
+  // `headForm`. All keys but the first stop counting once 512 MiB of entries have been searched for them.
   virtual std::string RebuildResultData();
 
   // What a meaning search takes for a headword line: the line without brackets, gloss, marks and, in a

@@ -170,6 +170,9 @@ std::string MirellDictionaryManager::RebuildResultData() {
   std::vector<std::string> keys = searchKeys;
   for (std::string& key : keys) removeBlanks(key);
 
+  // Lines and entries made for it could else ask for minutes. No real line has more than a few keys.
+  constexpr size_t kMostSearched = size_t{1} << 29;
+  size_t searched = 0;
   std::string best;
   std::string all;
   size_t bestScore = 0;
@@ -179,7 +182,9 @@ std::string MirellDictionaryManager::RebuildResultData() {
     size_t score = 0;
     for (size_t i = 0; i < keys.size(); ++i) {
       if (i > 0) {
-        if (keys[i].size() >= 2 && candidate.find(keys[i]) != kNone) ++score;
+        if (keys[i].size() < 2 || searched > kMostSearched) continue;
+        searched += candidate.size();
+        if (candidate.find(keys[i]) != kNone) ++score;
       } else if (candidate == keys[i]) {
         best = text;  // kept: and once more below, at an equal score; see docs/quirks.md
         ++score;

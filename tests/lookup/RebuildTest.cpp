@@ -71,6 +71,16 @@ TEST(RebuildResultData, TakesEntriesUpToTheirFirstZeroByte) {
   EXPECT_EQ(rebuilt({"b"}, {raw("x\0b"), "y"}), "xy");
 }
 
+TEST(RebuildResultData, StopsCountingKeysInALineThatIsMadeToTakeLong) {
+  const std::string entry = std::string((1 << 20) - 1, 'x') + "\r";  // 1 MiB
+  std::vector<std::string> keys = {"q"};
+  // Behind 512 keys in the first entry 512 MiB are searched, which is still allowed.
+  keys.resize(1 + 512, "ab");
+  EXPECT_EQ(rebuilt(keys, {entry, "ab\r"}), "ab\r");
+  keys.resize(1 + 513, "ab");
+  EXPECT_EQ(rebuilt(keys, {entry, "ab\r"}), entry + "ab\r");
+}
+
 TEST(RebuildResultData, ClearsTheHeadForm) {
   BareManager manager;
   manager.headForm = "go";
