@@ -41,8 +41,8 @@ void GFnReplaceKatakana(char* text);
 void InvertDBCSString(char* text);
 
 // Remove tabs, blanks and full-width blanks of EUC-JP (0xA1A1) in place, TrimRight line ends too. Result:
-// the argument. TrimRight goes by bytes and may cut a character that ends in 0xA1 in two when a full-width
-// blank follows (kept: docs/quirks.md).
+// the argument. They go by bytes: in Shift_JIS two half-width full stops are such a blank, and a character
+// that ends in 0xA1 in front of one stop is cut in two (kept: docs/quirks.md).
 char* TrimLeft(char* text);
 char* TrimRight(char* text);
 char* Trim(char* text);

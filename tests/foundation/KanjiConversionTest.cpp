@@ -230,8 +230,12 @@ TEST(Trim, CutsLineEndsTooAtTheRight) {
 TEST(Trim, GoesByBytesAtTheRight) {
   // A character that ends in 0xA1 and a full-width blank: three bytes 0xA1 in a row, two of which go.
   EXPECT_EQ(run(TrimRight, "\xB0\xA1\xA1\xA1"), "\xB0\xA1");
+  EXPECT_EQ(run(TrimRight, "\xB0\xA1\xA1\xA1 \xA1\xA1"), "\xB0\xA1");
   // Two half-width full stops of Shift_JIS are the bytes of a full-width blank of EUC-JP.
   EXPECT_EQ(run(TrimRight, "x\xA1\xA1"), "x");
+  EXPECT_EQ(run(TrimLeft, "\xA1\xA1x"), "x");
+  // 82 A1 is a character of Shift_JIS and the stop behind it the second half of the blank.
+  EXPECT_EQ(run(TrimRight, "x\x82\xA1\xA1"), "x\x82");
 }
 
 TEST(Trim, CutsAtBothEnds) {

@@ -209,6 +209,28 @@ TEST_F(Roads, AHeadwordSearchWithoutAHitEmptiesTheListAndOneRefusedLeavesIt) {
   EXPECT_EQ(manager.CountMidashiData(), 0u);
 }
 
+TEST_F(Roads, UserDictionariesAreNotSearched) {
+  EndAPI();
+  const std::string english = folder_.prefix() + "ue", japanese = folder_.prefix() + "uj";
+  writeFile(english + "ej.dic", entryE("gnu", "名", "ヌー"));
+  const IndexFiles words = writeIndex(1, {{"gnu", 0}}, true);
+  writeFile(english + "ej.idx", words.idx);
+  writeFile(english + "ej.ix3", words.ix3);
+  ASSERT_EQ(InitAPI(folder_.prefix().c_str(), english.c_str(), japanese.c_str()), 1);
+  uint32_t size = 0;
+  Handle list = nullptr;
+  ASSERT_EQ(SerchMidasiE("gnu", 0, &size, &list, 2), 1);
+  GlobalFree(list);
+  ASSERT_GT(size, 0u);  // the user dictionary has it
+
+  EXPECT_FALSE(manager.GetMidashiE("gnu"));
+  EXPECT_FALSE(manager.GetImiE("gnu", kFilterAll, ""));
+  EXPECT_FALSE(manager.NewGetImiE("gnu", kFilterAll, ""));
+  std::string out;
+  EXPECT_FALSE(manager.GetImiE2("gnu", kFilterAll, out));
+  EXPECT_TRUE(manager.GetMidashiE("take"));
+}
+
 TEST_F(Roads, HalfACharacterIsRefusedByTheEngine) {
   EXPECT_FALSE(manager.GetMidashiJ(sjis("みち") + "\x82"));
 }
