@@ -6,6 +6,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "EntryText.h"
 
@@ -74,7 +75,9 @@ std::string posOf(std::string_view label) {
       {"形動", "adj-na"},
   };
   const auto it = kPos.find(label);
-  return it == kPos.end() ? std::string(label) : it->second;
+  if (it != kPos.end()) return it->second;
+  // "動カ五" and its like tell how a Japanese verb inflects.
+  return label.starts_with("動") ? "v" : std::string(label);
 }
 
 std::vector<std::string> posList(std::string_view line) {
@@ -102,8 +105,10 @@ std::string takeNote(std::string_view* text) {
   return {};
 }
 
-// Glosses stand between commas and semicolons outside brackets.
+// Glosses stand between separators outside brackets. Japanese ones are parted by commas; English ones may
+// hold commas ("to lay, or raise") and are parted by semicolons.
 std::vector<std::string> splitGlosses(std::string_view text) {
+  const bool english = std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; });
   std::vector<std::string> glosses;
   int depth = 0;
   size_t begin = 0;
@@ -114,7 +119,7 @@ std::vector<std::string> splitGlosses(std::string_view text) {
   for (size_t at = 0; at < text.size(); ++at) {
     if (text[at] == '(' || text[at] == '[') ++depth;
     if ((text[at] == ')' || text[at] == ']') && depth > 0) --depth;
-    if (depth > 0 || (text[at] != ',' && text[at] != ';')) continue;
+    if (depth > 0 || (text[at] != ';' && (english || text[at] != ','))) continue;
     take(at);
     begin = at + 1;
   }
@@ -180,12 +185,14 @@ class Gatherer {
   void startEntry() {
     entries_.emplace_back();
     pos_.clear();
+    wordNote_.clear();
     inGloss_ = false;
   }
   void startSense() {
     if (entries_.empty()) entries_.emplace_back();
     entries_.back().emplace_back();
     sense().pos = pos_;
+    sense().note = std::exchange(wordNote_, {});
     inGloss_ = true;
   }
   bool hasSense() const { return !entries_.empty() && !entries_.back().empty(); }
@@ -202,8 +209,13 @@ class Gatherer {
     addNote(note);
   }
   void addNote(std::string_view text) {
-    const std::string_view note = trimmed(text);
-    if (note.empty() || !hasSense()) return;
+    std::string_view note = trimmed(text);
+    if (note.starts_with('(') && note.ends_with(')')) note = note.substr(1, note.size() - 2);
+    if (note.empty()) return;
+    if (!hasSense()) {  // about the whole word: it stands ahead of the first sense
+      wordNote_ = note;
+      return;
+    }
     if (!sense().note.empty()) sense().note += "; ";
     sense().note += note;
   }
@@ -221,6 +233,7 @@ class Gatherer {
 
   std::vector<std::vector<Sense>> entries_;
   std::vector<std::string> pos_;
+  std::string wordNote_;
   bool inGloss_ = false;
 };
 

@@ -19,17 +19,18 @@ void* Allocate(size_t size) {
 
 }  // namespace
 
-void* operator new(size_t size) {
+// Not inlined: the compiler would see a free() of what new gave, and call it a mismatch.
+[[gnu::noinline]] void* operator new(size_t size) {
   if (void* bytes = Allocate(size)) return bytes;
   throw std::bad_alloc();
 }
-void* operator new(size_t size, const std::nothrow_t&) noexcept {
+[[gnu::noinline]] void* operator new(size_t size, const std::nothrow_t&) noexcept {
   return Allocate(size);
 }
-void operator delete(void* bytes) noexcept {
+[[gnu::noinline]] void operator delete(void* bytes) noexcept {
   std::free(bytes);
 }
-void operator delete(void* bytes, size_t) noexcept {
+[[gnu::noinline]] void operator delete(void* bytes, size_t) noexcept {
   std::free(bytes);
 }
 

@@ -298,18 +298,6 @@ void DicWriter::write(const std::string& folder) const {
   for (const auto& [name, bytes] : files()) writeFile(folder + "/" + name, bytes);
 }
 
-TempFolder::TempFolder() {
-  std::string pattern = std::filesystem::temp_directory_path().string() + "/zavel-test-XXXXXX";
-  const char* made = mkdtemp(pattern.data());
-  if (made == nullptr) throw std::runtime_error("no temporary folder");
-  path_ = made;
-}
-
-TempFolder::~TempFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
-}
-
 void writeFile(const std::string& path, std::string_view bytes) {
   std::ofstream out(path, std::ios::binary | std::ios::trunc);
   out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));

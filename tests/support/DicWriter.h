@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "support/TempFolder.h"
+
 namespace zavel::test {
 
 // UTF-8 literal to Shift_JIS bytes for entry text and words; fails the test on a character it lacks.
@@ -68,20 +70,6 @@ class DicWriter {
  private:
   std::string ejDic_, jeDic_, katuDic_;
   std::vector<IndexRow> ej_, hase_, katu_, je_, ke_;
-};
-
-// A fresh folder below the system's temporary folder, removed with all it holds.
-class TempFolder {
- public:
-  TempFolder();
-  ~TempFolder();
-  TempFolder(const TempFolder&) = delete;
-  TempFolder& operator=(const TempFolder&) = delete;
-  const std::string& path() const { return path_; }
-  std::string prefix() const { return path_ + "/"; }
-
- private:
-  std::string path_;
 };
 
 void writeFile(const std::string& path, std::string_view bytes);

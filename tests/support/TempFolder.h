@@ -32,6 +32,7 @@ class TempFolder {
   TempFolder& operator=(const TempFolder&) = delete;
 
   const std::string& path() const { return path_; }
+  std::string prefix() const { return path_ + "/"; }
   std::string file(const std::string& name) const { return path_ + "/" + name; }
 
   void write(const std::string& name, std::string_view bytes) const {

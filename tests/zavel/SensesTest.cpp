@@ -35,9 +35,28 @@ TEST(Senses, TextAheadOfTheFirstHeadwordIsAnEntryOfItsOwn) {
   EXPECT_EQ(entries[0][0].pos, (Glosses{"n", "countable"}));
 }
 
+TEST(Senses, EnglishGlossesArePartedBySemicolons) {
+  const auto entries = sensesFromLabels("【見出し】あ\r【訳語】to lay, or raise (here; there); to move\r");
+  EXPECT_EQ(entries[0][0].glosses, (Glosses{"to lay, or raise (here; there)", "to move"}));
+}
+
 TEST(Senses, CommasInsideBracketsPartNothing) {
-  const auto entries = sensesFromLabels("【見出し】a\r【訳語】to go (here, there), to move\r");
-  EXPECT_EQ(entries[0][0].glosses, (Glosses{"to go (here, there)", "to move"}));
+  const auto entries = sensesFromLabels("【見出し】a\r【訳語】行く (here, there) 先, 動く\r");
+  EXPECT_EQ(entries[0][0].glosses, (Glosses{"行く (here, there) 先", "動く"}));
+}
+
+TEST(Senses, ANoteAboutTheWordGoesToItsFirstSense) {
+  const auto entries = sensesFromLabels(
+      "【見出し】こう 斯う\r【囲み、表、その他の解説・注記】(usually kana)\r【品詞】-[副]\r【訳語】in this "
+      "way; thus\r");
+  ASSERT_EQ(entries[0].size(), 1u);
+  EXPECT_EQ(entries[0][0].note, "usually kana");
+  EXPECT_EQ(entries[0][0].glosses, (Glosses{"in this way", "thus"}));
+}
+
+TEST(Senses, JapaneseVerbsAreVerbs) {
+  const auto entries = sensesFromLabels("【見出し】いく 行く\r【品詞】-[動カ五][自]\r【訳語】to go\r");
+  EXPECT_EQ(entries[0][0].pos, (Glosses{"v", "vi"}));
 }
 
 TEST(Senses, ExamplesHaveTwoSides) {

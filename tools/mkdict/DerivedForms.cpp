@@ -87,9 +87,9 @@ bool beginAlike(std::string_view a, std::string_view b) {
 
 }  // namespace
 
-DerivedForms::DerivedForms(const WordNet& wordNet, const Attested& attested, const KatuRecords& katu,
+DerivedForms::DerivedForms(const WordNet& wordNet, const KatuRecords& katu,
                            const std::vector<EnglishEntries::Item>& items)
-    : wordNet_(wordNet), attested_(attested), katu_(katu), items_(items) {
+    : wordNet_(wordNet), katu_(katu), items_(items) {
   for (size_t i = 0; i < items.size(); ++i) byKey_[items[i].key].push_back(i);
 }
 

@@ -14,7 +14,6 @@
 #include <unordered_map>
 #include <vector>
 
-#include "mkdict/Attested.h"
 #include "mkdict/Compilation.h"
 #include "mkdict/EnglishEntries.h"
 #include "mkdict/KatuRecords.h"
@@ -25,7 +24,7 @@ namespace zavel::mkdict {
 class DerivedForms {
  public:
   // All borrowed; `katu` is finished.
-  DerivedForms(const WordNet& wordNet, const Attested& attested, const KatuRecords& katu,
+  DerivedForms(const WordNet& wordNet, const KatuRecords& katu,
                const std::vector<EnglishEntries::Item>& items);
 
   // All derived words, in the order of the alphabet, their entries in the order of `items`. Ranks count on
@@ -48,7 +47,6 @@ class DerivedForms {
   bool isFree(const std::string& word) const;
 
   const WordNet& wordNet_;
-  const Attested& attested_;
   const KatuRecords& katu_;
   const std::vector<EnglishEntries::Item>& items_;
   std::unordered_map<std::string, std::vector<size_t>> byKey_;

@@ -201,7 +201,7 @@ bool EnglishSide::compile(Compilation& compilation, Progress& progress) {
   katu.finish();
   if (progress.cancelled()) return false;
   compilation.katu = katu.take();
-  compilation.derived = DerivedForms(p.wordNet, p.attested, katu, items).make();
+  compilation.derived = DerivedForms(p.wordNet, katu, items).make();
 
   tellEntries(items, summary);
   summary.figure("irregular paradigms", compilation.katu.size());
