@@ -66,7 +66,8 @@ std::string headwordMarks(const Entry& entry) {
   std::string marks;
   if (entry.homograph > 0) marks += raised(entry.homograph);
   if (entry.stars > 0) marks += ' ';
-  for (int i = 0; i < entry.stars; ++i) marks += "★";
+  // Not "★": fonts draw it wider than terminals count it.
+  marks.append(static_cast<size_t>(entry.stars), '*');
   return marks;
 }
 

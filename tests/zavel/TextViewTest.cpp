@@ -28,7 +28,7 @@ TEST(AnswerText, RaisesHomographNumbersAndShowsStars) {
   Entry made = entry("go", "go\n行く");
   made.homograph = 12;
   made.stars = 3;
-  EXPECT_EQ(answerText(result({made}), {}), "go¹² ★★★\n行く\n");
+  EXPECT_EQ(answerText(result({made}), {}), "go¹² ***\n行く\n");
 }
 
 TEST(AnswerText, ColoursFollowTheSpans) {
