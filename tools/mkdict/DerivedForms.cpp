@@ -14,6 +14,7 @@ namespace zavel::mkdict {
 namespace {
 
 constexpr size_t kCommonStart = 4;  // letters that a word and its base must share
+constexpr size_t kShortestBase = 3;
 constexpr int kAnyPos = -1;
 
 struct Suffix {
@@ -96,7 +97,9 @@ DerivedForms::DerivedForms(const WordNet& wordNet, const KatuRecords& katu,
 std::vector<DerivedForms::Guess> DerivedForms::guesses(std::string_view word) {
   std::vector<Guess> out;
   for (const Suffix& suffix : kSuffixes) {
-    if (!word.ends_with(suffix.ending) || word.size() < suffix.ending.size() + 3) continue;
+    const size_t left = word.size() - std::min(word.size(), suffix.ending.size());
+    if (!word.ends_with(suffix.ending) || left + suffix.replacement.size() < kShortestBase || left == 0)
+      continue;
     const std::string_view stem = word.substr(0, word.size() - suffix.ending.size());
     out.push_back({std::string(stem) + std::string(suffix.replacement), suffix.pos});
     // "swimmer", "forgettable"

@@ -1,6 +1,5 @@
 // Words without an entry of their own that are derived from a word with one: "thoughtfully" leads to
-// "thoughtful". Only words that WordNet has or that definitions use; never an inflected form, which
-// conjugation leads back.
+// "thoughtful". Only words that WordNet has; never an inflected form, which conjugation leads back.
 //
 // Two ways to a base: WordNet's derivational pointers, between words that begin alike; and the regular
 // suffixes -ly, -ness, -able, -er, -ment, -less, -ful, -ish, -ism, -ist, -ity, -ize, -ation. Beside them

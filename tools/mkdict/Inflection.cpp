@@ -276,7 +276,8 @@ void Inflection::regularPast(std::string_view verb, const Sounds& sounds, bool d
   addAll(forms->participle, forms->past);
 }
 
-void Inflection::irregularPast(std::string_view verb, const Forms& irregular, VerbForms* forms) const {
+void Inflection::irregularPast(std::string_view verb, const Forms& irregular, bool doubled,
+                               VerbForms* forms) const {
   Forms past, participle;
   bool wornDown = false;
   for (const std::string& form : irregular) {
@@ -300,7 +301,7 @@ void Inflection::irregularPast(std::string_view verb, const Forms& irregular, Ve
     add(participle, std::string(verb));
   }
   // "showed, shown"; "burned, burnt".
-  const std::string regular = withEd(verb);
+  const std::string regular = withEd(verb, doubled);
   const bool inUse =
       wornDown || alsoRegular(verb) ||
       (attested_.has(regular) && !isNoPast(regular) && !isEdOfAnother(wordNet_, verb, regular));
@@ -340,7 +341,7 @@ VerbForms Inflection::verb(std::string_view spelled, const Sounds& sounds) const
     out.third.push_back(oes ? verb + "es" : withS(verb, sounds.hardCh));  // "undergoes", "echoes"; "solos"
   }
   if (!irregular.empty()) {
-    irregularPast(verb, irregular, &out);
+    irregularPast(verb, irregular, doubled, &out);
     addAll(out.past, likeRegular);  // "pent", "penned"
     addAll(out.participle, likeRegular);
   } else if (isUnchanging(verb)) {

@@ -68,7 +68,7 @@ class Inflection {
   bool doubles(std::string_view verb, const Forms& exceptions) const;
   bool doublesOnly(std::string_view verb, const Sounds& sounds) const;
   void regularPast(std::string_view verb, const Sounds& sounds, bool doubled, VerbForms* forms) const;
-  void irregularPast(std::string_view verb, const Forms& irregular, VerbForms* forms) const;
+  void irregularPast(std::string_view verb, const Forms& irregular, bool doubled, VerbForms* forms) const;
   bool isMan(std::string_view noun) const;
   bool isCompared(const std::string& word) const;
   bool isParticiple(const std::string& word) const;

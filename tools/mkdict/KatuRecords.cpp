@@ -111,6 +111,7 @@ KatuRecords::Speakers KatuRecords::speakersOf(const Word& word) {
     if ((groups & kNounGroup) != 0 && out.noun == nullptr) out.noun = &entry;
     joined += joined.empty() ? entry.text : entry.text.substr(2);
   }
+  if (out.base.empty() && out.adverb != nullptr) out.base = out.adverb->word;
   engine::DicOneMidasiInfo info;
   engine::GetOneMidasiInfo(joined, &info);
   std::vector<engine::KatuyoForm> made;
@@ -196,8 +197,10 @@ void KatuRecords::verbParadigm(const std::string& key, const Speakers& speakers)
     if (!past.empty()) items.push_back({std::string(past), kPast});
     addParadigm(key, kVerbGroup, std::move(items), false);
   }
-  // A noun whose verb no source translates: "shod" leads to the shoe nevertheless.
-  if (entry == nullptr && inflection_.isKnownVerb(base)) entry = speakers.noun;
+  // A verb that no source translates, of a noun or an adjective: "shod" leads to the shoe nevertheless.
+  if (entry == nullptr && inflection_.isKnownVerb(base)) {
+    entry = speakers.noun != nullptr ? speakers.noun : speakers.adjective;
+  }
   if (entry == nullptr || inflection_.isMereForm(base)) return;
   std::vector<Item> items = {{base, kPresent}};
   const size_t first = items.size();
