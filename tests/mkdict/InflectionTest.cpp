@@ -322,12 +322,14 @@ TEST(Inflection, ComparesNeitherRelationsNorWhatIsCompared) {
   EXPECT_EQ(Comparison::Kind::kMore, inflection.comparison("tender", unknown("tender")).kind);
 }
 
-TEST(Inflection, LeavesAFrequentWordWithoutAKnownSuperlativeToMore) {
-  SmallEnglish english;
-  english.synset(WordNet::kAdjective, {"live"});
-  english.uses("live%3:00:00:: 1 5");
-  english.attest("the liver");
-  EXPECT_EQ(Comparison::Kind::kMore, english.inflection().comparison("live", unknown("live")).kind);
+TEST(Inflection, KeepsEndingsFromShortWordsThatDontTakeThem) {
+  for (const char* word : {"live", "own", "wrong", "real"}) {
+    EXPECT_EQ(Comparison::Kind::kMore, comparisonOf(word, {}).kind) << word;
+  }
+  for (const char* word : {"one", "fourth", "some", "gold"}) {
+    EXPECT_EQ(Comparison::Kind::kNone, comparisonOf(word, {}).kind) << word;
+  }
+  EXPECT_EQ(Comparison::Kind::kMore, comparisonOf("French", {}).kind);
 }
 
 TEST(Inflection, ComparesAFewAdverbs) {

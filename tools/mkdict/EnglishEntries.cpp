@@ -160,6 +160,12 @@ void EnglishEntries::addTurned(const GlossIndex::Turned& turned) {
     if (fromFreedict && !(turned.known && pos && (turned.common || used))) return;
   }
   if (!turned.known && !isPhrase(*headword) && isInflected(*headword)) return;
+  // An adverb "longer" alone would keep the engine from leading it back to "long".
+  const bool comparative = headword->ends_with("er") || headword->ends_with("est");
+  if (turned.pos == PartOfSpeech::kAdverb && comparative && present == byKey_.end() &&
+      inflection_.isCompared(lowerCase(*headword))) {
+    return;
+  }
 
   EnglishSense utf8;
   utf8.translations = turned.translations;

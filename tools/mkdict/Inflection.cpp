@@ -12,7 +12,6 @@ namespace {
 using Words = std::initializer_list<std::string_view>;
 
 constexpr uint32_t kInUse = 3;     // uses in definitions that tell that a form is an established one
-constexpr uint32_t kFrequent = 5;  // uses of an adjective after which an unused comparative tells something
 constexpr uint32_t kMinority = 4;  // a spelling counts beside another that is so many times as frequent
 
 bool isOneOf(std::string_view word, Words words) {
@@ -97,7 +96,7 @@ bool isEdOfAnother(const WordNet& wordNet, std::string_view verb, std::string_vi
 // Entries of the exception lists that are other spellings of the base, not forms of it, or slips.
 bool isOtherWord(std::string_view form, std::string_view base) {
   if (form.find('\'') != std::string_view::npos) return true;
-  if (form == "singing" && base == "singe") return true;
+  if ((form == "singing" && base == "singe") || (form == "feed" && base == "fee")) return true;
   return isOneOf(form, {"tranship", "squilgee", "pasquil", "abye", "overflown", "duona", "duonas", "clani",
                         "clanos", "andtheridia", "diathses", "diaerses", "filariiae"});
 }
@@ -131,6 +130,36 @@ bool isNParticiple(std::string_view verb, std::string_view form, const Forms& al
   std::string past(form);
   past[vowel] = 'a';
   return std::find(all.begin(), all.end(), past) != all.end();
+}
+
+// Nouns in -o that take -es in any case.
+bool takesOes(std::string_view noun) {
+  return isOneOf(noun,
+                 {"potato", "tomato", "hero", "superhero", "antihero", "echo", "veto", "embargo", "torpedo"});
+}
+
+// Short adjectives that don't take -er and -est, or whose forms would be other words.
+bool refusesEndings(std::string_view adjective) {
+  return isOneOf(adjective,
+                 {"back",   "bound", "chief", "choice", "dead",  "due",   "fake",  "front", "fun",  "ideal",
+                  "key",    "lead",  "like",  "live",   "lone",  "lost",  "main",  "mere",  "next", "null",
+                  "off",    "own",   "past",  "prime",  "prone", "real",  "right", "rote",  "sole", "spare",
+                  "square", "staff", "still", "such",   "void",  "worth", "wrong"});
+}
+
+// Short adjectives that say how many, which or of what, and so have no degrees.
+bool hasNoDegrees(std::string_view adjective) {
+  return isOneOf(
+      adjective,
+      {"all",   "base",  "bass",    "bias",   "both",  "bronze",  "brute",   "bulk",   "chance", "cross",
+       "done",  "down",  "dual",    "each",   "eight", "eighth",  "eleven",  "extra",  "faux",   "fifth",
+       "first", "five",  "four",    "fourth", "glace", "gold",    "half",    "home",   "in",     "ish",
+       "joint", "last",  "luxe",    "male",   "mass",  "mint",    "mock",    "nee",    "nett",   "nigh",
+       "nine",  "ninth", "no",      "north",  "nth",   "nude",    "nuts",    "on",     "one",    "out",
+       "plus",  "post",  "quits",   "rank",   "rear",  "reverse", "same",    "second", "set",    "seventh",
+       "side",  "six",   "sixth",   "so",     "some",  "south",   "stock",   "tenth",  "than",   "then",
+       "third", "three", "through", "time",   "to",    "triple",  "twelfth", "two",    "up",     "waste",
+       "west",  "east",  "yon",     "wroth"});
 }
 
 // "potato" of "potatoes".
@@ -220,6 +249,7 @@ Forms Inflection::plurals(std::string_view spelled, const Sounds& sounds) const 
   Forms irregular = listed(WordNet::kNoun, noun);
   const std::string regular = withS(noun, sounds.hardCh);
   std::erase(irregular, regular);
+  if (takesOes(noun)) return {noun + "es"};
   if (!irregular.empty()) {
     const uint32_t used = attested_.count(regular), usedIrregular = attested_.count(irregular[0]);
     const bool oes = isOes(noun, irregular[0]);
@@ -389,22 +419,23 @@ Comparison Inflection::comparison(std::string_view spelled, const Sounds& sounds
   if (lemma != nullptr && lemma->relational > 0 && lemma->relational == lemma->senses[WordNet::kAdjective]) {
     return {};
   }
-  if (isCompared(word)) return {};
+  if (isCompared(word) || hasNoDegrees(word)) return {};
   const Comparison more = {Comparison::Kind::kMore, {}, {}};
   if (!isPlainWord(word) || lemma == nullptr || !lemma->is(WordNet::kAdjective)) return more;
-  if (isListedForm(WordNet::kVerb, word) || isParticiple(word)) return more;
+  if (isListedForm(WordNet::kVerb, word) || isParticiple(word) || refusesEndings(word)) return more;
+  if (spelled[0] >= 'A' && spelled[0] <= 'Z') return more;  // "more French"
   const std::string er = withEr(word), est = withEst(word);
   const bool inUse = attested_.has(er) && attested_.has(est);
-  const bool known = attested_.has(est);  // "-er" may be another word: "live", "liver"
   // The exception lists have the words in -y and those that double a letter, as far as they compare so.
-  const bool listable = word.ends_with('y') || endsInShortSyllable(word);
-  if (listable ? !inUse : !known && lemma->uses[WordNet::kAdjective] >= kFrequent) return more;
+  const bool consonantY = word.ends_with('y') && !isVowelLetter(word[word.size() - 2]);
+  const bool listable = consonantY || endsInShortSyllable(word);
+  if (listable && !inUse) return more;
   if (sounds.syllables > 1 && !(sounds.syllables == 2 && inUse)) return more;
   return {Comparison::Kind::kEndings, {er}, {est}};
 }
 
 // True for what is a comparative or superlative already: "better", "older", "upper".
-bool Inflection::isCompared(const std::string& word) const {
+bool Inflection::isCompared(std::string_view word) const {
   if (isListedForm(WordNet::kAdjective, word)) return true;
   if (isOneOf(word,
               {"more", "most", "less", "least", "elder", "eldest", "further", "furthest", "farthest"})) {
@@ -412,7 +443,7 @@ bool Inflection::isCompared(const std::string& word) const {
   }
   for (const size_t ending : {size_t{2}, size_t{3}}) {
     if (word.size() < ending + 2 || !word.ends_with(ending == 2 ? "er" : "est")) continue;
-    const std::string stem = word.substr(0, word.size() - ending);
+    const std::string stem(word.substr(0, word.size() - ending));
     if (wordNet_.is(stem, WordNet::kAdjective) || wordNet_.is(stem + "e", WordNet::kAdjective)) return true;
     const bool doubled = stem.size() > 2 && stem.back() == stem[stem.size() - 2];
     if (doubled && wordNet_.is(stem.substr(0, stem.size() - 1), WordNet::kAdjective)) return true;

@@ -55,6 +55,9 @@ class Inflection {
   // True for an irregular form of some word: "broken", "children", "better".
   bool isListedForm(WordNet::Pos pos, std::string_view form) const;
 
+  // True for what is a comparative or superlative already: "better", "older", "upper".
+  bool isCompared(std::string_view word) const;
+
   // True for a verb that WordNet's texts use or that is irregular.
   bool isKnownVerb(std::string_view verb) const;
 
@@ -70,7 +73,6 @@ class Inflection {
   void regularPast(std::string_view verb, const Sounds& sounds, bool doubled, VerbForms* forms) const;
   void irregularPast(std::string_view verb, const Forms& irregular, bool doubled, VerbForms* forms) const;
   bool isMan(std::string_view noun) const;
-  bool isCompared(const std::string& word) const;
   bool isParticiple(const std::string& word) const;
 
   const WordNet& wordNet_;

@@ -85,7 +85,7 @@ std::string KatuRecords::reachedFrom(const std::string& key) const {
 void KatuRecords::addParadigm(const std::string& key, Group group, std::vector<Item> items, bool byRule) {
   std::sort(items.begin(), items.end());
   items.erase(std::unique(items.begin(), items.end()), items.end());
-  Paradigm& paradigm = paradigms_.emplace_back(Paradigm{key, group, std::move(items), {}});
+  Paradigm& paradigm = paradigms_.emplace_back(Paradigm{key, group, byRule, std::move(items), {}});
   for (const Item& item : paradigm.items) {
     std::string form = engine::ChangeMidasiStrE(item.form);
     if (!byRule && std::find(paradigm.filed.begin(), paradigm.filed.end(), form) == paradigm.filed.end()) {
@@ -240,7 +240,7 @@ void KatuRecords::fileUnreachable(Paradigm& paradigm) {
   for (const Item& item : paradigm.items) {
     if (isPhrase(item.form)) continue;  // nobody looks up "more beautiful"
     const std::string form = engine::ChangeMidasiStrE(item.form);
-    if (form == paradigm.base || reachedFrom(form) == paradigm.base) continue;
+    if (form == paradigm.base || reachedFrom(form) == paradigm.base || isBase(form, paradigm.group)) continue;
     if (std::find(paradigm.filed.begin(), paradigm.filed.end(), form) == paradigm.filed.end()) {
       paradigm.filed.push_back(form);
     }
@@ -258,6 +258,17 @@ bool KatuRecords::isMute(const std::string& key) const {
   return true;
 }
 
+// True for a word with forms of its own in this part of speech. The regular plural of a rare "bu" makes no
+// form of "bus"; but "days", which some dictionary has, is still the plural of "day".
+bool KatuRecords::isBase(const std::string& key, Group group) const {
+  const auto users = formsByKey_.find(key);
+  if (users == formsByKey_.end()) return false;
+  return std::any_of(users->second.begin(), users->second.end(), [&](size_t user) {
+    const Paradigm& paradigm = paradigms_[user];
+    return paradigm.base == key && paradigm.group == group && paradigm.items.size() > 1;
+  });
+}
+
 // Where a form has a record, all words of its part of speech that have this form need theirs: "lay" is the
 // past of "lie" and a verb of its own.
 void KatuRecords::closeOver() {
@@ -271,7 +282,9 @@ void KatuRecords::closeOver() {
       if (files(paradigms_[user])) served |= paradigms_[user].group;
     }
     for (const size_t user : users) {
-      if ((served & paradigms_[user].group) != 0 && !files(paradigms_[user])) more.emplace_back(user, form);
+      const Paradigm& paradigm = paradigms_[user];
+      const bool other = paradigm.byRule && paradigm.base != form && isBase(form, paradigm.group);
+      if ((served & paradigm.group) != 0 && !files(paradigm) && !other) more.emplace_back(user, form);
     }
   }
   for (const auto& [user, form] : more) paradigms_[user].filed.push_back(form);

@@ -57,6 +57,7 @@ class KatuRecords {
   struct Paradigm {
     std::string base;  // key
     Group group;
+    bool byRule;                     // the engine's rules make the same of it
     std::vector<Item> items;         // sorted
     std::vector<std::string> filed;  // keys under which its record stands
   };
@@ -84,6 +85,7 @@ class KatuRecords {
   void closeOver();
   std::string reachedFrom(const std::string& key) const;
   bool isMute(const std::string& key) const;
+  bool isBase(const std::string& key, Group group) const;
   void write(const Paradigm& paradigm);
 
   const Inflection& inflection_;  // borrowed
