@@ -35,7 +35,7 @@ bool FsObj::Close() {
 }
 
 void FsObj::Forget() {
-  window_.clear();
+  windowSize_ = 0;
   windowOffset_ = 0;
   windowAtEnd_ = false;
   nextWindow_ = kSmallWindow;
@@ -51,25 +51,25 @@ bool FsObj::ReadExact(uint64_t offset, void* out, size_t length) {
 }
 
 bool FsObj::InWindow(uint64_t offset, size_t atLeast) const {
-  if (offset < windowOffset_ || offset - windowOffset_ > window_.size()) return false;
-  return windowAtEnd_ || window_.size() - (offset - windowOffset_) >= atLeast;
+  if (offset < windowOffset_ || offset - windowOffset_ > windowSize_) return false;
+  return windowAtEnd_ || windowSize_ - (offset - windowOffset_) >= atLeast;
 }
 
 bool FsObj::ReadWindow(uint64_t offset, size_t atLeast, std::string_view* view) {
   if (!file_) return false;
   if (!InWindow(offset, atLeast) && !FillWindow(offset, atLeast)) return false;
-  *view = std::string_view(window_).substr(offset - windowOffset_);
+  *view = std::string_view(window_.data(), windowSize_).substr(offset - windowOffset_);
   return true;
 }
 
 bool FsObj::FillWindow(uint64_t offset, size_t atLeast) {
   const bool forward =
-      !window_.empty() && offset >= windowOffset_ && offset - windowOffset_ <= window_.size() + nextWindow_;
+      windowSize_ > 0 && offset >= windowOffset_ && offset - windowOffset_ <= windowSize_ + nextWindow_;
   nextWindow_ = forward ? std::min(nextWindow_ * 2, kLargeWindow) : kSmallWindow;
   const size_t wanted = std::max(atLeast, nextWindow_);
-  window_.resize(wanted);
+  if (window_.size() < wanted) window_.resize(wanted);
   const int64_t got = file_->readAt(offset, window_.data(), wanted);
-  window_.resize(static_cast<size_t>(std::max<int64_t>(got, 0)));
+  windowSize_ = static_cast<size_t>(std::max<int64_t>(got, 0));
   windowOffset_ = offset;
   windowAtEnd_ = got >= 0 && static_cast<size_t>(got) < wanted;
   return got >= 0;

@@ -53,7 +53,8 @@ class FsObj {
   bool FillWindow(uint64_t offset, size_t atLeast);
 
   std::unique_ptr<StorageFile> file_;
-  std::string window_;         // bytes read ahead
+  std::string window_;         // room for bytes read ahead; kept from one opening to the next
+  size_t windowSize_ = 0;      // bytes in it
   uint64_t windowOffset_ = 0;  // file offset of window_[0]
   bool windowAtEnd_ = false;   // the file ends with the window
   size_t nextWindow_ = 0;      // bytes that the last read aimed at

@@ -59,27 +59,25 @@ int CompareLines(CompareWords compare, std::string_view a, std::string_view b) {
 }
 
 // In display order, lines that it can't tell apart by their bytes; a line that stands twice once. The lines
-// come in the order of the index, which is nearly this order, so most of them go to the end.
+// come in the order of the index, which is nearly this order, so most of them stay where they are.
 void SortMidasi(CompareWords compare, MidasiLines* lines) {
-  const auto before = [compare](const std::string* a, const std::string* b) {
-    const int order = CompareLines(compare, *a, *b);
-    return order != 0 ? order < 0 : *a < *b;
+  const auto before = [compare](std::string_view a, std::string_view b) {
+    const int order = CompareLines(compare, a, b);
+    return order != 0 ? order < 0 : a < b;
   };
-  std::vector<std::string*> sorted;  // borrowed
-  sorted.reserve(lines->size());
-  for (std::string& line : *lines) {
-    if (sorted.empty() || before(sorted.back(), &line)) {
-      sorted.push_back(&line);
-      continue;
+  auto end = lines->begin();  // of the sorted ones
+  for (const std::string_view line : *lines) {
+    const auto begin = lines->begin();
+    auto place = end;
+    if (end != begin && !before(*std::prev(end), line)) {
+      place = std::partition_point(begin, end, [&](std::string_view other) { return before(other, line); });
+      if (*place == line) continue;
+      std::move_backward(place, end, std::next(end));
     }
-    const auto place = std::partition_point(sorted.begin(), sorted.end(),
-                                            [&](const std::string* other) { return before(other, &line); });
-    if (**place != line) sorted.insert(place, &line);
+    *place = line;
+    ++end;
   }
-  MidasiLines ordered;
-  ordered.reserve(sorted.size());
-  for (std::string* line : sorted) ordered.push_back(std::move(*line));
-  *lines = std::move(ordered);
+  lines->erase(end, lines->end());
 }
 
 MidasiLines Including(std::string (*wordOf)(std::string_view line), const MidasiLines& kihon,

@@ -12,7 +12,8 @@
 
 namespace zavel::engine {
 
-using MidasiLines = std::vector<std::string>;
+// Borrowed: whoever builds the lines keeps them, in a LineStore for example.
+using MidasiLines = std::vector<std::string_view>;
 
 // The letters of `text` up to the first "," or "[": "***run-up [x]" gives "runup".
 std::string WordFilter(std::string_view text);

@@ -6,6 +6,7 @@
 
 #include "engine/ChangeMidasi.h"
 #include "engine/Entry.h"
+#include "engine/LineStore.h"
 #include "engine/MidasiCheck.h"
 #include "engine/MidasiOrder.h"
 #include "engine/SerchFrame.h"
@@ -27,7 +28,8 @@ bool PassesMode(std::string_view line, uint8_t mode) {
 }
 
 // The lines of one side in row order, at most fifty rows; none when the side has no such word.
-Status ListSide(uint16_t type, uint16_t set, const std::string& key, uint8_t mode, MidasiLines* lines) {
+Status ListSide(uint16_t type, uint16_t set, const std::string& key, uint8_t mode, LineStore* store,
+                MidasiLines* lines) {
   uint32_t offset = 0;
   bool found = false;
   Status status = FindBlock(type, set, key, &offset, &found);
@@ -42,17 +44,17 @@ Status ListSide(uint16_t type, uint16_t set, const std::string& key, uint8_t mod
     bool readable = false;
     status = GetIndexWord(type, entry, set, &line, &readable);
     if (status != kOk) return status;
-    if (readable && PassesMode(line, mode)) lines->push_back(line);
+    if (readable && PassesMode(line, mode)) lines->push_back(store->keep(line));
   }
   return kOk;
 }
 
 std::string ToRecords(const MidasiLines& lines) {
   size_t size = 0;
-  for (const std::string& line : lines) size += line.size() + 3;
+  for (const std::string_view line : lines) size += line.size() + 3;
   std::string records;
   records.reserve(size);
-  for (const std::string& line : lines) {
+  for (const std::string_view line : lines) {
     appendLE16(records, static_cast<uint16_t>(line.size() + 1));
     records.append(line).push_back('\0');
   }
@@ -64,10 +66,11 @@ Status ListMidasiE(const char* word, uint8_t mode, SerchSides sides, std::string
   if (mode != kModeAll && !sides.kihon) return kBadArgument;
   sides.user = sides.user && mode == kModeAll;  // stars are marks of the basic dictionary
   const std::string key = ChangeMidasiStrE(word);
+  LineStore store;
   MidasiLines kihon;
   MidasiLines user;
-  Status status = sides.kihon ? ListSide(kTypeE, kSetKihon, key, mode, &kihon) : kOk;
-  if (status == kOk && sides.user) status = ListSide(kTypeE, kSetUser, key, mode, &user);
+  Status status = sides.kihon ? ListSide(kTypeE, kSetKihon, key, mode, &store, &kihon) : kOk;
+  if (status == kOk && sides.user) status = ListSide(kTypeE, kSetUser, key, mode, &store, &user);
   SortMidasiE(&kihon);
   SortMidasiE(&user);
   *records = ToRecords(user.empty() ? kihon : IncludingUser(kihon, user));
@@ -80,10 +83,11 @@ Status ListMidasiJ(char* word, SerchSides sides, std::string* records) {
   if ((type == kTypeKji ? ChkMidasiStrK(word) : ChkMidasiStrJ(word)) != kOk) return kBadArgument;
   std::string key;
   Status status = ChangeMidasi(word, type, &key);
+  LineStore store;
   MidasiLines kihon;
   MidasiLines user;
-  if (status == kOk && sides.kihon) status = ListSide(type, kSetKihon, key, kModeAll, &kihon);
-  if (status == kOk && sides.user) status = ListSide(type, kSetUser, key, kModeAll, &user);
+  if (status == kOk && sides.kihon) status = ListSide(type, kSetKihon, key, kModeAll, &store, &kihon);
+  if (status == kOk && sides.user) status = ListSide(type, kSetUser, key, kModeAll, &store, &user);
   SortMidasiJ(&user);
   *records = ToRecords(user.empty() ? kihon : IncludingUserJ(kihon, user));
   return status;

@@ -79,7 +79,9 @@ TEST(SortMidasiE, KeepsByteOrderAmongLinesThatCompareEqual) {
 }
 
 TEST(SortMidasiJ, SortsByKanaThenByTheWrittenForm) {
-  MidasiLines lines = {sjis("アメ"), sjis("あり"), sjis("あめ [雨]"), sjis("ア"), sjis("あり")};
+  const std::vector<std::string> words = {sjis("アメ"), sjis("あり"), sjis("あめ [雨]"), sjis("ア"),
+                                          sjis("あり")};
+  MidasiLines lines(words.begin(), words.end());
   SortMidasiJ(&lines);
   EXPECT_EQ((MidasiLines{sjis("ア"), sjis("アメ"), sjis("あめ [雨]"), sjis("あり")}), lines);
 }
