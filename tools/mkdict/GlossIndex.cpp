@@ -11,6 +11,7 @@ namespace zavel::mkdict {
 namespace {
 
 constexpr size_t kMostWords = 3;
+constexpr size_t kLongest = 100;  // bytes of a gloss; what is longer is a definition
 constexpr size_t kMostCommon = 6, kMostOthers = 3;
 
 // Weights of a candidate's score.
@@ -21,6 +22,7 @@ constexpr uint32_t kPerGloss = 4;       // and so are later glosses of a sense
 constexpr uint32_t kRemark = 20;        // "(esp. ...)" narrows a gloss
 constexpr uint32_t kDisagreement = 30;  // the two languages use different parts of speech
 constexpr uint32_t kPhrase = 40;        // a Japanese phrase, abbreviation or slang for an English word
+constexpr uint32_t kLoan = 25;          // the English word itself in katakana says the least
 constexpr uint32_t kPerCharacter = 2;   // from the fifth character on: long words tend to be paraphrases
 
 bool takePrefix(std::string_view* text, std::string_view prefix) {
@@ -139,12 +141,14 @@ std::optional<std::string> GlossIndex::headword(std::string_view gloss, bool* ve
   while (takeBrackets(&gloss)) *remarked = true;
   *verb = takePrefix(&gloss, "to ");
   while (takeBrackets(&gloss)) *remarked = true;  // "to (do) ..."
-  if (!*verb && lemma(gloss) == nullptr) {
-    takePrefix(&gloss, "a ") || takePrefix(&gloss, "an ") || takePrefix(&gloss, "the ");
-  }
-  if (*verb) {
-    for (const std::string_view object : {" something", " someone", " somebody", " oneself"}) {
-      if (object != " oneself" && takeSuffix(&gloss, object)) *remarked = true;
+  if (gloss.size() > kLongest) return std::nullopt;
+  if (!*verb) {
+    std::string_view bare = gloss;
+    const bool article = takePrefix(&bare, "a ") || takePrefix(&bare, "an ") || takePrefix(&bare, "the ");
+    if (article && lemma(gloss) == nullptr) gloss = bare;
+  } else {
+    for (const std::string_view object : {" something", " someone", " somebody"}) {
+      if (takeSuffix(&gloss, object)) *remarked = true;
     }
   }
   if (gloss.size() < 2 || !((gloss[0] | 0x20) >= 'a' && (gloss[0] | 0x20) <= 'z')) return std::nullopt;
@@ -252,6 +256,7 @@ void GlossIndex::addGloss(const EdictLine& line, const EdictSense& sense, std::s
   if (hasCode(sense.pos, "exp") || hasCode(sense.remarks, "abbr") || hasCode(sense.remarks, "sl")) {
     score += kPhrase;
   }
+  if (std::all_of(characters->begin(), characters->end(), isKatakana)) score += kLoan;
   if (characters->size() > 4) score += kPerCharacter * static_cast<uint32_t>(characters->size() - 4);
   if (!line.common) score += kUncommon;
 
