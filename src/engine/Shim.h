@@ -72,10 +72,10 @@ bool GetTempFileName(const std::string& folder, const std::string& prefix, uint3
 // have no place in a file here.
 bool CreateFile(const std::string& spec, uint32_t creator, uint32_t type);
 
-// A file specification of this platform is a path, so that one turns into the other by a copy.
+// A file specifier of this platform is a path, so that one turns into the other by a copy.
 inline constexpr size_t kMaxFullPath = 1014;
 inline constexpr int kPathNotResolved = -43;
-// Bytes of *path; -1, with *path as it was, for a specification that is empty or over kMaxFullPath bytes.
+// Bytes of *path; -1, with *path as it was, for a specifier that is empty or over kMaxFullPath bytes.
 int FSp2FullPath(const std::string& spec, std::string* path);
 // 0; kPathNotResolved, with *spec as it was, for a path that is no UTF-8 or where nothing stands.
 int FullPath2FSp(const std::string& path, std::string* spec);
