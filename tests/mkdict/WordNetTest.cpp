@@ -45,6 +45,9 @@ TEST(WordNet, FoldsCapitalsAndUnderlinesAndRemembersCapitals) {
   ASSERT_NE(nullptr, l.net.lemma("united states"));
   EXPECT_FALSE(l.net.lemma("united states")->lowerCase);
   EXPECT_TRUE(l.net.lemma("builder")->lowerCase);
+  ASSERT_TRUE(l.net.readCounts("united_states%1:15:00:: 1 3\nmore_than%4:02:00:: 1 9\n"));
+  EXPECT_FALSE(l.net.lemma("united states")->lowerCase);  // the counts know no capitals
+  EXPECT_TRUE(l.net.lemma("more than")->lowerCase);
 }
 
 TEST(WordNet, SortsNounsByKind) {

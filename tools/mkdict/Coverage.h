@@ -2,7 +2,6 @@
 #ifndef MKDICT_COVERAGE_H
 #define MKDICT_COVERAGE_H
 
-#include <cstdint>
 #include <string>
 #include <vector>
 

@@ -128,13 +128,13 @@ bool WordNet::is(std::string_view text, Pos pos) const {
   return known != nullptr && known->is(pos);
 }
 
-uint32_t WordNet::add(std::string_view word) {
+uint32_t WordNet::add(std::string_view word, bool cased) {
   std::string text = folded(word);
   const bool lower = std::none_of(word.begin(), word.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
   const auto [place, fresh] = numbers_.try_emplace(text, static_cast<uint32_t>(lemmas_.size()));
   if (fresh) lemmas_.push_back({.text = std::move(text)});
   Lemma& lemma = lemmas_[place->second];
-  lemma.lowerCase = lemma.lowerCase || lower;
+  lemma.lowerCase = lemma.lowerCase || (lower && (cased || fresh));
   return place->second;
 }
 
@@ -149,7 +149,7 @@ bool WordNet::readSynset(Pos pos, std::string_view line, const SynsetSink& synse
   const size_t first = words_.size();
   synsetAt_[pos].emplace_back(offset, static_cast<uint32_t>(first));
   for (uint32_t i = 0; i < count && fields.ok(); ++i) {
-    const uint32_t number = add(fields.text());
+    const uint32_t number = add(fields.text(), true);
     fields.text();  // id
     ++lemmas_[number].senses[pos];
     if (pos == kNoun) ++lemmas_[number].kinds[kindOf(file)];
@@ -202,7 +202,7 @@ bool WordNet::readCounts(std::string_view text) {
     std::from_chars(key.data() + percent + 3, key.data() + percent + 5, file);
     if (type < 1 || type > 5 || key[percent + 2] != ':') return false;
     const Pos pos = type == 5 ? kAdjective : static_cast<Pos>(type - 1);
-    Lemma& lemma = lemmas_[add(key.substr(0, percent))];
+    Lemma& lemma = lemmas_[add(key.substr(0, percent), false)];
     lemma.uses[pos] += uses;
     if (pos == kNoun) lemma.kinds[kindOf(file)] += uses * kUseWeight;
     return true;

@@ -75,7 +75,8 @@ class WordNet {
     Pos pos;
   };
   bool readSynset(Pos pos, std::string_view line, const SynsetSink& synsets);
-  uint32_t add(std::string_view word);
+  // `cased`: the file keeps capitals, so a word without any is one that is written so.
+  uint32_t add(std::string_view word, bool cased);
 
   std::vector<Lemma> lemmas_;
   std::unordered_map<std::string, uint32_t> numbers_;
