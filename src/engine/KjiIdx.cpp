@@ -26,7 +26,7 @@ Status ReadKjiIdxInfo() {
   writeLE16(g_sUserKjiIdxInfo, 0);
   FsObj* stream = g_fs_Ke_Idx_User[0];
   if (stream == nullptr || !stream->ReadExact(kInfoOffset, info, sizeof(info))) return kMalformed;
-  writeLE16(g_sUserKjiIdxInfo, readLE16(info + kKjiCountOffset - kInfoOffset));
+  writeLE16(g_sUserKjiIdxInfo, readLE16(info + (kKjiCountOffset - kInfoOffset)));
   return kOk;
 }
 
