@@ -77,6 +77,13 @@ const std::map<std::string, std::string>& baseDictionary() {
   return files;
 }
 
+const std::vector<std::string>& baseNames() {
+  static const std::vector<std::string> names = {"ej.dic",   "ej.ix3",   "ej.idx",   "hase.ix3", "hase.idx",
+                                                 "katu.dic", "katu.ix3", "katu.idx", "je.dic",   "je.ix3",
+                                                 "je.idx",   "ke.ix3",   "ke.idx"};
+  return names;
+}
+
 const std::map<std::string, std::string>& baseUserSets() {
   static const std::map<std::string, std::string> files = makeUserSets();
   return files;

@@ -4,11 +4,13 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 namespace zavel::fuzz {
 
 // The thirteen files by name.
 const std::map<std::string, std::string>& baseDictionary();
+const std::vector<std::string>& baseNames();
 
 // Files of one user English and one user Japanese set, with headers and one continuation kanji index, by
 // name ("ueej.dic", "ujkna.idx", "uj001.idx", ...).

@@ -9,12 +9,6 @@
 namespace zavel::fuzz {
 namespace {
 
-void demand(bool holds, const char* what) {
-  if (holds) return;
-  std::fprintf(stderr, "broken promise: %s\n", what);
-  std::abort();
-}
-
 // Reads every byte of a result and frees it.
 void take(uint16_t status, uint32_t size, Handle list) {
   demand(status != 0, "a status is never 0");
@@ -35,6 +29,12 @@ std::vector<char> buffer(const std::string& word) {
 }
 
 }  // namespace
+
+void demand(bool holds, const char* what) {
+  if (holds) return;
+  std::fprintf(stderr, "broken promise: %s\n", what);
+  std::abort();
+}
 
 void searchEnglish(const std::string& word, unsigned char dic) {
   uint32_t size = 0;

@@ -6,6 +6,9 @@
 
 namespace zavel::fuzz {
 
+// Ends the run as a finding, with `what` on standard error, unless `holds`.
+void demand(bool holds, const char* what);
+
 // The engine must be open. Statuses are whatever the damage makes them; sizes and handles must agree.
 void searchEnglish(const std::string& word, unsigned char dic);
 void searchJapanese(const std::string& word, unsigned char dic);

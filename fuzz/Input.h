@@ -30,31 +30,22 @@ class Input {
     return out;
   }
   std::string rest() { return bytes(left_); }
+  // A word to search for: its length, at most 31, and its bytes.
+  std::string shortText() { return bytes(byte() & 0x1F); }
 
  private:
   const uint8_t* data_;  // borrowed
   size_t left_;
 };
 
-// Damages whole files by what the input says: set bytes, cut, insert, replace whole. So a fuzzer starts from
-// files in which every reader gets far.
-inline void damage(Input& input, std::map<std::string, std::string>& files,
-                   const std::vector<std::string>& names) {
-  while (!input.done()) {
-    std::string& file = files[names[input.byte() % names.size()]];
-    const uint8_t what = input.byte();
-    const size_t at = file.empty() ? 0 : input.word() % file.size();
-    if (what < 0xA0 && !file.empty()) {
-      file[at] = static_cast<char>(input.byte());
-    } else if (what < 0xC0) {
-      file.resize(at);
-    } else if (what < 0xF0) {
-      file.insert(at, input.bytes(what & 0x0F));
-    } else {
-      file = input.bytes(input.word());
-    }
-  }
-}
+// Damages whole files by what the input says, one operation after the other: the file's number, the
+// operation, a place (low byte first), then what the operation takes. So a fuzzer starts from files in which
+// every reader gets far.
+//
+//   00 to 7F  sets one byte           B0 to BE  cuts the file there    E0 to EF  adds copies of 1 to 16
+//   bytes: 80 to 9F  sets two bytes          BF        removes the file                 how many, then the
+//   bytes A0 to AF  sets four bytes         C0 to DF  inserts 0 to 31 bytes  F0 to FF  replaces the whole
+void damage(Input& input, std::map<std::string, std::string>& files, const std::vector<std::string>& names);
 
 }  // namespace zavel::fuzz
 
