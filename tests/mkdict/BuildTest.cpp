@@ -158,6 +158,18 @@ INSTANTIATE_TEST_SUITE_P(Build, MissingInput,
                                          Missing{"wordnet/adv.exc", kWordNetHint},
                                          Missing{"wordnet/cntlist.rev", kWordNetHint}));
 
+TEST(Build, AnInputThatCannotBeReadIsTheEnvironment) {
+  Workshop shop;
+  test::FaultyStorage disk;
+  disk.failAt(1);  // the first file that is opened
+  const Outcome outcome = shop.build();
+  EXPECT_EQ(kExitEnvironment, outcome.status);
+  EXPECT_EQ("unreadable_input", outcome.code);
+  EXPECT_EQ(shop.options.edict + " can't be read", outcome.message);
+  EXPECT_EQ("Make it readable, or name the place of another with --edict.", outcome.hint);
+  EXPECT_TRUE(shop.left().empty());
+}
+
 TEST(Build, DamagedSourcesAreFive) {
   for (const char* file : {"edict", "eng-jpn.index"}) {
     Workshop shop;

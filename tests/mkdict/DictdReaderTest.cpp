@@ -94,7 +94,7 @@ TEST(DictdReader, FindsEntriesByTheIndex) {
 
 TEST(DictdReader, ReadsDictzipAndAFourthColumn) {
   Files files;
-  ASSERT_TRUE(files.open("cat\tA\tE\tCat", gzip("Cat\n", true))) << files.error;
+  ASSERT_TRUE(files.open("cat\tA\tE\tCat\n", gzip("Cat\n", true))) << files.error;
   EXPECT_EQ("Cat\n", files.reader.textOf(files.reader.entries().at(0)));
 }
 
@@ -118,6 +118,20 @@ TEST(DictdReader, RefusesAnIndexThatLeadsOutside) {
 TEST(DictdReader, TakesASpanUpToTheEnd) {
   Files files;
   EXPECT_TRUE(files.open("cat\tA\tE\nend\tE\tA\n", "cat\n"));
+}
+
+TEST(DictdReader, RefusesAnIndexThatIsCutShort) {
+  Files line;
+  EXPECT_FALSE(line.open("cat\tA\tE\ndog\tE\tE", "cat\ndog\n"));
+  EXPECT_EQ(line.folder.path() + "/x.index is damaged: its last line does not end", line.error);
+  // 35 of 40 bytes are too few, 36 are enough; the same bytes twice count once.
+  const std::string text(40, 'x');
+  Files most;
+  EXPECT_TRUE(most.open("a\tA\tU\nb\tU\tQ\n", text)) << most.error;  // 0 to 20, 20 to 36
+  Files less;
+  EXPECT_FALSE(less.open("a\tA\tU\na\tA\tU\nb\tU\tP\n", text));  // 20 to 35
+  EXPECT_EQ(less.folder.path() + "/x.index is damaged: it leads to less than nine tenths of the text",
+            less.error);
 }
 
 TEST(DictdReader, RefusesDamagedText) {

@@ -203,11 +203,21 @@ TEST(EdictReader, RefusesAFileOfAnotherKind) {
   EXPECT_EQ(SourceFault::kDamaged, Reading("").fault);
 }
 
+TEST(EdictReader, RefusesAFileThatIsCutShort) {
+  std::string lines;
+  for (int i = 0; i < 20; ++i) lines += kKana;
+  const Reading cut(lines + "\xA4\xA4 /(n) gloss/and half of ano");
+  EXPECT_EQ(SourceFault::kDamaged, cut.fault);
+  EXPECT_EQ(cut.folder.path() + "/edict is cut short: its last line breaks off", cut.error);
+  EXPECT_TRUE(cut.compilation.japanese.empty());
+}
+
 TEST(EdictReader, MissesAMissingFile) {
   Compilation compilation;
   Progress progress;
   std::string error;
   EXPECT_EQ(SourceFault::kMissing, EdictReader::read("/nowhere/edict", &compilation, progress, &error));
+  EXPECT_EQ("/nowhere/edict can't be read", error);
 }
 
 TEST(EdictReader, StopsWhenAsked) {

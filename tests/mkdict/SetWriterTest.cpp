@@ -161,6 +161,59 @@ INSTANTIATE_TEST_SUITE_P(SetWriter, FailingDisk,
                                          Failing{test::FaultyStorage::kForEver, true, false},
                                          Failing{test::FaultyStorage::kForEver, false, true}));
 
+// What the caller may say of the target after a failure.
+SetWriter::Left leftBy(const char* kind, long nth, test::FaultyStorage::Repeat repeat, bool swap) {
+  const test::TempFolder folder;
+  const std::string target = folder.path() + "/set";
+  EXPECT_TRUE(writeTo(target, "old"));
+  test::FaultyStorage disk;
+  EXPECT_TRUE(writeTo(target, "old", swap));
+  long at = 0;
+  for (const std::string& operation : disk.history()) {
+    ++at;
+    if (operation.rfind(kind, 0) == 0 && --nth == 0) break;
+  }
+  EXPECT_EQ(0, nth) << kind;
+  disk.failAt(at, repeat);
+  SetWriter writer(target, swap);
+  Progress progress;
+  std::string error;
+  EXPECT_FALSE(writer.write(setOf("new"), progress, &error));
+  EXPECT_NE("", error);
+  disk.failAt(0);
+  const std::string expected = writer.left() == SetWriter::Left::kNewSet  ? "new"
+                               : writer.left() == SetWriter::Left::kAside ? "none"
+                                                                          : "old";
+  EXPECT_EQ(expected, stateOf(target));
+  if (expected == "none") {
+    EXPECT_EQ("old", stateOf(writer.aside()));
+  }
+  return writer.left();
+}
+
+TEST(SetWriter, TellsWhatStandsInTheTargetAfterAFailure) {
+  using Left = SetWriter::Left;
+  constexpr auto kOnce = test::FaultyStorage::kOnce, kForEver = test::FaultyStorage::kForEver;
+  EXPECT_EQ(Left::kAsItWas, leftBy("writeAt", 1, kOnce, true));
+  EXPECT_EQ(Left::kAsItWas, leftBy("rename", 1, kForEver, false));
+  EXPECT_EQ(Left::kAsItWas, leftBy("rename", 2, kOnce, false));  // put back
+  EXPECT_EQ(Left::kAside, leftBy("rename", 2, kForEver, false));
+  EXPECT_EQ(Left::kNewSet, leftBy("syncFolder", 2, kOnce, true));  // the parent, after the swap
+}
+
+TEST(SetWriter, StartsWhereItMayWrite) {
+  const test::TempFolder folder;
+  test::FaultyStorage disk;
+  disk.failAt(1);  // makeFolder
+  SetWriter writer(folder.path() + "/set");
+  std::string error;
+  EXPECT_FALSE(writer.start(&error));
+  EXPECT_EQ(0u,
+            error.rfind("making the folder " + fs::canonical(folder.path()).string() + "/set.partial-", 0))
+      << error;
+  EXPECT_TRUE(namesIn(folder.path()).empty());
+}
+
 TEST(SetWriter, RemovesItsFolderWhenStopped) {
   const test::TempFolder folder;
   volatile std::sig_atomic_t stop = 1;

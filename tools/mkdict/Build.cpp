@@ -44,16 +44,36 @@ std::vector<Input> inputsOf(const Options& options) {
 
 Outcome checkInputs(const Options& options) {
   for (const Input& input : inputsOf(options)) {
-    if (storage().exists(input.path) && !storage().isFolder(input.path)) continue;
-    return failed(kExitEnvironment, "missing_input", input.path + " is missing",
-                  std::string("Install the Debian package ") + input.package + ", or name the place with " +
-                      input.option + ".");
+    if (!storage().exists(input.path) || storage().isFolder(input.path)) {
+      return failed(kExitEnvironment, "missing_input", input.path + " is missing",
+                    std::string("Install the Debian package ") + input.package + ", or name the place with " +
+                        input.option + ".");
+    }
+    if (storage().open(input.path, OpenMode::kRead) == nullptr) {
+      return failed(kExitEnvironment, "unreadable_input", input.path + " can't be read",
+                    std::string("Make it readable, or name the place of another with ") + input.option + ".");
+    }
   }
   return {};
 }
 
 Outcome damagedInput(const std::string& error) {
   return failed(kExitDamaged, "damaged_input", error, "Install its package again, or name another file.");
+}
+
+Outcome writeFailed(const SetWriter& writer, const std::string& error) {
+  const auto hint = [&writer]() -> std::string {
+    switch (writer.left()) {
+      case SetWriter::Left::kNewSet:
+        return "The new dictionary stands there whole, but may not outlast a power cut.";
+      case SetWriter::Left::kAside:
+        return "What stood there before is now " + writer.aside() + "; the next run puts it back.";
+      case SetWriter::Left::kAsItWas:
+        break;
+    }
+    return "What stood there before is unchanged. Is the disk full?";
+  };
+  return failed(kExitEnvironment, "write_failed", error, hint());
 }
 
 class Run {
@@ -99,8 +119,7 @@ Outcome Run::write() {
   std::string error;
   if (writer_.write(files, progress_, &error)) return {};
   if (error.empty()) return interrupted();
-  return failed(kExitEnvironment, "write_failed", error,
-                "What stood there before is unchanged. Is the disk full?");
+  return writeFailed(writer_, error);
 }
 
 Outcome Run::run() {
@@ -109,6 +128,7 @@ Outcome Run::run() {
     return failed(kExitEnvironment, "bad_target", error,
                   "Name an empty folder, a new one, or one with a set.");
   }
+  if (!writer_.start(&error)) return writeFailed(writer_, error);
   for (const auto step : {&Run::read, &Run::write}) {
     if (const Outcome outcome = (this->*step)(); outcome.status != kExitDone) return outcome;
   }

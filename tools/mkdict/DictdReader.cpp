@@ -4,6 +4,7 @@
 #include <zlib.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "foundation/Storage.h"
 
@@ -82,7 +83,25 @@ std::optional<uint64_t> DictdReader::number(std::string_view digits) {
   return value;
 }
 
+// An index that was cut short at a line's end still leads somewhere with each line, but not to all of the
+// text.
+bool DictdReader::coversText() const {
+  std::vector<std::pair<uint64_t, uint64_t>> spans;
+  for (const Entry& entry : entries_) spans.emplace_back(entry.offset, entry.offset + entry.length);
+  std::sort(spans.begin(), spans.end());
+  uint64_t covered = 0, end = 0;
+  for (const auto& [from, to] : spans) {
+    if (to > end) covered += to - std::max(from, end);
+    end = std::max(end, to);
+  }
+  return covered >= text_.size() / 10 * 9;
+}
+
 bool DictdReader::readIndex(std::string_view index, std::string* error) {
+  if (!index.empty() && index.back() != '\n') {
+    *error = "its last line does not end";
+    return false;
+  }
   size_t lineNumber = 0;
   while (!index.empty()) {
     ++lineNumber;
@@ -106,7 +125,9 @@ bool DictdReader::readIndex(std::string_view index, std::string* error) {
     }
     entries_.push_back({std::string(line.substr(0, first)), *offset, *length});
   }
-  return true;
+  if (coversText()) return true;
+  *error = "it leads to less than nine tenths of the text";
+  return false;
 }
 
 bool DictdReader::open(const std::string& indexPath, const std::string& textPath, std::string* error) {

@@ -22,7 +22,8 @@ class DictdReader {
   };
 
   // Reads both files. False with a sentence in *error when a file can't be read, the text is no sound gzip
-  // stream or longer than 256 MB, or a line of the index is no index line or leads outside the text; the
+  // stream or longer than 256 MB, a line of the index is no index line or leads outside the text, or the
+  // index is cut short: its last line does not end, or it leads to less than nine tenths of the text. The
   // reader is then empty.
   bool open(const std::string& indexPath, const std::string& textPath, std::string* error);
 
@@ -41,6 +42,7 @@ class DictdReader {
 
  private:
   bool readIndex(std::string_view index, std::string* error);
+  bool coversText() const;
 
   std::vector<Entry> entries_;
   std::string text_;

@@ -91,11 +91,11 @@ void Reading::finish() {
 
 SourceFault Reading::read(const std::string& path, std::string* error) {
   std::string bytes;
-  if (!storage().exists(path)) return SourceFault::kMissing;
   if (!readWholeFile(path, kMostBytes, &bytes)) {
     *error = path + " can't be read";
     return SourceFault::kMissing;
   }
+  const bool whole = bytes.empty() || bytes.back() == '\n' || bytes.back() == '/';  // each line ends in "/"
   progress_.stage("reading EDICT", static_cast<uint64_t>(std::count(bytes.begin(), bytes.end(), '\n')));
   readLines(bytes);
   std::string().swap(bytes);
@@ -103,6 +103,10 @@ SourceFault Reading::read(const std::string& path, std::string* error) {
   if (sound_ < 9 * unsound_ || sound_ == 0) {
     *error = path + " is no EDICT file: " + std::to_string(unsound_) + " of " +
              std::to_string(sound_ + unsound_) + " lines are of another form";
+    return SourceFault::kDamaged;
+  }
+  if (!whole) {
+    *error = path + " is cut short: its last line breaks off";
     return SourceFault::kDamaged;
   }
   finish();

@@ -1,9 +1,7 @@
 // Tests: tests/mkdict/SetWriterTest.cpp.
 #include "mkdict/SetWriter.h"
 
-#include <fcntl.h>
 #include <signal.h>
-#include <stdio.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -124,16 +122,15 @@ bool SetWriter::writeFile(const SetFile& file, std::string* error) {
 // One step where the system has it: no moment without a dictionary. Else two, and back again when the
 // second one fails.
 bool SetWriter::swapFolders() {
-  if (swap_ && ::renameat2(AT_FDCWD, partial_.c_str(), AT_FDCWD, target_.c_str(), RENAME_EXCHANGE) == 0) {
-    return true;
-  }
-  const std::string aside = target_ + kAside + std::to_string(::getpid());
-  if (!storage().rename(target_, aside)) return false;
+  if (swap_ && storage().exchange(partial_, target_)) return true;
+  if (!storage().rename(target_, aside())) return false;
   if (!storage().rename(partial_, target_)) {
-    storage().rename(aside, target_);
+    const int reason = errno;
+    if (!storage().rename(aside(), target_)) left_ = Left::kAside;
+    errno = reason;
     return false;
   }
-  removeSet(aside);
+  removeSet(aside());
   return true;
 }
 
@@ -145,6 +142,7 @@ bool SetWriter::putInPlace(std::string* error) {
     *error = failure("putting the dictionary in place as " + target_);
     return false;
   }
+  left_ = Left::kNewSet;
   unfinished_ = replaces;  // partial_ may now hold the old set, which the end of this object removes
   if (!storage().syncFolder(fs::path(target_).parent_path().string())) {
     *error = failure("putting " + target_ + " on the disk");
@@ -153,8 +151,11 @@ bool SetWriter::putInPlace(std::string* error) {
   return true;
 }
 
-bool SetWriter::write(const std::vector<SetFile>& files, Progress& progress, std::string* error) {
-  error->clear();
+std::string SetWriter::aside() const {
+  return target_ + kAside + std::to_string(::getpid());
+}
+
+bool SetWriter::start(std::string* error) {
   removeAbandoned(target_);
   errno = 0;
   if (const int code = storage().makeFolder(partial_); code != 0) {
@@ -163,6 +164,12 @@ bool SetWriter::write(const std::vector<SetFile>& files, Progress& progress, std
     return false;
   }
   unfinished_ = true;
+  return true;
+}
+
+bool SetWriter::write(const std::vector<SetFile>& files, Progress& progress, std::string* error) {
+  error->clear();
+  if (!unfinished_ && !start(error)) return false;
   progress.stage("writing", files.size());
   for (size_t i = 0; i < files.size(); ++i) {
     if (progress.cancelled() || !writeFile(files[i], error)) return false;

@@ -26,11 +26,25 @@ class SetWriter {
   // missing, empty or an older set. False with a sentence in *error.
   bool prepare(std::string* error);
 
-  // Writes the files and puts them in place. False with a sentence in *error, the target then as it was,
-  // or when `progress` was cancelled before the files were in place (*error empty).
+  // Makes the folder that write() fills, so that a target that can't be written to shows before the long
+  // work. False with a sentence in *error.
+  bool start(std::string* error);
+
+  // Writes the files and puts them in place; calls start() where that was not done. False with a sentence in
+  // *error, left() then telling what stands in the target, or when `progress` was cancelled before the files
+  // were in place (*error empty).
   bool write(const std::vector<SetFile>& files, Progress& progress, std::string* error);
 
   const std::string& target() const { return target_; }
+
+  // After a failed write().
+  enum class Left {
+    kAsItWas,  // the target is unchanged
+    kNewSet,   // the new set is in place, but the system would not promise that it outlasts a power cut
+    kAside,    // nothing in the target: the old set waits in aside() for the next run to put it back
+  };
+  Left left() const { return left_; }
+  std::string aside() const;
 
   // Name of the list of sources beside the thirteen files.
   static constexpr const char* kSources = "SOURCES.txt";
@@ -44,6 +58,7 @@ class SetWriter {
   std::string partial_;  // the folder being filled
   bool swap_;
   bool unfinished_ = false;  // partial_ exists
+  Left left_ = Left::kAsItWas;
 };
 
 }  // namespace zavel::mkdict
