@@ -44,6 +44,15 @@ TEST(Countable, CountsOtherNounsByTheUseOfTheirPlural) {
   EXPECT_FALSE(Noun("work", kAct).counts());
 }
 
+TEST(Countable, TakesAPluralAmongManyUsesForASlip) {
+  for (const int uses : {150, 151}) {
+    Noun noun("advice", 10);
+    noun.english.attest("advices");
+    for (int i = 0; i < uses; ++i) noun.english.attest("advice");
+    EXPECT_EQ(uses == 150, noun.counts()) << uses;
+  }
+}
+
 TEST(Countable, DoesNotTakeAVerbsThirdPersonForAPlural) {
   for (const int uses : {2, 3}) {
     Noun noun("love", 12);

@@ -102,6 +102,32 @@ TEST(DerivedForms, StripsRegularSuffixes) {
   }
 }
 
+TEST(DerivedForms, LeadsToNoAbbreviationAndNoShortName) {
+  const std::pair<const char*, const char*> table[] = {
+      {"lutist", "LUT"}, {"monish", "Mon"}, {"tvish", "TV"}, {"nanism", "nan"}};
+  for (const auto& [derived, base] : table) {
+    Set set;
+    set.english.synset(WordNet::kNoun, {derived});
+    set.entry(base, PartOfSpeech::kNoun);
+    EXPECT_TRUE(set.made().empty()) << derived;
+  }
+  Set marx;
+  marx.english.synset(WordNet::kNoun, {"marxist"});
+  marx.entry("Marx", PartOfSpeech::kProperNoun);
+  EXPECT_EQ(Texts{"marxist: Marx"}, marx.made());
+}
+
+TEST(DerivedForms, LeadsWordsOfGrammarToTheirs) {
+  Set set;
+  set.entry("who", PartOfSpeech::kPronoun);
+  set.entry("toward", PartOfSpeech::kPreposition);
+  EXPECT_EQ((Texts{"towards: toward", "whom: who"}), set.made());
+  Set own;
+  own.entry("whom", PartOfSpeech::kPronoun);
+  own.entry("who", PartOfSpeech::kPronoun);
+  EXPECT_TRUE(own.made().empty());
+}
+
 TEST(DerivedForms, AsksForTheRightPartOfSpeech) {
   Set set;
   set.english.synset(WordNet::kNoun, {"corner"});

@@ -255,6 +255,75 @@ TEST(EnglishEntries, GivesANameTheStarsOfItsSpellingOnlyWhenItStandsAlone) {
   EXPECT_EQ((Texts{"China***", "turkey***", "Turkey"}), stars);
 }
 
+TEST(EnglishEntries, GivesANameItsOwnStarsWhereWordNetTellsIt) {
+  Gathering g;
+  g.english.synset(WordNet::kNoun, {"China"}, 15);
+  g.english.synset(WordNet::kNoun, {"china"});
+  g.english.uses("china%1:15:00:: 1 9");
+  g.entries().add(word("china", PartOfSpeech::kNoun, {"磁器"}), {});
+  g.entries().add(word("China", PartOfSpeech::kProperNoun, {"中国"}), {});
+  g.entries().arrange();
+  Texts stars;
+  for (const auto& item : g.entries().items()) stars.push_back(item.draft.word + item.draft.stars);
+  EXPECT_EQ((Texts{"china", "China***"}), stars);
+}
+
+TEST(EnglishEntries, PutsModalVerbsAmongTheWordsOfGrammar) {
+  Gathering g;
+  g.english.synset(WordNet::kNoun, {"must"});
+  g.english.uses("must%1:09:00:: 1 2");
+  g.entries().add(word("must", PartOfSpeech::kNoun, {"必需品"}), {});
+  g.entries().add(word("must", PartOfSpeech::kVerb, {"ねばならない"}), {});
+  EXPECT_EQ((Texts{"must 1 -[動] ねばならない", "must 2 -[名] 必需品"}), g.arranged());
+}
+
+TEST(EnglishEntries, AddsNoNamesakeOfAWordOfGrammarThatNobodyUses) {
+  Gathering g;
+  g.english.synset(WordNet::kNoun, {"he"});
+  g.english.synset(WordNet::kNoun, {"round"});
+  g.english.uses("round%1:14:00:: 1 4");
+  g.entries().add(word("he", PartOfSpeech::kPronoun, {"彼"}), {});
+  g.entries().add(word("round", PartOfSpeech::kPreposition, {"回って"}), {});
+  g.entries().addTurned(turned("he", PartOfSpeech::kNoun, {"同氏"}));
+  g.entries().addTurned(turned("round", PartOfSpeech::kNoun, {"回戦"}));
+  EXPECT_EQ((Texts{"round 1 -[前] 回って", "round 2 -[名] 回戦", "he 1 -[代] 彼"}), g.arranged());
+}
+
+// FreeDict calls Monday a noun, WordNet writes it with a capital.
+TEST(EnglishEntries, SaysNothingTwiceAsNounAndName) {
+  Gathering g;
+  g.english.synset(WordNet::kNoun, {"Monday"}, 28);
+  g.english.synset(WordNet::kNoun, {"American"}, 18);
+  g.entries().add(word("Monday", PartOfSpeech::kNoun, {"月曜日", "月曜"}), {});
+  g.entries().add(word("American", PartOfSpeech::kNoun, {"アメリカ人"}), {});
+  g.entries().addTurned(turned("Monday", PartOfSpeech::kProperNoun, {"月曜", "月"}));
+  g.entries().addTurned(turned("American", PartOfSpeech::kProperNoun, {"米国民"}));
+  EXPECT_EQ(
+      (Texts{"American 1 -[名] アメリカ人", "American 2 -[名][固] 米国民", "Monday 1 -[名] 月曜日 月曜"}),
+      g.arranged());
+}
+
+TEST(EnglishEntries, LendsNoPronunciationToAnAbbreviation) {
+  Gathering g;
+  g.english.synset(WordNet::kNoun, {"US"}, 15);
+  g.entries().add(word("us", PartOfSpeech::kPronoun, {"私達"}, {"ʌs"}), {});
+  g.entries().addTurned(turned("US", PartOfSpeech::kProperNoun, {"米国"}));
+  g.entries().arrange();
+  ASSERT_EQ(2u, g.entries().items().size());
+  EXPECT_EQ("Vs", g.entries().items()[0].draft.pronunciation);
+  EXPECT_EQ("", g.entries().items()[1].draft.pronunciation);
+}
+
+TEST(EnglishEntries, ChoosesThePronunciationOfThePartOfSpeech) {
+  Gathering g;
+  g.english.synset(WordNet::kVerb, {"use"});
+  g.entries().add(word("use", PartOfSpeech::kNoun, {"使用"}, {"juːs", "juːz"}), {});
+  g.entries().add(word("use", PartOfSpeech::kVerb, {"使う"}, {"juːs", "juːz"}), {});
+  g.entries().arrange();
+  EXPECT_EQ("ju:s", g.entries().items()[0].draft.pronunciation);
+  EXPECT_EQ("ju:z", g.entries().items()[1].draft.pronunciation);
+}
+
 TEST(EnglishEntries, LabelsNounsAndAdjectives) {
   Gathering g;
   g.english.synset(WordNet::kNoun, {"doctor"}, 18);

@@ -125,6 +125,26 @@ TEST(EnglishSide, TellsWhichSourceFails) {
   }
 }
 
+TEST(EnglishSide, RefusesWordNetFilesThatAreCutShort) {
+  const auto errorOf = [](Sources& sources) {
+    EnglishSide side;
+    Progress progress;
+    std::string error;
+    EXPECT_FALSE(side.open(sources.paths, progress, &error));
+    return error.substr(sources.folder.path().size());
+  };
+  for (const char* name : {"data.noun", "verb.exc", "cntlist.rev"}) {
+    Sources sources;
+    std::string text = test::readFile(sources.folder.path() + "/" + name);
+    text.pop_back();
+    sources.write(name, text);
+    EXPECT_EQ(std::string("/") + name + " is cut short", errorOf(sources));
+  }
+  Sources sources;
+  sources.write("data.adj", "");  // "quickly" points there
+  EXPECT_EQ(": 1 pointers lead nowhere; a data file is cut short", errorOf(sources));
+}
+
 TEST(EnglishSide, StopsWhenCancelled) {
   Sources sources;
   volatile std::sig_atomic_t stop = 1;

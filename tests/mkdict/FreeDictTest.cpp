@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
+#include "mkdict/EntryText.h"
+#include "mkdict/ToShiftJis.h"
+
 namespace zavel::mkdict {
 namespace {
 
@@ -22,7 +27,8 @@ TEST(FreeDict, ReadsTheHeadLine) {
   const EnglishWord word = read("light //laɪt// //lʌɪt// /[ɫɐɪ̯ʔ]/ <adj>\n明るい\n");
   EXPECT_EQ("light", word.word);
   EXPECT_EQ(PartOfSpeech::kAdjective, word.pos);
-  EXPECT_EQ((Texts{"laɪt", "lʌɪt", "ɫɐɪ̯ʔ"}), word.ipa);
+  EXPECT_EQ((Texts{"laɪt", "lʌɪt"}), word.ipa);
+  EXPECT_EQ(Texts{"ɫɐɪ̯ʔ"}, read("light /[ɫɐɪ̯ʔ]/ <adj>\n明るい\n").ipa);  // better than none
 }
 
 TEST(FreeDict, ReadsPronunciationsOfSeveralWords) {
@@ -32,30 +38,18 @@ TEST(FreeDict, ReadsPronunciationsOfSeveralWords) {
 }
 
 TEST(FreeDict, KnowsTheLabelsOfTheSource) {
-  const std::pair<const char*, PartOfSpeech> labels[] = {
-      {"n", PartOfSpeech::kNoun},
-      {"pn", PartOfSpeech::kProperNoun},
-      {"v", PartOfSpeech::kVerb},
-      {"adj", PartOfSpeech::kAdjective},
-      {"adv", PartOfSpeech::kAdverb},
-      {"preposition", PartOfSpeech::kPreposition},
-      {"postposition", PartOfSpeech::kPreposition},
-      {"pronoun", PartOfSpeech::kPronoun},
-      {"conjunction", PartOfSpeech::kConjunction},
-      {"interjection", PartOfSpeech::kInterjection},
-      {"numeral", PartOfSpeech::kNumeral},
-      {"determiner", PartOfSpeech::kDeterminer},
-      {"article", PartOfSpeech::kArticle},
-      {"particle", PartOfSpeech::kParticle},
-      {"phraseologicalUnit", PartOfSpeech::kIdiom},
-      {"idiom", PartOfSpeech::kIdiom},
-      {"proverb", PartOfSpeech::kProverb},
-      {"symbol", PartOfSpeech::kSymbol},
-      {"verbal root", PartOfSpeech::kNone},
-  };
-  for (const auto& [label, pos] : labels) {
-    EXPECT_EQ(pos, read(std::string("x /a/ <") + label + ">\n犬\n").pos) << label;
+  // Each label and what an entry shows for it.
+  std::istringstream labels(
+      "n 名 pn 名][固 v 動 adj 形 adv 副 preposition 前 postposition 前 pronoun 代 conjunction 接 "
+      "interjection 間 numeral 数 determiner 限 article 冠 particle 小辞 phraseologicalUnit 成句 idiom 成句 "
+      "proverb 諺 symbol 記号");
+  int count = 0;
+  for (std::string label, shown; labels >> label >> shown; ++count) {
+    const PartOfSpeech pos = read("x /a/ <" + label + ">\n犬\n").pos;
+    EXPECT_EQ("-[" + shown + "]", toUtf8(EntryText::label(pos))) << label;
   }
+  EXPECT_EQ(18, count);
+  EXPECT_EQ(PartOfSpeech::kNone, read("x /a/ <verbal root>\n犬\n").pos);
   EXPECT_EQ(PartOfSpeech::kNone, read("at last /at lˈast/\n遂に\n").pos);
 }
 
@@ -165,6 +159,21 @@ TEST(FreeDict, KeepsACommaInsideBrackets) {
 TEST(FreeDict, MakesNotesFitForBrackets) {
   EXPECT_EQ("to make [a specified sound]", FreeDict::cleanNote("to make (a specified sound)"));
   EXPECT_EQ("a b", FreeDict::cleanNote(" a\tb "));
+  EXPECT_EQ("order theory", FreeDict::cleanNote("(order theory)"));
+  EXPECT_EQ("[a] b [c]", FreeDict::cleanNote("(a) b (c)"));
+}
+
+TEST(FreeDict, DropsWhatIsLeftOfWikiMarks) {
+  const std::pair<const char*, const char*> notes[] = {
+      {"transliteration of }}", ""},
+      {"bleak, barren}} and desolate", "bleak, barren and desolate"},
+      {"peace be upon you }}", "peace be upon you"},
+      {"between a [[limited-access highway]] and a street", "between a limited-access highway and a street"},
+      {"titled [[w:Moby-Dick|The Whale]], a story", "titled The Whale, a story"},
+      {"no [[end", "no end"},
+  };
+  for (const auto& [raw, clean] : notes) EXPECT_EQ(clean, FreeDict::cleanNote(raw)) << raw;
+  EXPECT_EQ("～から見た", FreeDict::cleanTranslation("}}から見た"));
 }
 
 }  // namespace

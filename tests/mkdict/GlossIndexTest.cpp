@@ -138,6 +138,31 @@ TEST(GlossIndex, TakesUnknownPhrasesOnlyAsMainMeaningsOfCommonWords) {
   EXPECT_FALSE(taken("何より [なにより] /(n) above anything else/(P)/", "above anything else"));
 }
 
+TEST(GlossIndex, KeepsNamesAndAbbreviationsApartFromWords) {
+  Turning turning;
+  turning.english.synset(WordNet::kNoun, {"China"}, 15);
+  turning.english.synset(WordNet::kNoun, {"china"});
+  turning.english.synset(WordNet::kAdverb, {"far"});
+  turning.line("中国 [ちゅうごく] /(n) China/(P)/");
+  turning.line("磁器 [じき] /(n) china/(P)/");
+  turning.line("遠く [とおく] /(adv) far/(P)/");
+  turning.line("容積率 [ようせきりつ] /(n) FAR/(P)/");
+  const std::vector<GlossIndex::Turned> all = turning.index.take();
+  Texts found;
+  for (const GlossIndex::Turned& one : all) {
+    found.push_back(one.word + (one.pos == PartOfSpeech::kProperNoun ? " name " : " ") + one.translations[0]);
+  }
+  EXPECT_EQ((Texts{"China name 中国", "FAR 容積率", "china 磁器", "far 遠く"}), found);
+}
+
+TEST(GlossIndex, TakesNoNameForAWord) {
+  // WordNet's only noun "be" is Be, beryllium.
+  Turning turning;
+  turning.english.synset(WordNet::kNoun, {"Be"}, 27);
+  turning.english.synset(WordNet::kVerb, {"be"});
+  EXPECT_TRUE(turning.one("だ /(cop-da) be/is/(P)/", "be", PartOfSpeech::kNoun).empty());
+}
+
 TEST(GlossIndex, PrefersSmallLetters) {
   Turning turning;
   turning.line("赤 [あか] /(adj-i) Red/");

@@ -5,15 +5,6 @@
 namespace zavel::mkdict {
 namespace {
 
-using Texts = std::vector<std::string>;
-
-TEST(Pronunciation, ChoosesAWholeAndPlainOne) {
-  EXPECT_EQ("ˈkɒlə", Pronunciation::choose(Texts{"-lə", "ˈkʌl.ə(ɹ)", "ˈkɒlə", "x"}));
-  EXPECT_EQ("ˈkʌl.ə(ɹ)", Pronunciation::choose(Texts{"-lə", "ˈkʌl.ə(ɹ)"}));
-  EXPECT_EQ("", Pronunciation::choose(Texts{"-lə"}));
-  EXPECT_EQ("", Pronunciation::choose({}));
-}
-
 TEST(Pronunciation, WritesSoundsInAscii) {
   EXPECT_EQ("laIt", Pronunciation::encode("light", "laɪt"));
   EXPECT_EQ("'{p@l", Pronunciation::encode("apple", "ˈæp.əl"));

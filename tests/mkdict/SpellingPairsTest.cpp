@@ -25,6 +25,8 @@ TEST(SpellingPairs, KnowsTheCorrespondences) {
       {"gaol", "jail"},          {"pyjama", "pajama"},
       {"jewellery", "jewelry"},  {"draught", "draft"},
       {"yoghurt", "yogurt"},     {"axe", "ax"},
+      {"enquiry", "inquiry"},    {"aeroplane", "airplane"},
+      {"mummy", "mommy"},
   };
   for (const auto& [british, american] : table) {
     EXPECT_TRUE(SpellingPairs::corresponds(british, american)) << british;
@@ -33,13 +35,22 @@ TEST(SpellingPairs, KnowsTheCorrespondences) {
 }
 
 TEST(SpellingPairs, TakesNoOtherWords) {
-  const std::pair<const char*, const char*> table[] = {{"lift", "elevator"}, {"rise", "rice"},
-                                                       {"color", "color"},   {"four", "fore"},
-                                                       {"is", "iz"},         {"flour", "flower"}};
+  const std::pair<const char*, const char*> table[] = {
+      {"lift", "elevator"}, {"rise", "rice"},     {"color", "color"},  {"four", "fore"},   {"is", "iz"},
+      {"flour", "flower"},  {"timbre", "timber"}, {"daemon", "demon"}, {"humous", "humus"}};
   for (const auto& [a, b] : table) {
     EXPECT_FALSE(SpellingPairs::corresponds(a, b)) << a;
     EXPECT_FALSE(SpellingPairs::corresponds(b, a)) << b;
   }
+}
+
+// WordNet has these as other spellings, but Britain does not write so.
+TEST(SpellingPairs, TakesNoSpellingThatBritainAvoids) {
+  EXPECT_FALSE(SpellingPairs::corresponds("humourous", "humorous"));
+  EXPECT_FALSE(SpellingPairs::corresponds("deodourant", "deodorant"));
+  EXPECT_FALSE(SpellingPairs::corresponds("partisan", "partizan"));
+  EXPECT_TRUE(SpellingPairs::corresponds("honourable", "honorable"));
+  EXPECT_TRUE(SpellingPairs::corresponds("organisation", "organization"));
 }
 
 TEST(SpellingPairs, FindsTheDoubledL) {
@@ -74,7 +85,13 @@ TEST(SpellingPairs, PairsMembersOfOneSynset) {
                      {WordNet::kNoun, {"colour", "color"}},
                      {WordNet::kAdjective, {"gray", "grey"}},
                      {WordNet::kNoun, {"centre"}},
+                     {WordNet::kNoun, {"lift", "elevator"}},
                      {WordNet::kNoun, {"center"}}}));
+}
+
+TEST(SpellingPairs, PairsWordsThatDifferAtTheirFirstLetter) {
+  EXPECT_EQ((Lines{"enquiry inquiry 0 1", "oestrogen estrogen 0 1"}),
+            pairsOf({{WordNet::kNoun, {"estrogen", "oestrogen"}}, {WordNet::kNoun, {"inquiry", "enquiry"}}}));
 }
 
 TEST(SpellingPairs, TellsWhoseDoubledLItIs) {

@@ -50,6 +50,30 @@ TEST(WordNet, FoldsCapitalsAndUnderlinesAndRemembersCapitals) {
   EXPECT_TRUE(l.net.lemma("more than")->lowerCase);
 }
 
+// "China" the country, counted ten times, and "china" the ware, counted twice.
+TEST(WordNet, TellsNamesFromWordsOfTheSameLetters) {
+  WordNet net;
+  ASSERT_TRUE(net.readData(WordNet::kNoun,
+                           "00000100 15 n 01 China 0 000 | a nation  \n"
+                           "00000200 06 n 01 china 1 000 | ware  \n"
+                           "00000300 15 n 01 Paris 0 000 | a city  \n",
+                           {}, {}));
+  ASSERT_TRUE(net.readCounts("china%1:15:00:: 1 10\nchina%1:06:01:: 2 2\nparis%1:15:00:: 1 5\n"));
+  const WordNet::Lemma& china = *net.lemma("china");
+  EXPECT_TRUE(china.isName(WordNet::kNoun));
+  EXPECT_TRUE(china.isCommon(WordNet::kNoun));
+  EXPECT_TRUE(china.tellsNames());
+  EXPECT_EQ(12u, china.allUses());
+  EXPECT_EQ(10u, china.spelledUses(true));
+  EXPECT_EQ(2u, china.spelledUses(false));
+  EXPECT_EQ(2u, china.spelledUses(WordNet::kNoun, false));
+  const WordNet::Lemma& paris = *net.lemma("paris");
+  EXPECT_TRUE(paris.isName(WordNet::kNoun));
+  EXPECT_FALSE(paris.isCommon(WordNet::kNoun));
+  EXPECT_FALSE(paris.tellsNames());
+  EXPECT_EQ(5u, paris.spelledUses(false));  // nobody else is spelled so
+}
+
 TEST(WordNet, SortsNounsByKind) {
   EXPECT_EQ(WordNet::kLiving, WordNet::kindOf(18));
   EXPECT_EQ(WordNet::kLiving, WordNet::kindOf(5));
@@ -94,6 +118,14 @@ TEST(WordNet, FollowsDerivationsBothWays) {
   EXPECT_TRUE(has(build, builder));
   EXPECT_TRUE(has(builder, build));
   EXPECT_TRUE(has(dental, states));  // a target of 00 is all words of the synset
+}
+
+TEST(WordNet, CountsPointersThatLeadNowhere) {
+  WordNet net;
+  ASSERT_TRUE(net.readData(WordNet::kNoun, kNouns, {}, {}));
+  EXPECT_EQ(1u, net.finish());  // "builder" points to a verb that was not read
+  Loaded whole;
+  EXPECT_EQ(0u, whole.net.finish());
 }
 
 TEST(WordNet, ReadsExceptions) {

@@ -12,6 +12,7 @@ zavel_test(test_mkdict_english SOURCES
   GlossIndexTest.cpp
   InflectionTest.cpp
   KatuRecordsTest.cpp
+  PronunciationChoiceTest.cpp
   PronunciationTest.cpp
   SpellingPairsTest.cpp
   Utf8Test.cpp

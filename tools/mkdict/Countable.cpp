@@ -10,6 +10,7 @@ namespace {
 
 constexpr uint32_t kOften = 40;         // uses of a noun from which an unused plural tells something
 constexpr uint32_t kBeyondTheVerb = 3;  // uses of a form that rule out that all are the verb's
+constexpr uint32_t kSlip = 150;         // one plural in so many uses is a slip or a rare sense: "advices"
 
 }  // namespace
 
@@ -28,6 +29,7 @@ bool isCountable(std::string_view noun, const Forms& plurals, const WordNet& wor
   if (living + things > mixed && living + things > masses) {
     return living > things || used > 0 || attested.count(word) < kOften;
   }
+  if (used * kSlip < attested.count(word)) return false;
   return used >= (lemma->is(WordNet::kVerb) ? kBeyondTheVerb : 1);
 }
 

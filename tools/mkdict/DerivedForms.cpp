@@ -8,6 +8,7 @@
 
 #include "engine/ChangeMidasi.h"
 #include "engine/MidasiCheck.h"
+#include "mkdict/PartsOfSpeech.h"
 #include "mkdict/Spelling.h"
 
 namespace zavel::mkdict {
@@ -15,7 +16,7 @@ namespace {
 
 constexpr size_t kCommonStart = 4;  // letters that a word and its base must share
 constexpr size_t kShortestBase = 3;
-constexpr int kAnyPos = -1;
+constexpr std::optional<WordNet::Pos> kAnyPos;
 
 struct Suffix {
   std::string_view ending, replacement;
@@ -65,20 +66,16 @@ constexpr std::array<Suffix, 40> kSuffixes = {{
     {"ize", "", WordNet::kAdjective},
 }};
 
-int posOf(PartOfSpeech pos) {
-  switch (pos) {
-    case PartOfSpeech::kNoun:
-    case PartOfSpeech::kProperNoun:
-      return WordNet::kNoun;
-    case PartOfSpeech::kVerb:
-      return WordNet::kVerb;
-    case PartOfSpeech::kAdjective:
-      return WordNet::kAdjective;
-    case PartOfSpeech::kAdverb:
-      return WordNet::kAdverb;
-    default:
-      return kAnyPos;
-  }
+// Words of grammar, which WordNet does not have.
+constexpr std::array<std::pair<std::string_view, std::string_view>, 2> kGrammar = {
+    {{"towards", "toward"}, {"whom", "who"}}};
+
+// "monish" is not of "Mon", "lutist" not of "LUT" and "nanism" not of "nan": a suffix alone leads to no
+// abbreviation and to no short name, and a creed is seldom named after three letters.
+bool mayTakeSuffix(std::string_view base, std::string_view headword, std::string_view word) {
+  if (isMixed(headword)) return false;
+  if (base.size() > kShortestBase) return true;
+  return !hasCapital(headword) && !word.ends_with("ism");
 }
 
 bool beginAlike(std::string_view a, std::string_view b) {
@@ -111,7 +108,7 @@ std::vector<DerivedForms::Guess> DerivedForms::guesses(std::string_view word) {
 }
 
 // Entries of a base in a part of speech, or in any; those without a translation don't count.
-std::vector<size_t> DerivedForms::entriesOf(const std::string& base, int pos) const {
+std::vector<size_t> DerivedForms::entriesOf(const std::string& base, std::optional<WordNet::Pos> pos) const {
   std::vector<size_t> out;
   const auto found = byKey_.find(engine::ChangeMidasiStrE(base));
   if (found == byKey_.end()) return out;
@@ -119,7 +116,7 @@ std::vector<size_t> DerivedForms::entriesOf(const std::string& base, int pos) co
     const EntryDraft& draft = items_[i].draft;
     if (draft.senses.empty() || lowerCase(draft.word) != base) continue;
     if (draft.word != base && isLowerCase(base)) continue;  // "ALA" is no "ala"
-    if (pos == kAnyPos || posOf(draft.pos) == pos) out.push_back(i);
+    if (!pos || wordNetPos(draft.pos) == pos) out.push_back(i);
   }
   return out;
 }
@@ -174,9 +171,15 @@ std::vector<DerivedForm> DerivedForms::make() const {
     if (!isPlainWord(lemma.text)) continue;
     for (const Guess& guess : guesses(lemma.text)) {
       if (!entries.empty()) break;
-      const std::vector<size_t> more = entriesOf(guess.base, guess.pos);
-      entries.insert(more.begin(), more.end());
+      for (const size_t i : entriesOf(guess.base, guess.pos)) {
+        if (mayTakeSuffix(guess.base, items_[i].draft.word, lemma.text)) entries.insert(i);
+      }
     }
+  }
+  for (const auto& [word, base] : kGrammar) {
+    if (!isFree(std::string(word))) continue;
+    const std::vector<size_t> entries = entriesOf(std::string(base), kAnyPos);
+    found[std::string(word)].insert(entries.begin(), entries.end());
   }
   std::vector<DerivedForm> out;
   const auto rank = static_cast<uint32_t>(items_.size());

@@ -1,5 +1,6 @@
 // Words without an entry of their own that are derived from a word with one: "thoughtfully" leads to
-// "thoughtful". Only words that WordNet has; never an inflected form, which conjugation leads back.
+// "thoughtful". Only words that WordNet has, and "whom" and "towards"; never an inflected form, which
+// conjugation leads back.
 //
 // Two ways to a base: WordNet's derivational pointers, between words that begin alike; and the regular
 // suffixes -ly, -ness, -able, -er, -ment, -less, -ful, -ish, -ism, -ist, -ity, -ize, -ation. Beside them
@@ -8,6 +9,7 @@
 #ifndef MKDICT_DERIVEDFORMS_H
 #define MKDICT_DERIVEDFORMS_H
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -39,7 +41,7 @@ class DerivedForms {
   static std::vector<Guess> guesses(std::string_view word);
 
  private:
-  std::vector<size_t> entriesOf(const std::string& base, int pos) const;
+  std::vector<size_t> entriesOf(const std::string& base, std::optional<WordNet::Pos> pos) const;
   std::vector<size_t> sameButForALetter(const std::string& word) const;
   std::vector<size_t> numeralsOf(const std::string& base) const;
   bool isLowerCase(const std::string& base) const;

@@ -9,8 +9,11 @@
 #include "engine/DicFormat.h"
 #include "engine/KatuyoGenkei.h"
 #include "mkdict/Countable.h"
+#include "mkdict/PartsOfSpeech.h"
 #include "mkdict/Pronunciation.h"
+#include "mkdict/PronunciationChoice.h"
 #include "mkdict/Spelling.h"
+#include "mkdict/ToShiftJis.h"
 
 namespace zavel::mkdict {
 namespace {
@@ -20,35 +23,6 @@ constexpr size_t kFirstPlaces = 3;
 
 // A short entry for another spelling shows no more than this.
 constexpr size_t kVariantSenses = 3, kVariantTranslations = 3;
-
-std::optional<WordNet::Pos> wordNetPos(PartOfSpeech pos) {
-  switch (pos) {
-    case PartOfSpeech::kNoun:
-    case PartOfSpeech::kProperNoun:
-      return WordNet::kNoun;
-    case PartOfSpeech::kVerb:
-      return WordNet::kVerb;
-    case PartOfSpeech::kAdjective:
-      return WordNet::kAdjective;
-    case PartOfSpeech::kAdverb:
-      return WordNet::kAdverb;
-    default:
-      return std::nullopt;
-  }
-}
-
-PartOfSpeech partOfSpeech(WordNet::Pos pos) {
-  switch (pos) {
-    case WordNet::kVerb:
-      return PartOfSpeech::kVerb;
-    case WordNet::kAdjective:
-      return PartOfSpeech::kAdjective;
-    case WordNet::kAdverb:
-      return PartOfSpeech::kAdverb;
-    default:
-      return PartOfSpeech::kNoun;
-  }
-}
 
 // Words of grammar, which WordNet leaves out.
 bool isClosedClass(PartOfSpeech pos) {
@@ -77,11 +51,15 @@ void orderSenses(std::vector<EnglishSense>& senses, const std::vector<std::strin
                    [&weight](const EnglishSense& a, const EnglishSense& b) { return weight(a) < weight(b); });
 }
 
-bool isPhrase(std::string_view word) {
-  return word.find(' ') != std::string_view::npos;
+// A verb or word of grammar whose namesakes in other classes are mostly slips ("must" as a noun).
+bool isGrammar(const EntryDraft& draft) {
+  return isClosedClass(draft.pos) ||
+         (draft.pos == PartOfSpeech::kVerb && Inflection::isDefective(draft.word));
 }
-bool isCapital(char c) {
-  return c >= 'A' && c <= 'Z';
+
+// "US" is not spoken as "us", but "Polish" might be as "polish".
+bool differsInCapitals(std::string_view a, std::string_view b) {
+  return a.size() != b.size() || a.substr(1) != b.substr(1) || lowerCase(a) != lowerCase(b);
 }
 
 }  // namespace
@@ -142,22 +120,43 @@ bool EnglishEntries::isInflected(std::string_view word) const {
   return false;
 }
 
+// True when an entry says already what a turned word would. Capitals make another word of it: "CD" and "cd".
+bool EnglishEntries::says(const Source& other, const std::string& headword,
+                          const GlossIndex::Turned& turned) const {
+  if (isLoose(other.draft.pos)) return true;
+  const bool samePos = other.draft.pos == turned.pos;
+  if (other.draft.word != headword) {
+    return samePos && (!turned.known || lowerCase(other.draft.word) != lowerCase(headword));
+  }
+  // What one source calls a name the other may not: "Monday", "AIDS".
+  const bool bothNouns =
+      wordNetPos(other.draft.pos) == WordNet::kNoun && wordNetPos(turned.pos) == WordNet::kNoun;
+  if (samePos || !bothNouns || turned.translations.empty()) return samePos;
+  const std::optional<std::string> first = toEntryText(turned.translations[0]);
+  return std::any_of(
+      other.draft.senses.begin(), other.draft.senses.end(), [&first](const EnglishSense& sense) {
+        return first && std::find(sense.translations.begin(), sense.translations.end(), *first) !=
+                            sense.translations.end();
+      });
+}
+
 void EnglishEntries::addTurned(const GlossIndex::Turned& turned) {
   const std::optional<std::string> headword = EntryText::headword(turned.word);
   if (!headword) return;
   const std::string key = engine::ChangeMidasiStrE(*headword);
   const auto present = byKey_.find(key);
   if (present != byKey_.end()) {
-    bool fromFreedict = false;
+    bool fromFreedict = false, grammar = false;
     for (const size_t i : present->second) {
       const Source& other = sources_[i];
-      if (other.draft.pos == turned.pos || isLoose(other.draft.pos)) return;
+      if (says(other, *headword, turned)) return;
       fromFreedict = fromFreedict || !other.turned;
+      grammar = grammar || (other.draft.word == *headword && isGrammar(other.draft));
     }
     const std::optional<WordNet::Pos> pos = wordNetPos(turned.pos);
     const WordNet::Lemma* lemma = wordNet_.lemma(lowerCase(*headword));
-    const bool used = lemma != nullptr && pos && lemma->uses[*pos] > 0;
-    if (fromFreedict && !(turned.known && pos && (turned.common || used))) return;
+    const bool used = lemma != nullptr && pos && lemma->spelledUses(*pos, hasCapital(*headword)) > 0;
+    if (fromFreedict && !(turned.known && pos && ((turned.common && !grammar) || used))) return;
   }
   if (!turned.known && !isPhrase(*headword) && isInflected(*headword)) return;
   // An adverb "longer" alone would keep the engine from leading it back to "long".
@@ -237,36 +236,38 @@ void EnglishEntries::addSpellings(const std::vector<SpellingPairs::Pair>& pairs)
 uint32_t EnglishEntries::usesOf(const Source& source) const {
   const std::string folded = lowerCase(source.draft.word);
   const WordNet::Lemma* lemma = wordNet_.lemma(folded);
-  const uint32_t uses = lemma == nullptr ? 0 : lemma->allUses();
-  return isClosedClass(source.draft.pos) ? std::max(uses, attested_.count(folded)) : uses;
+  const uint32_t uses = lemma == nullptr ? 0 : lemma->spelledUses(hasCapital(source.draft.word));
+  return isGrammar(source.draft) ? std::max(uses, attested_.count(folded)) : uses;
 }
 
 uint32_t EnglishEntries::weightOf(const Source& source) const {
-  if (isClosedClass(source.draft.pos)) return kClosedClassUses;
+  if (isGrammar(source.draft)) return kClosedClassUses;
   const std::optional<WordNet::Pos> pos = wordNetPos(source.draft.pos);
   const WordNet::Lemma* lemma = wordNet_.lemma(lowerCase(source.draft.word));
   if (!pos || lemma == nullptr || source.draft.pos == PartOfSpeech::kProperNoun) return 0;
-  return lemma->uses[*pos];
+  return lemma->spelledUses(*pos, hasCapital(source.draft.word));
 }
 
 std::string EnglishEntries::starsOf(const Source& source, bool sharesWord) const {
-  if (source.draft.pos == PartOfSpeech::kProperNoun && sharesWord) return {};
   const std::string folded = lowerCase(source.draft.word);
-  if (isClosedClass(source.draft.pos)) {
+  const WordNet::Lemma* lemma = wordNet_.lemma(folded);
+  const bool told = lemma != nullptr && lemma->tellsNames();
+  if (source.draft.pos == PartOfSpeech::kProperNoun && sharesWord && !told) return {};
+  if (isGrammar(source.draft)) {
     const uint32_t used = attested_.count(folded);
     if (used >= kThreeStarsAttested) return "***";
     if (used >= kTwoStarsAttested) return "**";
   }
-  const auto place = frequency_.find(folded);
+  const auto place = frequency_.find({folded, told && hasCapital(source.draft.word)});
   if (place == frequency_.end()) return {};
   return place->second < kThreeStars ? "***" : "**";
 }
 
 void EnglishEntries::label(Source& source) const {
   EntryDraft& draft = source.draft;
-  const std::string_view ipa = Pronunciation::choose(source.ipa);
+  const std::string_view ipa = choosePronunciation(source.ipa, draft.word, draft.pos, source.isVerbToo);
   draft.pronunciation = Pronunciation::encode(draft.word, ipa);
-  const Sounds sounds = Pronunciation::sounds(draft.word, ipa);
+  const Sounds& sounds = source.sounds = Pronunciation::sounds(draft.word, ipa);
   if (isPhrase(draft.word)) return;
   if (draft.pos == PartOfSpeech::kNoun) {
     draft.countable =
@@ -278,13 +279,25 @@ void EnglishEntries::label(Source& source) const {
   }
 }
 
+// True for a word that is a verb and a noun or adjective as well.
+bool EnglishEntries::isVerbAndOther(const std::vector<size_t>& group, const std::string& word) const {
+  bool verb = false, other = false;
+  for (const size_t i : group) {
+    const EntryDraft& draft = sources_[i].draft;
+    if (draft.word != word) continue;
+    verb = verb || draft.pos == PartOfSpeech::kVerb;
+    other = other || draft.pos == PartOfSpeech::kNoun || draft.pos == PartOfSpeech::kAdjective;
+  }
+  return verb && other;
+}
+
 // Sorts the entries of one key and numbers those with the same headword.
 void EnglishEntries::number(std::vector<size_t>& group) {
   std::stable_sort(group.begin(), group.end(), [this](size_t a, size_t b) {
     const auto order = [this](const Source& s) {
       const bool name = s.draft.pos == PartOfSpeech::kProperNoun;
       // The engine inflects the first headword of a key, and none of several words: "setup" before "set up".
-      return std::tuple(isCapital(s.draft.word[0]), name, isPhrase(s.draft.word),
+      return std::tuple(hasCapital(s.draft.word), name, isPhrase(s.draft.word),
                         -static_cast<int64_t>(weightOf(s)), s.draft.pos);
     };
     return order(sources_[a]) < order(sources_[b]);
@@ -297,9 +310,10 @@ void EnglishEntries::number(std::vector<size_t>& group) {
       return sources_[k].draft.pos != PartOfSpeech::kProperNoun;
     });
     source.draft.stars = starsOf(source, shares);
+    source.isVerbToo = isVerbAndOther(group, source.draft.word);
     if (!source.ipa.empty()) continue;
     for (const size_t k : group) {
-      if (!sources_[k].ipa.empty() && lowerCase(sources_[k].draft.word) == lowerCase(source.draft.word)) {
+      if (!sources_[k].ipa.empty() && !differsInCapitals(sources_[k].draft.word, source.draft.word)) {
         source.ipa = sources_[k].ipa;
         break;
       }
@@ -307,16 +321,30 @@ void EnglishEntries::number(std::vector<size_t>& group) {
   }
 }
 
-void EnglishEntries::arrange() {
-  std::vector<const WordNet::Lemma*> lemmas;
+// The most frequent words, a name and a word that share their letters apart.
+void EnglishEntries::countFrequencies() {
+  struct Spelled {
+    uint32_t uses;
+    std::string_view text;
+    bool capital;
+  };
+  std::vector<Spelled> words;
   for (const WordNet::Lemma& lemma : wordNet_.lemmas()) {
-    if (lemma.allUses() > 0) lemmas.push_back(&lemma);
+    for (const bool capital : {false, true}) {
+      if (capital && !lemma.tellsNames()) continue;
+      const uint32_t uses = lemma.spelledUses(capital);
+      if (uses > 0) words.push_back({uses, lemma.text, capital});
+    }
   }
-  std::sort(lemmas.begin(), lemmas.end(), [](const WordNet::Lemma* a, const WordNet::Lemma* b) {
-    return a->allUses() != b->allUses() ? a->allUses() > b->allUses() : a->text < b->text;
+  std::sort(words.begin(), words.end(), [](const Spelled& a, const Spelled& b) {
+    return std::tuple(b.uses, a.text, a.capital) < std::tuple(a.uses, b.text, b.capital);
   });
-  for (size_t i = 0; i < lemmas.size() && i < kThreeStars + kTwoStars; ++i) frequency_[lemmas[i]->text] = i;
+  if (words.size() > kThreeStars + kTwoStars) words.resize(kThreeStars + kTwoStars);
+  for (size_t i = 0; i < words.size(); ++i) frequency_[{std::string(words[i].text), words[i].capital}] = i;
+}
 
+void EnglishEntries::arrange() {
+  countFrequencies();
   struct Place {
     uint32_t uses = 0;
     bool turned = true;
@@ -359,7 +387,7 @@ void EnglishEntries::arrange() {
       for (const auto& [word, british] : source.spellings) refer(word, british, true);
       for (const auto& [word, british] : source.remarks) refer(word, british, false);
       Item item;
-      item.sounds = Pronunciation::sounds(source.draft.word, Pronunciation::choose(source.ipa));
+      item.sounds = source.sounds;
       item.key = *place.key;
       item.turned = source.turned;
       item.rank = static_cast<uint32_t>(items_.size());

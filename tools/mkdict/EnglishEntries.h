@@ -4,6 +4,7 @@
 #define MKDICT_ENGLISHENTRIES_H
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -48,8 +49,9 @@ class EnglishEntries {
 
   // Orders all entries, numbers the homographs, sets stars, labels, sounds and references.
   //
-  // Homographs: parts of speech by WordNet's counts; prepositions, pronouns, conjunctions, determiners and
-  // articles count as kClosedClassUses there, because WordNet does not have them; capitalised words last.
+  // Homographs: parts of speech by WordNet's counts; prepositions, pronouns, conjunctions, determiners,
+  // articles and modal verbs count as kClosedClassUses there, because WordNet does not have them; capitalised
+  // words last.
   // Ranks: by the uses of the word in WordNet's tagged texts, words of those classes by their number in the
   // definitions; then FreeDict before EDICT, then the alphabet.
   // Stars: "***" the 1,000 most frequent lemmas, "**" the next 3,000; of the closed classes those that
@@ -69,11 +71,16 @@ class EnglishEntries {
     EntryDraft draft;
     std::vector<std::string> ipa;
     bool turned = false;
+    bool isVerbToo = false;  // the word is a verb and a noun or adjective
+    Sounds sounds;
     std::vector<std::pair<std::string, bool>> spellings;  // other word, own is British
     std::vector<std::pair<std::string, bool>> remarks;    // other word, own is British
   };
   Source* find(const std::string& word, PartOfSpeech pos);
   bool isInflected(std::string_view word) const;
+  bool says(const Source& other, const std::string& headword, const GlossIndex::Turned& turned) const;
+  bool isVerbAndOther(const std::vector<size_t>& group, const std::string& word) const;
+  void countFrequencies();
   void addVariant(const Source& main, const std::string& word, bool british, bool translations);
   uint32_t usesOf(const Source& source) const;
   uint32_t weightOf(const Source& source) const;
@@ -87,7 +94,8 @@ class EnglishEntries {
   Summary* summary_;
   std::vector<Source> sources_;
   std::unordered_map<std::string, std::vector<size_t>> byKey_;  // into sources_
-  std::unordered_map<std::string, size_t> frequency_;           // place of the most frequent lemmas
+  // Places of the most frequent lemmas; true for a name beside a word of the same letters.
+  std::map<std::pair<std::string, bool>, size_t> frequency_;
   std::vector<Item> items_;
 };
 

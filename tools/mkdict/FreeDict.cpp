@@ -61,20 +61,22 @@ unsigned numberAhead(std::string_view line, std::string_view* rest) {
   return number;
 }
 
-// Takes the pronunciations off: "//a// /[b]/".
+// Takes the pronunciations off: "//a// /[b]/". Those in "[ ]", the sounds of one speaker, count only where
+// there are no others.
 std::vector<std::string> readPronunciations(std::string_view text) {
-  std::vector<std::string> sounds;
+  std::vector<std::string> sounds, narrow;
   text = trimmed(text);
   while (text.starts_with('/')) {
     const std::string_view stroke = text.starts_with("//") ? "//" : "/";
     const size_t end = text.find(stroke, stroke.size());
     if (end == std::string_view::npos) break;
     std::string_view sound = text.substr(stroke.size(), end - stroke.size());
-    if (sound.starts_with('[') && sound.ends_with(']')) sound = sound.substr(1, sound.size() - 2);
-    if (!sound.empty()) sounds.emplace_back(sound);
+    const bool bracketed = sound.starts_with('[') && sound.ends_with(']');
+    if (bracketed) sound = sound.substr(1, sound.size() - 2);
+    if (!sound.empty()) (bracketed ? narrow : sounds).emplace_back(sound);
     text = trimmed(text.substr(end + stroke.size()));
   }
-  return sounds;
+  return sounds.empty() ? narrow : sounds;
 }
 
 // False for an affix.
@@ -118,6 +120,17 @@ void replaceAll(std::string& text, std::string_view from, std::string_view to) {
   for (size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
     text.replace(at, from.size(), to);
   }
+}
+
+// Takes off what is left of wiki text: "[[w:Moby-Dick|The Whale]]" as "The Whale", braces without a template.
+void dropWikiMarks(std::string& text) {
+  for (size_t open = text.find("[["); open != std::string::npos; open = text.find("[[", open)) {
+    const size_t close = text.find("]]", open), bar = text.find('|', open);
+    if (close != std::string::npos) text.erase(close, 2);
+    text.erase(open, bar < close ? bar + 1 - open : 2);
+  }
+  replaceAll(text, " }}", "");
+  replaceAll(text, "}}", "");
 }
 
 // Bracket pairs of any width become "( )"; a bracket without its partner falls.
@@ -223,6 +236,7 @@ std::optional<std::string> FreeDict::cleanTranslation(std::string_view translati
   replaceAll(plain, "[[", "");
   replaceAll(plain, "]]", "");
   replaceAll(plain, "...", "…");
+  if (plain.starts_with("}}")) plain.replace(0, 2, "～");  // its object, a template once
   std::optional<std::u32string> codes = decodeUtf8(plain);
   if (!codes) return std::nullopt;
   for (char32_t& code : *codes) {
@@ -240,6 +254,10 @@ std::optional<std::string> FreeDict::cleanTranslation(std::string_view translati
 
 std::string FreeDict::cleanNote(std::string_view note) {
   std::string text(trimmed(note));
+  // Braces stand where the source lost a name: nothing is left of "transliteration of }}".
+  if (text.ends_with(" of }}")) return {};
+  dropWikiMarks(text);
+  if (text.starts_with('(') && text.find(')') == text.size() - 1) text = text.substr(1, text.size() - 2);
   for (char& c : text) {
     if (c == '(') c = '[';
     if (c == ')') c = ']';

@@ -2,8 +2,10 @@
 #include "mkdict/GlossIndex.h"
 
 #include <algorithm>
+#include <tuple>
 
 #include "mkdict/EdictLabels.h"
+#include "mkdict/PartsOfSpeech.h"
 #include "mkdict/Spelling.h"
 #include "mkdict/Utf8.h"
 
@@ -106,32 +108,18 @@ bool isVerbal(std::string_view code) {
   return englishOf(code) == PartOfSpeech::kVerb || code == "exp";
 }
 
-PartOfSpeech partOfSpeech(WordNet::Pos pos) {
-  switch (pos) {
-    case WordNet::kVerb:
-      return PartOfSpeech::kVerb;
-    case WordNet::kAdjective:
-      return PartOfSpeech::kAdjective;
-    case WordNet::kAdverb:
-      return PartOfSpeech::kAdverb;
-    default:
-      return PartOfSpeech::kNoun;
-  }
+// True when WordNet has the word as a gloss spells it. The capital of "Red" may be the gloss's own, that of
+// "FAR" is not, and WordNet's "Be" is no "be".
+bool isListed(const WordNet::Lemma& lemma, WordNet::Pos pos, std::string_view word) {
+  if (!hasCapital(word)) return lemma.isCommon(pos);
+  return lemma.isName(pos) || (lemma.is(pos) && !isMixed(word));
 }
 
-std::optional<WordNet::Pos> wordNetPos(PartOfSpeech pos) {
-  switch (pos) {
-    case PartOfSpeech::kNoun:
-      return WordNet::kNoun;
-    case PartOfSpeech::kVerb:
-      return WordNet::kVerb;
-    case PartOfSpeech::kAdjective:
-      return WordNet::kAdjective;
-    case PartOfSpeech::kAdverb:
-      return WordNet::kAdverb;
-    default:
-      return std::nullopt;
+bool isListedAtAll(const WordNet::Lemma& lemma, std::string_view word) {
+  for (uint8_t pos = 0; pos < WordNet::kPosCount; ++pos) {
+    if (isListed(lemma, static_cast<WordNet::Pos>(pos), word)) return true;
   }
+  return false;
 }
 
 }  // namespace
@@ -168,36 +156,41 @@ std::optional<std::string> GlossIndex::headword(std::string_view gloss, bool* ve
 std::optional<GlossIndex::Choice> GlossIndex::choose(std::string_view word, const EdictSense& sense,
                                                      bool verb) const {
   const WordNet::Lemma* lemma = this->lemma(word);
-  const bool capital = word[0] >= 'A' && word[0] <= 'Z';
-  if (lemma != nullptr && !lemma->lowerCase && !capital) lemma = nullptr;  // WordNet's WHO is no "who"
   if (anyCode(sense.pos, isPartOfWord)) return std::nullopt;
+  if (lemma != nullptr && !isListedAtAll(*lemma, word)) lemma = nullptr;  // WordNet's WHO is no "who"
   if (verb) {
     const bool fits = anyCode(sense.pos, isVerbal);
     const bool known = lemma != nullptr && lemma->is(WordNet::kVerb);
     if (!fits || (lemma != nullptr && !known)) return std::nullopt;
-    return Choice{PartOfSpeech::kVerb, known, true};
+    return Choice{PartOfSpeech::kVerb, known, true, false};
   }
   std::vector<PartOfSpeech> allowed;
   for (const std::string& code : sense.pos) {
     const PartOfSpeech pos = englishOf(code);
     if (pos == PartOfSpeech::kNone || pos == PartOfSpeech::kVerb) continue;
     const std::optional<WordNet::Pos> listed = wordNetPos(pos);
-    if (listed && lemma != nullptr && lemma->is(*listed)) {
-      const bool name = pos == PartOfSpeech::kNoun && capital && !lemma->lowerCase;
-      return Choice{name ? PartOfSpeech::kProperNoun : pos, true, true};
+    if (listed && lemma != nullptr && isListed(*lemma, *listed, word)) {
+      const bool name = hasCapital(word) && lemma->isName(*listed);
+      // "CD" is no proper noun, though WordNet writes it in capitals; it has a "cd" as well.
+      const bool proper = name && pos == PartOfSpeech::kNoun && !(isMixed(word) && lemma->lowerCase);
+      return Choice{proper ? PartOfSpeech::kProperNoun : pos, true, true, name};
     }
     allowed.push_back(pos);
   }
+  const bool capitals = isMixed(word);
   if (lemma != nullptr && (allowed.empty() || wordNetPos(allowed[0]))) {
     constexpr WordNet::Pos kOthers[] = {WordNet::kNoun, WordNet::kAdjective, WordNet::kAdverb};
-    const auto* best = std::max_element(std::begin(kOthers), std::end(kOthers), [lemma](auto a, auto b) {
-      return std::pair(lemma->uses[a], lemma->senses[a]) < std::pair(lemma->uses[b], lemma->senses[b]);
+    const auto* best = std::max_element(std::begin(kOthers), std::end(kOthers), [&](auto a, auto b) {
+      const auto weight = [&](WordNet::Pos pos) {
+        return std::tuple(isListed(*lemma, pos, word), lemma->uses[pos], lemma->senses[pos]);
+      };
+      return weight(a) < weight(b);
     });
-    if (!lemma->is(*best)) return std::nullopt;
-    return Choice{partOfSpeech(*best), true, false};
+    if (!isListed(*lemma, *best, word)) return std::nullopt;
+    return Choice{partOfSpeech(*best), true, false, capitals};
   }
   if (allowed.empty()) return std::nullopt;
-  return Choice{allowed[0], lemma != nullptr, true};
+  return Choice{allowed[0], lemma != nullptr, true, capitals};
 }
 
 // WordNet's word, also where it writes a hyphen for a blank or a blank for a hyphen.
@@ -242,7 +235,7 @@ void GlossIndex::addGloss(const EdictLine& line, const EdictSense& sense, std::s
   const std::optional<Choice> choice = choose(*word, sense, verb);
   if (!choice) return;
   // A phrase that no dictionary of English has must be a plain compound and a common word's first meaning.
-  const bool phrase = word->find(' ') != std::string::npos;
+  const bool phrase = isPhrase(*word);
   const bool compound = phrase && choice->pos == PartOfSpeech::kNoun && isCompound(*word);
   const bool counts =
       phrase ? compound && line.common && score == 0 && !remarked : line.common || score <= kPerSense;
@@ -260,9 +253,10 @@ void GlossIndex::addGloss(const EdictLine& line, const EdictSense& sense, std::s
   if (characters->size() > 4) score += kPerCharacter * static_cast<uint32_t>(characters->size() - 4);
   if (!line.common) score += kUncommon;
 
-  Slot& slot =
-      slots_.try_emplace({lowerCase(*word), choice->pos}, Slot{*word, choice->pos, choice->known, {}})
-          .first->second;
+  Slot& slot = slots_
+                   .try_emplace({choice->cased ? *word : lowerCase(*word), choice->pos},
+                                Slot{*word, choice->pos, choice->known, {}})
+                   .first->second;
   slot.word = std::max(slot.word, *word);  // "red" rather than "Red" where both occur
   slot.candidates.push_back(
       {score, arrivals_++, line.common, japanese, kana && !line.written.empty() ? line.written : ""});

@@ -63,13 +63,14 @@ class GlossIndex {
     PartOfSpeech pos;
     bool known;   // WordNet has the word so
     bool agreed;  // and so has EDICT
+    bool cased;   // its capitals belong to it
   };
   std::optional<Choice> choose(std::string_view word, const EdictSense& sense, bool verb) const;
   std::string singular(const std::string& word) const;
   const WordNet::Lemma* lemma(std::string_view word) const;
 
   const WordNet& wordNet_;                                      // borrowed
-  std::map<std::pair<std::string, PartOfSpeech>, Slot> slots_;  // by lower case
+  std::map<std::pair<std::string, PartOfSpeech>, Slot> slots_;  // by lower case, unless its capitals count
   uint32_t arrivals_ = 0;
 };
 

@@ -98,7 +98,7 @@ bool isOtherWord(std::string_view form, std::string_view base) {
   if (form.find('\'') != std::string_view::npos) return true;
   if ((form == "singing" && base == "singe") || (form == "feed" && base == "fee")) return true;
   return isOneOf(form, {"tranship", "squilgee", "pasquil", "abye", "overflown", "duona", "duonas", "clani",
-                        "clanos", "andtheridia", "diathses", "diaerses", "filariiae"});
+                        "clanos", "andtheridia", "diathses", "diaerses", "filariiae", "carides"});
 }
 
 // Nouns that count without an ending.

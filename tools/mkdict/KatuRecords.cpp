@@ -42,21 +42,12 @@ const std::string& label(uint8_t code) {
   return kLabels[code];
 }
 
-bool isPhrase(std::string_view word) {
-  return word.find(' ') != std::string_view::npos;
-}
-
 // Gives a form the capital of its base: "Frenchman", "Frenchmen".
 std::string cased(std::string form, std::string_view base) {
-  if (!base.empty() && !form.empty() && base[0] >= 'A' && base[0] <= 'Z' && form[0] >= 'a') {
+  if (hasCapital(base) && !form.empty() && form[0] >= 'a') {
     form[0] = static_cast<char>(form[0] - 'a' + 'A');
   }
   return form;
-}
-
-// Capitals behind the first letter: "TV", "McJob". Their forms are left to the rules.
-bool isMixed(std::string_view word) {
-  return std::any_of(word.begin() + 1, word.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
 }
 
 }  // namespace

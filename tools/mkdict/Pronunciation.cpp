@@ -3,10 +3,10 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <utility>
 
-#include "mkdict/Utf8.h"
+#include "mkdict/Ipa.h"
+#include "mkdict/Spelling.h"
 
 namespace zavel::mkdict {
 namespace {
@@ -20,24 +20,6 @@ constexpr std::array<std::pair<char32_t, std::string_view>, 36> kLetters = {{
     {U'ɹ', "r"}, {U'ɻ', "r"}, {U'ɡ', "g"},  {U'ɫ', "l"},  {U'ɾ', "4"}, {U'ʍ', "hw"}, {U'ɲ', "J"}, {U'ç', "C"},
     {U'ː', ":"}, {U'ˈ', "'"}, {U'ˌ', "%"},  {U'ä', "a"},
 }};
-
-bool isVowel(char32_t code) {
-  return std::u32string_view(U"aeiouyæɑɒɔəɘɛɜɝɚɐɪɨʊʉʌɵøœäɯɤ").find(code) != std::u32string_view::npos;
-}
-
-std::u32string codesOf(std::string_view ipa) {
-  return decodeUtf8(ipa).value_or(std::u32string());
-}
-
-std::string lower(std::string_view word) {
-  std::string out(word);
-  for (char& c : out) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  return out;
-}
-
-bool isVowelLetter(char c) {
-  return std::string_view("aeiou").find(c) != std::string_view::npos;
-}
 
 // Vowel letters in a row make a syllable, y among them; a silent e at the end does not, but "le" does.
 unsigned spelledSyllables(std::string_view word) {
@@ -54,45 +36,14 @@ unsigned spelledSyllables(std::string_view word) {
   return silent && count > 1 ? count - 1 : std::max(count, 1u);
 }
 
-// The last vowel's place and the number of syllables. A run of vowel letters is one syllable.
-struct Syllables {
-  unsigned count = 0;
-  size_t lastBegin = 0;
-};
-Syllables syllablesOf(std::u32string_view ipa) {
-  Syllables found;
-  bool inside = false;
-  for (size_t i = 0; i < ipa.size(); ++i) {
-    const bool syllabic = ipa[i] == U'\u0329' || ipa[i] == U'\u030D';  // the mark of a syllabic consonant
-    if (syllabic || (isVowel(ipa[i]) && !inside)) {
-      ++found.count;
-      found.lastBegin = i;
-    }
-    // Length, glides and their marks belong to the vowel before them.
-    inside = isVowel(ipa[i]) || (inside && (ipa[i] == U'ː' || ipa[i] == U'\u032F' || ipa[i] == U'\u0303'));
-  }
-  return found;
-}
-
-// The last sound that counts: length marks, brackets and diacritics passed over.
-size_t lastSound(std::u32string_view ipa) {
-  size_t end = ipa.size();
-  const auto passed = [](char32_t code) {
-    return code == U'ː' || code == U')' || code == U'.' || code == U'ˑ' || (code >= 0x300 && code <= 0x36F) ||
-           (code >= 0x2B0 && code <= 0x2FF);
-  };
-  while (end > 0 && passed(ipa[end - 1])) --end;
-  return end;  // one past it
-}
-
 bool endsInI(std::u32string_view ipa) {
-  const size_t end = lastSound(ipa);
+  const size_t end = ipaEnd(ipa);
   return end > 0 && (ipa[end - 1] == U'i' || ipa[end - 1] == U'ɪ') &&
-         !(end > 1 && isVowel(ipa[end - 2]) && ipa[end - 2] != U'i');
+         !(end > 1 && isIpaVowel(ipa[end - 2]) && ipa[end - 2] != U'i');
 }
 
 bool endsInEi(std::u32string_view ipa) {
-  const size_t end = lastSound(ipa);
+  const size_t end = ipaEnd(ipa);
   return end > 0 && (ipa[end - 1] == U'e' ||
                      (end > 1 && ipa[end - 1] == U'ɪ' && (ipa[end - 2] == U'e' || ipa[end - 2] == U'ɛ')));
 }
@@ -116,21 +67,11 @@ std::string_view endFor(std::string_view word, const Sounds& sounds) {
 
 }  // namespace
 
-std::string_view Pronunciation::choose(const std::vector<std::string>& ipa) {
-  const auto whole = [](const std::string& sound) { return sound.find('-') == std::string::npos; };
-  const auto plain = [&](const std::string& sound) {
-    return whole(sound) && sound.find_first_of("(),~") == std::string::npos;
-  };
-  auto found = std::find_if(ipa.begin(), ipa.end(), plain);
-  if (found == ipa.end()) found = std::find_if(ipa.begin(), ipa.end(), whole);
-  return found == ipa.end() ? std::string_view() : *found;
-}
-
 Sounds Pronunciation::sounds(std::string_view spelled, std::string_view ipa) {
-  const std::string word = lower(spelled);
-  const std::u32string codes = codesOf(ipa);
+  const std::string word = lowerCase(spelled);
+  const std::u32string codes = ipaCodes(ipa);
   Sounds out;
-  out.known = std::any_of(codes.begin(), codes.end(), isVowel);
+  out.known = std::any_of(codes.begin(), codes.end(), isIpaVowel);
   const bool openEnd = word.ends_with("ye") || word.ends_with("oe");
   if (!out.known) {
     out.syllables = spelledSyllables(word);
@@ -139,14 +80,9 @@ Sounds Pronunciation::sounds(std::string_view spelled, std::string_view ipa) {
     out.keepsE = openEnd || word.ends_with("ee") || word == "be";
     return out;
   }
-  const Syllables syllables = syllablesOf(codes);
-  out.syllables = syllables.count;
-  const size_t stress = codes.rfind(U'ˈ');
-  // No vowel but the last one may stand behind the mark.
-  out.lastStressed =
-      syllables.count == 1 ||
-      (stress != std::u32string::npos && syllablesOf(std::u32string_view(codes).substr(stress)).count == 1);
-  const size_t end = lastSound(codes);
+  out.syllables = ipaSyllables(codes).count;
+  out.lastStressed = ipaLastStressed(codes);
+  const size_t end = ipaEnd(codes);
   out.hardCh = word.ends_with("ch") && end > 0 && (codes[end - 1] == U'k' || codes[end - 1] == U'x');
   const bool consonantE = word.size() > 2 && word.ends_with('e') && !isVowelLetter(word[word.size() - 2]);
   const bool spokenE = consonantE && endsInEi(codes);
@@ -156,10 +92,10 @@ Sounds Pronunciation::sounds(std::string_view spelled, std::string_view ipa) {
 }
 
 std::string Pronunciation::encode(std::string_view spelled, std::string_view ipa) {
-  const std::string word = lower(spelled);
+  const std::string word = lowerCase(spelled);
   const Sounds known = sounds(word, ipa);
   const std::string_view end = endFor(word, known);
-  const std::u32string codes = codesOf(ipa);
+  const std::u32string codes = ipaCodes(ipa);
   std::string out;
   for (const char32_t code : codes) {
     const auto* letter =

@@ -14,7 +14,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace zavel::mkdict {
 
@@ -29,10 +28,6 @@ struct Sounds {
 
 class Pronunciation {
  public:
-  // The pronunciation to show of those a source gives: the first that is whole and plain, that is without
-  // optional sounds in brackets and no mere part of the word ("-toʊ-"). Empty without any.
-  static std::string_view choose(const std::vector<std::string>& ipa);
-
   static Sounds sounds(std::string_view word, std::string_view ipa);
 
   // Phonetic bytes for the entry of `word`. Without `ipa`, only the end that the rules need, behind a

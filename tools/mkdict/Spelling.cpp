@@ -42,6 +42,19 @@ std::string lowerCase(std::string_view word) {
   return out;
 }
 
+bool isPhrase(std::string_view word) {
+  return word.find(' ') != std::string_view::npos;
+}
+
+bool hasCapital(std::string_view word) {
+  return !word.empty() && word[0] >= 'A' && word[0] <= 'Z';
+}
+
+bool isMixed(std::string_view word) {
+  const std::string_view rest = word.substr(std::min<size_t>(1, word.size()));
+  return std::any_of(rest.begin(), rest.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
+}
+
 bool isPlainWord(std::string_view word) {
   return !word.empty() && std::all_of(word.begin(), word.end(), [](char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');

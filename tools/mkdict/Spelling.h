@@ -9,6 +9,15 @@ namespace zavel::mkdict {
 
 bool isVowelLetter(char c);  // aeiou
 std::string lowerCase(std::string_view word);
+
+// "set up".
+bool isPhrase(std::string_view word);
+
+// True for a word that begins with a capital: "China", "WHO".
+bool hasCapital(std::string_view word);
+
+// Capitals behind the first letter: "TV", "McJob".
+bool isMixed(std::string_view word);
 // True when all of it is ASCII letters.
 bool isPlainWord(std::string_view word);
 

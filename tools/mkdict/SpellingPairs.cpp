@@ -36,7 +36,7 @@ constexpr std::array kCorrespondences = {
     Correspondence{"tyre", "tire"},
     Correspondence{"sce", "ske"},                  // sceptic
     Correspondence{"osy", "ozy", Place::kEnd},     // cosy
-    Correspondence{"mou", "mu"},                   // moustache
+    Correspondence{"moust", "must"},               // moustache
     Correspondence{"gement", "gment"},             // judgement
     Correspondence{"geing", "ging", Place::kEnd},  // ageing
     Correspondence{"que", "ck", Place::kEnd},      // cheque
@@ -47,10 +47,25 @@ constexpr std::array kCorrespondences = {
     Correspondence{"jewellery", "jewelry"},
     Correspondence{"draught", "draft"},
     Correspondence{"ghurt", "gurt", Place::kEnd},  // yoghurt
+    Correspondence{"enqu", "inqu"},                // enquiry
+    Correspondence{"aeroplane", "airplane"},
+    Correspondence{"mum", "mom"},
 };
+
+// Spellings by a rule that Britain does not follow: "humourous", "deodourant", "partizan".
+bool isExempt(std::string_view rest, const Correspondence& rule) {
+  if (rule.british == "our") return rest.starts_with("ous") || rest.starts_with("ant");
+  return rule.british == "is" && rest == "an";
+}
+
+// Words of which one may be written like the other in a sense that hardly anyone knows.
+bool areStrangers(std::string_view a, std::string_view b) {
+  return (a == "timbre" && b == "timber") || (a == "daemon" && b == "demon");
+}
 
 bool fits(std::string_view word, size_t at, const Correspondence& rule) {
   const size_t end = at + rule.british.size();
+  if (isExempt(word.substr(end), rule)) return false;
   switch (rule.place) {
     case Place::kAnywhere:
       return true;
@@ -96,7 +111,8 @@ bool doublesRegularly(std::string_view longer, size_t at, WordNet::Pos pos) {
 }  // namespace
 
 bool SpellingPairs::corresponds(std::string_view british, std::string_view american) {
-  return british != american && leadsTo(std::string(british), american, 2);
+  return british != american && !areStrangers(british, american) &&
+         leadsTo(std::string(british), american, 2);
 }
 
 std::optional<size_t> SpellingPairs::doubledL(std::string_view longer, std::string_view shorter) {
@@ -114,7 +130,7 @@ void SpellingPairs::add(const WordNet& wordNet, WordNet::Pos pos, const std::vec
       const std::string& a = wordNet.lemmas()[lemmas[i]].text;
       const std::string& b = wordNet.lemmas()[lemmas[k]].text;
       const size_t difference = a.size() > b.size() ? a.size() - b.size() : b.size() - a.size();
-      if (difference > 3 || !isPlainWord(a) || !isPlainWord(b) || (a[0] != b[0] && a.size() != 4)) continue;
+      if (difference > 3 || !isPlainWord(a) || !isPlainWord(b)) continue;
       const bool pair = corresponds(a, b) || corresponds(b, a) || doubledL(a, b) || doubledL(b, a);
       if (!pair) continue;
       const auto words = a < b ? std::pair(lemmas[i], lemmas[k]) : std::pair(lemmas[k], lemmas[i]);

@@ -62,6 +62,15 @@ std::string folded(std::string_view word) {
   return out;
 }
 
+bool anyCapital(std::string_view word) {
+  return std::any_of(word.begin(), word.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
+}
+
+// What a line of counts says of the sense it counts.
+uint64_t senseKey(uint32_t lemma, WordNet::Pos pos, uint32_t file, uint32_t id) {
+  return uint64_t{lemma} << 24 | uint64_t{pos} << 20 | (file & 0xFF) << 8 | (id & 0xFF);
+}
+
 bool posOf(std::string_view letter, WordNet::Pos* pos) {
   if (letter.size() != 1) return false;
   switch (letter[0]) {
@@ -113,6 +122,26 @@ WordNet::Kind WordNet::kindOf(unsigned lexicographerFile) {
   }
 }
 
+bool WordNet::Lemma::tellsNames() const {
+  bool name = false, common = false;
+  for (uint8_t pos = 0; pos < kPosCount; ++pos) {
+    name = name || isName(static_cast<Pos>(pos));
+    common = common || isCommon(static_cast<Pos>(pos));
+  }
+  return name && common;
+}
+
+uint32_t WordNet::Lemma::spelledUses(Pos pos, bool capital) const {
+  if (!tellsNames()) return uses[pos];
+  return capital ? nameUses[pos] : uses[pos] - nameUses[pos];
+}
+
+uint32_t WordNet::Lemma::spelledUses(bool capital) const {
+  uint32_t sum = 0;
+  for (uint8_t pos = 0; pos < kPosCount; ++pos) sum += spelledUses(static_cast<Pos>(pos), capital);
+  return sum;
+}
+
 uint32_t WordNet::find(std::string_view text) const {
   const auto found = numbers_.find(std::string(text));
   return found == numbers_.end() ? kNone : found->second;
@@ -130,7 +159,7 @@ bool WordNet::is(std::string_view text, Pos pos) const {
 
 uint32_t WordNet::add(std::string_view word, bool cased) {
   std::string text = folded(word);
-  const bool lower = std::none_of(word.begin(), word.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
+  const bool lower = !anyCapital(word);
   const auto [place, fresh] = numbers_.try_emplace(text, static_cast<uint32_t>(lemmas_.size()));
   if (fresh) lemmas_.push_back({.text = std::move(text)});
   Lemma& lemma = lemmas_[place->second];
@@ -149,9 +178,14 @@ bool WordNet::readSynset(Pos pos, std::string_view line, const SynsetSink& synse
   const size_t first = words_.size();
   synsetAt_[pos].emplace_back(offset, static_cast<uint32_t>(first));
   for (uint32_t i = 0; i < count && fields.ok(); ++i) {
-    const uint32_t number = add(fields.text(), true);
-    fields.text();  // id
+    const std::string_view word = fields.text();
+    const uint32_t number = add(word, true);
+    const uint32_t id = fields.number(16);
     ++lemmas_[number].senses[pos];
+    if (anyCapital(word)) {
+      ++lemmas_[number].nameSenses[pos];
+      names_.insert(senseKey(number, pos, file, id));
+    }
     if (pos == kNoun) ++lemmas_[number].kinds[kindOf(file)];
     words_.push_back(number);
   }
@@ -198,12 +232,15 @@ bool WordNet::readCounts(std::string_view text) {
     const size_t percent = key.rfind('%');
     if (!fields.ok() || percent == std::string_view::npos || key.size() < percent + 5) return false;
     const unsigned type = static_cast<unsigned>(key[percent + 1] - '0');
-    unsigned file = 0;
+    unsigned file = 0, id = 0;
     std::from_chars(key.data() + percent + 3, key.data() + percent + 5, file);
     if (type < 1 || type > 5 || key[percent + 2] != ':') return false;
+    if (key.size() >= percent + 8) std::from_chars(key.data() + percent + 6, key.data() + percent + 8, id);
     const Pos pos = type == 5 ? kAdjective : static_cast<Pos>(type - 1);
-    Lemma& lemma = lemmas_[add(key.substr(0, percent), false)];
+    const uint32_t number = add(key.substr(0, percent), false);
+    Lemma& lemma = lemmas_[number];
     lemma.uses[pos] += uses;
+    if (names_.contains(senseKey(number, pos, file, id))) lemma.nameUses[pos] += uses;
     if (pos == kNoun) lemma.kinds[kindOf(file)] += uses * kUseWeight;
     return true;
   });
@@ -223,12 +260,16 @@ bool WordNet::readExceptions(Pos pos, std::string_view text) {
   });
 }
 
-void WordNet::finish() {
+size_t WordNet::finish() {
+  size_t lost = 0;
   for (auto& places : synsetAt_) std::sort(places.begin(), places.end());
   for (const Pointer& pointer : pointers_) {
     const auto& places = synsetAt_[pointer.pos];
     const auto place = std::lower_bound(places.begin(), places.end(), std::pair(pointer.synset, uint32_t{0}));
-    if (place == places.end() || place->first != pointer.synset) continue;
+    if (place == places.end() || place->first != pointer.synset) {
+      ++lost;
+      continue;
+    }
     for (uint32_t i = place->second, w = 1; words_[i] != kNone; ++i, ++w) {
       const bool meant = pointer.word == 0 || pointer.word == w;
       if (meant && words_[i] != pointer.lemma) derivations_.emplace_back(pointer.lemma, words_[i]);
@@ -238,7 +279,9 @@ void WordNet::finish() {
   derivations_.erase(std::unique(derivations_.begin(), derivations_.end()), derivations_.end());
   for (auto& places : synsetAt_) places = {};
   words_ = {};
+  names_ = {};
   pointers_ = {};
+  return lost;
 }
 
 bool WordNet::load(const std::string& folder, const GlossSink& glosses, const SynsetSink& synsets,
@@ -249,6 +292,10 @@ bool WordNet::load(const std::string& folder, const GlossSink& glosses, const Sy
     const std::string path = folder + "/" + name;
     if (!readWholeFile(path, kFileLimit, &text)) {
       *error = "can't read " + path;
+      return false;
+    }
+    if (!text.empty() && text.back() != '\n') {
+      *error = path + " is cut short";
       return false;
     }
     if (reader(std::string_view(text))) return true;
@@ -265,8 +312,11 @@ bool WordNet::load(const std::string& folder, const GlossSink& glosses, const Sy
     }
   }
   if (!each("cntlist.rev", [&](std::string_view t) { return readCounts(t); })) return false;
-  finish();
-  return true;
+  const size_t lost = finish();
+  if (lost != 0) {
+    *error = folder + ": " + std::to_string(lost) + " pointers lead nowhere; a data file is cut short";
+  }
+  return lost == 0;
 }
 
 }  // namespace zavel::mkdict

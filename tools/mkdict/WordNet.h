@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -27,6 +28,18 @@ class WordNet {
     std::array<uint32_t, 4> kinds{};
     uint32_t relational = 0;  // adjective senses that mean "of a ...": they don't compare
     bool lowerCase = false;   // WordNet writes it without capitals somewhere
+    // Those of `senses` and `uses` that WordNet writes with a capital: "China", "WHO".
+    std::array<uint32_t, kPosCount> nameSenses{};
+    std::array<uint32_t, kPosCount> nameUses{};
+
+    // Whether it has a sense that is written with a capital, or one that is not.
+    bool isName(Pos pos) const { return nameSenses[pos] > 0; }
+    bool isCommon(Pos pos) const { return is(pos) && (senses[pos] == 0 || senses[pos] > nameSenses[pos]); }
+    // True when WordNet tells the uses of the two apart.
+    bool tellsNames() const;
+    // Uses of the word as it is spelled; all of them where WordNet does not tell.
+    uint32_t spelledUses(bool capital) const;
+    uint32_t spelledUses(Pos pos, bool capital) const;
 
     // Some counted lemmas have left the synsets since, "more than" for one.
     bool is(Pos pos) const { return senses[pos] > 0 || uses[pos] > 0; }
@@ -46,8 +59,9 @@ class WordNet {
   // Called for each synset of two words or more, with their lemma numbers in its order.
   using SynsetSink = std::function<void(Pos pos, const std::vector<uint32_t>& lemmas)>;
 
-  // Reads data.*, *.exc and cntlist.rev of `folder`. False with a sentence in *error when a file is missing
-  // or a line of it is damaged. Either sink may be empty.
+  // Reads data.*, *.exc and cntlist.rev of `folder`. False with a sentence in *error when a file is missing,
+  // a line of it is damaged, its last line does not end or pointers lead to synsets that are not there.
+  // Either sink may be empty.
   bool load(const std::string& folder, const GlossSink& glosses, const SynsetSink& synsets,
             std::string* error);
 
@@ -61,11 +75,12 @@ class WordNet {
   const std::vector<std::pair<uint32_t, uint32_t>>& derivations() const { return derivations_; }
   const Exceptions& exceptions(Pos pos) const { return exceptions_[pos]; }
 
-  // Parts of load, over the text of one file. readData must see all four files before finish().
+  // Parts of load, over the text of one file. readData must see all four files before finish(), which tells
+  // how many pointers lead nowhere.
   bool readData(Pos pos, std::string_view text, const GlossSink& glosses, const SynsetSink& synsets);
   bool readCounts(std::string_view text);
   bool readExceptions(Pos pos, std::string_view text);
-  void finish();
+  size_t finish();
 
  private:
   struct Pointer {
@@ -85,6 +100,7 @@ class WordNet {
   // Until finish(): words of each synset, by file and offset, and the pointers that name them.
   std::array<std::vector<std::pair<uint32_t, uint32_t>>, kPosCount> synsetAt_;  // offset, first in words_
   std::vector<uint32_t> words_;                                                 // kNone ends a synset
+  std::unordered_set<uint64_t> names_;  // senses with a capital, see senseKey in the source
   std::vector<Pointer> pointers_;
 };
 

@@ -13,8 +13,11 @@ list(APPEND mkdict_sources
   FreeDict.cpp
   GlossIndex.cpp
   Inflection.cpp
+  Ipa.cpp
   KatuRecords.cpp
+  PartsOfSpeech.cpp
   Pronunciation.cpp
+  PronunciationChoice.cpp
   Spelling.cpp
   SpellingPairs.cpp
   Utf8.cpp
