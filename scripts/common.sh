@@ -8,7 +8,7 @@ mkdir -p "$logs"
 packages_build="g++ cmake ninja-build pkg-config libplist-dev libcli11-dev zlib1g-dev scdoc"
 packages_data="dict-freedict-eng-jpn edict wordnet-base"
 packages_test="libgtest-dev nlohmann-json3-dev file"
-packages_bench="libbenchmark-dev libsqlite3-dev sdcv"
+packages_bench="libsqlite3-dev sdcv"
 packages_fuzz="clang libclang-rt-14-dev libgtest-dev"
 
 # step WHAT COMMAND...: says what it does; the command's output goes to a log that is shown on failure.

@@ -1,5 +1,7 @@
-// Tests: tests/zavel/zavel-test.sh
+// Tests: tests/zavel/CommandTest.cpp, zavel-test.sh
 #include "DictCommand.h"
+
+#include <signal.h>
 
 #include <cstdio>
 #include <filesystem>
@@ -10,107 +12,122 @@
 #include "JsonWriter.h"
 #include "LockFile.h"
 #include "MkdictProgram.h"
-#include "Places.h"
+#include "PlacesInUse.h"
 
 namespace zavel::host {
 namespace {
-
-Failure noHome() {
-  return {kExitEnvironment, "no_home", "no folder to work in: neither ZAVEL_ROOT nor HOME is set",
-          "Set ZAVEL_ROOT to a folder of yours."};
-}
 
 Failure noMkdict() {
   return {kExitEnvironment, "no_mkdict", "the dictionary compiler mkdict is missing",
           "Install it beside zavel, or set ZAVEL_MKDICT to its path."};
 }
 
-Failure noDictionary(const std::string& folder) {
-  return {kExitEnvironment, "no_dictionary", "there is no dictionary in " + folder, "Run: zavel dict build"};
+Failure notLocked(const LockFile& lock, const std::string& parent) {
+  if (lock.holder().empty()) {
+    return {kExitEnvironment, "locked", "the lock file " + parent + "/.lock can't be made",
+            "See whether the disk is full, or the folder not yours."};
+  }
+  return {kExitEnvironment, "locked", "another build is running: " + lock.holder(),
+          "Wait for it to end, then try again."};
 }
 
-bool hasDictionary(const Places& places) {
-  bool none = false;
-  return missingDictionaryFile(places.dictionary, &none).empty();
+std::string parentOf(const std::string& folder) {
+  return folder.substr(0, folder.rfind('/'));
 }
 
-Failure checkPlaces(const Places& places) {
-  return places.data.empty() ? noHome() : Failure();
+// Runs mkdict and waits for it; what it says it says itself.
+int passOn(const std::string& program, const std::vector<std::string>& arguments, bool json) {
+  const MkdictEnd end = runMkdict(program, arguments);
+  if (!end.started) return report(noMkdict(), json);
+  if (end.signal == 0) return end.status;
+  if (end.signal == SIGINT || end.signal == SIGTERM || end.signal == SIGHUP) return 128 + end.signal;
+  return report({kExitEnvironment, "mkdict_killed",
+                 "the dictionary compiler was ended by signal " + std::to_string(end.signal),
+                 "See whether there is memory enough, then try again."},
+                json);
+}
+
+std::string stateText(const std::string& folder, const DictionaryState& state) {
+  std::string text = folder + "\n";
+  uintmax_t total = 0;
+  char line[64];
+  for (const char* name : kDictionaryFiles) {
+    std::error_code error;
+    const uintmax_t size = std::filesystem::file_size(folder + "/" + name, error);
+    if (!error) total += size;
+    std::snprintf(line, sizeof line, "%-10s %12ju%s\n", name, error ? 0 : size, error ? "  missing" : "");
+    text += line;
+  }
+  std::snprintf(line, sizeof line, "%-10s %12ju%s\n", "together", total,
+                state.complete() ? "" : "  incomplete");
+  return text + line;
+}
+
+std::string stateJson(const std::string& folder, const DictionaryState& state) {
+  JsonWriter json;
+  json.beginObject().member("schema", 1).member("folder", folder).key("complete").boolean(state.complete());
+  json.key("files").beginArray();
+  int64_t total = 0;
+  for (const char* name : kDictionaryFiles) {
+    std::error_code error;
+    const uintmax_t size = std::filesystem::file_size(folder + "/" + name, error);
+    json.beginObject().member("name", name).key("bytes");
+    if (error) {
+      json.null();
+    } else {
+      json.integer(static_cast<int64_t>(size));
+      total += static_cast<int64_t>(size);
+    }
+    json.endObject();
+  }
+  json.endArray().member("bytes", total).endObject();
+  return json.text() + "\n";
 }
 
 }  // namespace
 
 int runDictBuild(const DictBuildOptions& options) {
-  const Places places = findPlaces();
-  if (const Failure failure = checkPlaces(places)) return report(failure);
-  if (options.ifMissing && hasDictionary(places)) return kExitFound;
+  const Places places = placesInUse();
+  if (places.data.empty()) return report(noHome(), options.json);
+  if (options.ifMissing && dictionaryIn(places.dictionary).complete()) return kExitFound;
   const std::string program = findMkdict();
-  if (program.empty()) return report(noMkdict());
-  const std::string parent = places.dictionary.substr(0, places.dictionary.rfind('/'));
+  if (program.empty()) return report(noMkdict(), options.json);
+  const std::string parent = parentOf(places.dictionary);
   if (!makeFolders(parent)) {
     return report({kExitEnvironment, "no_folder", "the folder " + parent + " can't be made",
-                   "Is the disk full, or the folder above it not yours?"});
+                   "See whether the disk is full, or the folder above it not yours."},
+                  options.json);
   }
   const LockFile lock(parent + "/.lock");
-  if (!lock.held()) {
-    return report({kExitEnvironment, "locked",
-                   lock.holder().empty() ? "the lock file " + parent + "/.lock can't be made"
-                                         : "another build is running: " + lock.holder(),
-                   "Wait for it to end, then try again."});
-  }
+  if (!lock.held()) return report(notLocked(lock, parent), options.json);
   std::vector<std::string> arguments{"--progress", options.progress};
   if (options.quiet) arguments.push_back("--quiet");
   if (options.json) arguments.push_back("--json");
   arguments.push_back(places.dictionary);
-  const int status = runMkdict(program, arguments);
-  if (status == 127) return report(noMkdict());
-  return status;
+  return passOn(program, arguments, options.json);
 }
 
 int runDictVerify(bool json) {
-  const Places places = findPlaces();
-  if (const Failure failure = checkPlaces(places)) return report(failure);
+  const Places places = placesInUse();
+  if (places.data.empty()) return report(noHome(), json);
+  const DictionaryState state = dictionaryIn(places.dictionary);
+  if (state.none()) return report(dictionaryFailure(places.dictionary, state), json);
   const std::string program = findMkdict();
-  if (program.empty()) return report(noMkdict());
-  bool none = false;
-  missingDictionaryFile(places.dictionary, &none);
-  if (none) return report(noDictionary(places.dictionary));
+  if (program.empty()) return report(noMkdict(), json);
   std::vector<std::string> arguments{"--verify", places.dictionary};
   if (json) arguments.push_back("--json");
-  return runMkdict(program, arguments);
+  return passOn(program, arguments, json);
 }
 
 int runDictInfo(bool json) {
-  const Places places = findPlaces();
-  if (const Failure failure = checkPlaces(places)) return report(failure);
-  bool none = false;
-  const std::string missing = missingDictionaryFile(places.dictionary, &none);
-  if (none) {
-    const Failure failure = noDictionary(places.dictionary);
-    if (json) std::printf("%s\n", failureJson(failure).c_str());
-    return report(failure);
-  }
-  JsonWriter writer;
-  writer.beginObject().member("schema", 1).member("folder", places.dictionary);
-  writer.member("complete", missing.empty() ? "yes" : "no").key("files").beginArray();
-  std::string text = places.dictionary + "\n";
-  uintmax_t total = 0;
-  for (const char* name : kDictionaryFiles) {
-    std::error_code error;
-    const uintmax_t size = std::filesystem::file_size(places.dictionary + "/" + name, error);
-    const uintmax_t known = error ? 0 : size;
-    total += known;
-    writer.beginObject().member("name", name).member("bytes", static_cast<int64_t>(known)).endObject();
-    char line[64];
-    std::snprintf(line, sizeof line, "%-10s %12ju%s\n", name, known, error ? "  missing" : "");
-    text += line;
-  }
-  writer.endArray().member("bytes", static_cast<int64_t>(total)).endObject();
-  char line[64];
-  std::snprintf(line, sizeof line, "%-10s %12ju\n", "together", total);
-  text += line;
-  std::printf("%s", json ? (writer.text() + "\n").c_str() : text.c_str());
-  return missing.empty() ? kExitFound : kExitDamaged;
+  const Places places = placesInUse();
+  if (places.data.empty()) return report(noHome(), json);
+  const DictionaryState state = dictionaryIn(places.dictionary);
+  const Failure failure = dictionaryFailure(places.dictionary, state);
+  if (state.none()) return report(failure, json);
+  const std::string told = json ? stateJson(places.dictionary, state) : stateText(places.dictionary, state);
+  std::fputs(told.c_str(), stdout);
+  return failure ? report(failure, false) : kExitFound;
 }
 
 }  // namespace zavel::host

@@ -5,6 +5,8 @@
 #include <array>
 #include <string_view>
 
+#include "Utf8.h"
+
 namespace zavel::host {
 namespace {
 
@@ -56,6 +58,12 @@ Span spanOf(size_t begin, const ScrpSTElement& run) {
   return {begin, (run.scrpFace & 1) != 0, (run.scrpFace & 2) != 0, colourOf(run)};
 }
 
+// UTF-8 for the eye; what would steer a terminal stays out, whatever a damaged dictionary holds.
+std::string shown(std::string sjis, const TextEncoding& encoding) {
+  std::replace(sjis.begin(), sjis.end(), '\r', '\n');
+  return printable(encoding.fromSjisLossy(sjis));
+}
+
 // Converts text[begin, end) piece by piece, a span for each stretch between two runs.
 void convert(const std::string& text, size_t begin, size_t end, const std::vector<ScrpSTElement>& runs,
              const TextEncoding& encoding, Entry* entry) {
@@ -66,14 +74,13 @@ void convert(const std::string& text, size_t begin, size_t end, const std::vecto
     if (start >= end) break;
     if (start > at) {
       entry->spans.push_back(current);
-      entry->text += encoding.fromSjisLossy(std::string_view(text).substr(at, start - at));
+      entry->text += shown(text.substr(at, start - at), encoding);
       at = start;
     }
     current = spanOf(entry->text.size(), run);
   }
   entry->spans.push_back(current);
-  entry->text += encoding.fromSjisLossy(std::string_view(text).substr(at, end - at));
-  std::replace(entry->text.begin(), entry->text.end(), '\r', '\n');
+  entry->text += shown(text.substr(at, end - at), encoding);
 }
 
 void trimEnd(Entry* entry) {

@@ -1,4 +1,4 @@
-// Tests: tests/zavel/zavel-test.sh
+// Tests: tests/zavel/CommandTest.cpp, zavel-test.sh
 #include "Failure.h"
 
 #include <cstdio>
@@ -7,21 +7,17 @@
 
 namespace zavel::host {
 
-int report(const Failure& failure) {
-  std::fprintf(stderr, "zavel: %s\n", failure.message.c_str());
-  if (!failure.hint.empty()) std::fprintf(stderr, "%s\n", failure.hint.c_str());
+int report(const Failure& failure, bool json) {
+  if (json) std::printf("%s\n", failureJson(failure).c_str());
+  std::fflush(stdout);
+  std::fprintf(stderr, "zavel: %s\n%s\n", failure.message.c_str(), failure.hint.c_str());
   return failure.status;
 }
 
 std::string failureJson(const Failure& failure) {
   JsonWriter json;
   json.beginObject().member("schema", 1).member("status", "error").key("error").beginObject();
-  json.member("code", failure.code).member("message", failure.message);
-  if (failure.hint.empty()) {
-    json.key("hint").null();
-  } else {
-    json.member("hint", failure.hint);
-  }
+  json.member("code", failure.code).member("message", failure.message).member("hint", failure.hint);
   json.endObject().endObject();
   return json.text();
 }

@@ -12,13 +12,14 @@ struct Failure {
   ExitStatus status = kExitFound;
   std::string code;     // for programs: "no_dictionary", "damaged_dictionary", "too_long", ...
   std::string message;  // one line, UTF-8
-  std::string hint;     // what to do next; may be empty
+  std::string hint;     // what to do next
 
   explicit operator bool() const { return status != kExitFound; }
 };
 
-// Writes message and hint to standard error and gives the status.
-int report(const Failure& failure);
+// Writes message and hint to standard error, with `json` the document to standard output too, and gives the
+// status.
+int report(const Failure& failure, bool json);
 
 // {"schema":1,"status":"error","error":{...}}
 std::string failureJson(const Failure& failure);

@@ -1,12 +1,15 @@
-// Tests: tests/zavel/zavel-test.sh
+// Tests: tests/zavel/CommandTest.cpp, zavel-test.sh
 #include "Host.h"
 
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
+#include "PlacesInUse.h"
 #include "config/WorkPathTable.h"
 #include "config/ZavelPath.h"
 #include "platform/Log.h"
@@ -58,16 +61,42 @@ std::string helperFolder() {
 
 }  // namespace
 
-std::string missingDictionaryFile(const std::string& folder, bool* none) {
-  std::string missing;
-  size_t lacking = 0;
+DictionaryState dictionaryIn(const std::string& folder) {
+  DictionaryState state;
   for (const char* name : kDictionaryFiles) {
     if (access((folder + "/" + name).c_str(), R_OK) == 0) continue;
-    ++lacking;
-    if (missing.empty()) missing = name;
+    if (errno == ENOENT || errno == ENOTDIR) {
+      ++state.absent;
+      if (state.missing.empty()) state.missing = name;
+    } else if (state.unreadable.empty()) {
+      state.unreadable = name;
+      state.error = errno;
+    }
   }
-  *none = lacking == kDictionaryFiles.size();
-  return missing;
+  return state;
+}
+
+Failure dictionaryFailure(const std::string& folder, const DictionaryState& state) {
+  if (state.none()) {
+    return {kExitEnvironment, "no_dictionary", "there is no dictionary in " + folder + " yet",
+            "Run: zavel dict build"};
+  }
+  if (!state.unreadable.empty()) {
+    return {kExitEnvironment, "unreadable_dictionary",
+            "the file " + state.unreadable + " of the dictionary in " + folder +
+                " can't be read: " + std::strerror(state.error),
+            "See who may read it: ls -l " + folder};
+  }
+  if (!state.missing.empty()) {
+    return {kExitDamaged, "damaged_dictionary",
+            "the dictionary in " + folder + " lacks the file " + state.missing, "Run: zavel dict build"};
+  }
+  return {};
+}
+
+Failure noHome() {
+  return {kExitEnvironment, "no_home", "no folder to work in: neither ZAVEL_ROOT nor HOME is set",
+          "Set ZAVEL_ROOT to a folder of yours."};
 }
 
 Host::Host() : places_(findPlaces()) {
@@ -82,22 +111,22 @@ Host::~Host() {
 }
 
 Failure Host::open() {
-  if (places_.data.empty()) {
-    return {kExitEnvironment, "no_home", "no folder to work in: neither ZAVEL_ROOT nor HOME is set",
-            "Set ZAVEL_ROOT to a folder of yours."};
-  }
-  // Without a dictionary nothing is written: asking for a word must leave no traces.
-  bool none = false;
-  const std::string missing = missingDictionaryFile(places_.dictionary, &none);
-  if (none) {
-    return {kExitEnvironment, "no_dictionary", "there is no dictionary yet", "Run: zavel dict build"};
-  }
-  if (!missing.empty()) {
-    return {kExitEnvironment, "damaged_dictionary",
-            "the dictionary in " + places_.dictionary + " lacks the file " + missing,
-            "Run: zavel dict build"};
+  if (places_.data.empty()) return noHome();
+  // The table that is there says where the dictionary is. Before there is one it is where it gets built.
+  const bool firstStart = access(pathTableFile().c_str(), F_OK) != 0;
+  if (firstStart) {
+    if (Failure failure = dictionaryFailure(places_.dictionary, dictionaryIn(places_.dictionary)))
+      return failure;
   }
   if (Failure failure = loadPathTable()) return failure;
+  if (!firstStart) {
+    Failure failure = dictionaryFailure(dictionary_, dictionaryIn(dictionary_));
+    if (failure && dictionary_ != places_.dictionary) {
+      failure.message += "; the path table " + pathTableFile() + " names that folder";
+      failure.hint = "Remove the path table if the folder has moved: a new one is written at the next start.";
+    }
+    if (failure) return failure;
+  }
   return openDictionary();
 }
 
@@ -108,17 +137,19 @@ Failure Host::loadPathTable() {
   roots.preferences = places_.config;
   roots.documents = places_.data + "/documents";
   roots.helpers = helperFolder();
-  const std::string path = defaultPathTablePath();
-  if (!writePathTableIfMissing(path, roots)) {
-    return {kExitEnvironment, "no_path_table", "the path table " + path + ".plist can't be written",
-            "Is the disk full, or the folder not yours?"};
+  if (!writePathTableIfMissing(defaultPathTablePath(), roots)) {
+    return {kExitEnvironment, "no_path_table", "the path table " + pathTableFile() + " can't be written",
+            "See whether the disk is full, or the folder not yours."};
   }
   const int code = zavelPathLoadDictAndHelper(nullptr);
-  if (!zavelPathKenkyuDicFolderURL() || !zavelPathCacheFolderURL()) {
-    return {kExitEnvironment, "no_path_table",
-            "the path table " + path + ".plist can't be used (code " + std::to_string(code) + ")",
+  const char* dictionary = zavelPathKenkyuDicFolderURL();
+  if (!dictionary || !zavelPathCacheFolderURL()) {
+    return {kExitDamaged, "damaged_path_table",
+            "the path table " + pathTableFile() + " can't be used (code " + std::to_string(code) + ")",
             "Remove it: a new one is written at the next start."};
   }
+  dictionary_ = dictionary;
+  while (dictionary_.size() > 1 && dictionary_.back() == '/') dictionary_.pop_back();
   return {};
 }
 
@@ -132,10 +163,10 @@ Failure Host::openDictionary() {
   if (!loaded) {
     return {kExitEnvironment, "no_cache",
             "the result file in " + std::string(zavelPathCacheFolderURL()) + " can't be made",
-            "Is the disk full, or the folder not yours?"};
+            "See whether the disk is full, or the folder not yours."};
   }
   if (!module_->objectODM()->initialized) {
-    return {kExitDamaged, "damaged_dictionary", "the dictionary in " + places_.dictionary + " is damaged",
+    return {kExitDamaged, "damaged_dictionary", "the dictionary in " + dictionary_ + " is damaged",
             "Run: zavel dict verify, then zavel dict build"};
   }
   return {};

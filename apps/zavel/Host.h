@@ -19,9 +19,8 @@ class Host {
   Host(const Host&) = delete;
   Host& operator=(const Host&) = delete;
 
-  const Places& places() const { return places_; }
-
-  // Writes the path table on the first start, loads it, and opens the dictionary.
+  // Writes the path table on the first start, loads it, and opens the dictionary that it names. Without a
+  // dictionary nothing is written: asking for a word must leave no traces.
   Failure open();
 
   // Only after open() succeeded.
@@ -32,15 +31,31 @@ class Host {
   Failure openDictionary();
 
   Places places_;
+  std::string dictionary_;  // the folder that the path table names
   std::unique_ptr<MirellModule> module_;
 };
 
 // Names of the dictionary's thirteen files.
 extern const std::array<const char*, 13> kDictionaryFiles;
 
-// The first of the dictionary's thirteen files that `folder` lacks; empty when all are there. `none` is set
-// when the folder holds not one of them.
-std::string missingDictionaryFile(const std::string& folder, bool* none);
+// What stands in a dictionary's folder.
+struct DictionaryState {
+  size_t absent = 0;       // of the thirteen files
+  std::string missing;     // the first that is absent; empty when none is
+  std::string unreadable;  // the first that is there and can't be read; empty when there is none
+  int error = 0;           // why, as errno tells it
+
+  bool none() const { return absent == kDictionaryFiles.size(); }
+  bool complete() const { return absent == 0 && unreadable.empty(); }
+};
+
+DictionaryState dictionaryIn(const std::string& folder);
+
+// The failure that keeps a dictionary in `folder` from being used; none when it is complete.
+Failure dictionaryFailure(const std::string& folder, const DictionaryState& state);
+
+// The failure of a start that finds neither ZAVEL_ROOT nor HOME.
+Failure noHome();
 
 }  // namespace zavel::host
 

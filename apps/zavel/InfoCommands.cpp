@@ -1,4 +1,4 @@
-// Tests: tests/zavel/zavel-test.sh
+// Tests: tests/zavel/CommandTest.cpp, zavel-test.sh
 #include "InfoCommands.h"
 
 #include <cstdio>
@@ -8,8 +8,9 @@
 
 #include "ExitStatus.h"
 #include "Failure.h"
+#include "Host.h"
 #include "JsonWriter.h"
-#include "Places.h"
+#include "PlacesInUse.h"
 #include "Version.h"
 
 namespace zavel::host {
@@ -34,22 +35,19 @@ constexpr DataSource kSources[] = {
      "WordNet 3.0 license", "https://wordnet.princeton.edu/"},
 };
 
-std::vector<std::pair<const char*, std::string>> placeRows(const Places& places) {
-  return {{"data", places.data},   {"dictionary", places.dictionary}, {"config", places.config},
-          {"state", places.state}, {"cache", places.cache},           {"root", places.root}};
+using Rows = std::vector<std::pair<const char*, std::string>>;
+
+Rows placeRows(const Places& places) {
+  return {{"data", places.data},          {"dictionary", places.dictionary}, {"config", places.config},
+          {"state", places.state},        {"cache", places.cache},           {"root", places.root},
+          {"path_table", pathTableFile()}};
 }
 
 }  // namespace
 
 int runPaths(bool json) {
-  const Places places = findPlaces();
-  if (places.data.empty()) {
-    const Failure failure{kExitEnvironment, "no_home",
-                          "no folder to work in: neither ZAVEL_ROOT nor HOME is set",
-                          "Set ZAVEL_ROOT to a folder of yours."};
-    if (json) std::printf("%s\n", failureJson(failure).c_str());
-    return report(failure);
-  }
+  const Places places = placesInUse();
+  if (places.data.empty()) return report(noHome(), json);
   JsonWriter writer;
   writer.beginObject().member("schema", 1);
   for (const auto& [name, path] : placeRows(places)) {

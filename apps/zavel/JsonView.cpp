@@ -92,7 +92,9 @@ std::string resultJson(const LookResult& result, const JsonParts& parts) {
   }
   if (parts.headwords) writeHeadwords(json, result, parts.limit);
   if (parts.forms) writeForms(json, result);
-  json.strings("suggestions", result.suggestions);
+  const auto begin = result.suggestions.begin();
+  json.strings("suggestions",
+               {begin, begin + static_cast<std::ptrdiff_t>(shown(result.suggestions.size(), parts.limit))});
   json.endObject();
   return json.text();
 }

@@ -1,15 +1,19 @@
 // The road: the word in bytes; its dictionary form; the headwords that begin with it; then its entries.
-// Whole entries come in one search, so that entries of the other spelling, which the engine appends, come
-// with them; a part of the entries comes row by row, because a filtered entry no longer holds its headword.
+// Entries come whole and in one search, so that those of the other spelling, which the engine appends, come
+// with them. A part of the entries is cut out of the whole ones: a search that is given a filter answers
+// without the headwords, and the reader would not see which entry a part belongs to.
 // Tests: tests/zavel/LookTest.cpp
 #include "Look.h"
 
 #include <algorithm>
 #include <map>
-#include <set>
 
 #include "EntryText.h"
+#include "Utf8.h"
 #include "engine/ChangeMidasi.h"
+#include "engine/EngineAPI.h"
+#include "engine/EngineStatus.h"
+#include "engine/ImiFilter.h"
 #include "engine/MidasiCheck.h"
 #include "platform/Platform.h"
 #include "platform/TextEncoding.h"
@@ -23,8 +27,10 @@ const TextEncoding& encoding() {
   return platform().encoding();
 }
 
-std::string toUtf8(const std::string& sjis) {
-  return encoding().fromSjisLossy(sjis);
+// UTF-8 for the eye, lines ended by 0x0A.
+std::string toUtf8(std::string sjis) {
+  std::replace(sjis.begin(), sjis.end(), '\r', '\n');
+  return printable(encoding().fromSjisLossy(sjis));
 }
 
 bool isLead(char c) {
@@ -34,27 +40,6 @@ bool isLead(char c) {
 
 std::string keyE(const std::string& word) {
   return engine::ChangeMidasiStrE(word);
-}
-
-// Both keys of a Japanese word that may be given in kana or with kanji. Empty where it has none.
-std::string keyJ(const std::string& word) {
-  std::string key;
-  return engine::ChangeMidasiStrJ(word, true, &key) == engine::kOk ? key : std::string();
-}
-
-const char* formName(int code) {
-  static constexpr const char* kNames[] = {"",
-                                           "singular",
-                                           "plural",
-                                           "positive",
-                                           "comparative",
-                                           "superlative",
-                                           "present",
-                                           "third person singular",
-                                           "past",
-                                           "past participle",
-                                           "present participle"};
-  return code >= 1 && code <= 10 ? kNames[code] : "";
 }
 
 std::string withoutNul(std::string text) {
@@ -77,7 +62,33 @@ void dropLoneHomographs(std::vector<Entry>* entries) {
   }
 }
 
+// The headword line of one entry's tagged text, and the sections that `mode` asks for. Empty when the entry
+// has none of them.
+std::string partOf(const std::string& entry, bool english, Mode mode) {
+  std::string part = entry;
+  const uint8_t filter = static_cast<uint8_t>(mode);
+  if (english) {
+    engine::ImiFilter(filter, &part);
+  } else {
+    engine::ImiFilterJ(filter, &part);
+  }
+  if (part.empty()) return part;
+  const size_t headEnd = entry.find('\r');
+  const std::string head = headEnd == std::string::npos ? std::string() : entry.substr(0, headEnd + 1);
+  return head + part + '\r';
+}
+
+// A status that no sound dictionary gives for a word.
+bool tellsDamage(uint16_t status) {
+  return status != engine::kOk && status != engine::kBadArgument && status != engine::kNoMemory;
+}
+
 }  // namespace
+
+Failure wordTooLong() {
+  return {kExitUsage, "too_long", "the word is too long: at most 255 bytes in Shift_JIS",
+          "Ask for a part of it."};
+}
 
 const char* matchName(Match match) {
   switch (match) {
@@ -93,6 +104,21 @@ const char* matchName(Match match) {
   return "";
 }
 
+const char* formName(int code) {
+  static constexpr const char* kNames[] = {"",
+                                           "singular",
+                                           "plural",
+                                           "positive",
+                                           "comparative",
+                                           "superlative",
+                                           "present",
+                                           "third person singular",
+                                           "past",
+                                           "past participle",
+                                           "present participle"};
+  return code >= 1 && code <= 10 ? kNames[code] : "";
+}
+
 bool Look::run(const LookRequest& request, LookResult* result, Failure* failure) {
   result->query = request.word;
   result->origin = request.word;
@@ -102,7 +128,7 @@ bool Look::run(const LookRequest& request, LookResult* result, Failure* failure)
   if (!bytes) return true;
   const std::string& word = bytes->bytes();
   if (word.size() > kLongestWord) {
-    *failure = {kExitPartly, "too_long", "the word is too long: at most 255 bytes in Shift_JIS", ""};
+    *failure = wordTooLong();
     return false;
   }
   result->english = !isLead(word[0]);
@@ -111,88 +137,107 @@ bool Look::run(const LookRequest& request, LookResult* result, Failure* failure)
   } else {
     lookJapanese(request, word, result);
   }
+  if (result->entries.empty() && result->headwords.empty() && result->forms.empty() &&
+      isDamagedAt(word, result->english)) {
+    *failure = {kExitDamaged, "damaged_dictionary", "the dictionary is damaged where this word stands",
+                "Run: zavel dict verify, then zavel dict build"};
+    return false;
+  }
   return true;
+}
+
+// The manager answers "nothing" both for a word that is not there and for one that can't be read; the engine
+// tells them apart.
+bool Look::isDamagedAt(const std::string& word, bool english) {
+  const auto failed = [&](auto search) {
+    std::string asked = word;  // a search may change it
+    uint32_t size = 0;
+    Handle list = nullptr;
+    const uint16_t status = search(asked.data(), &size, &list);
+    if (list) GlobalFree(list);
+    return tellsDamage(status);
+  };
+  const auto entries = [&](char* asked, uint32_t* size, Handle* list) {
+    return (english ? SerchImiE : SerchImiJ)(asked, nullptr, 0, size, list, 1);
+  };
+  const auto headwords = [&](char* asked, uint32_t* size, Handle* list) {
+    return english ? SerchMidasiE(asked, 0, size, list, 1) : SerchMidasiJ(asked, size, list, 1);
+  };
+  const auto forms = [](char* asked, uint32_t* size, Handle* list) { return GetKatuyo(asked, size, list); };
+  return failed(entries) || failed(headwords) || (english && failed(forms));
 }
 
 void Look::lookEnglish(const LookRequest& request, const std::string& word, LookResult* result) {
   const std::string origin = manager_.GetOrigin(word);
   result->origin = toUtf8(origin);
-  std::vector<std::string> lines;
-  if (request.wantHeadwords && manager_.GetMidashiE(origin)) result->headwords = takeHeadwords(&lines);
+  if (request.wantHeadwords && manager_.GetMidashiE(origin)) result->headwords = takeHeadwords();
   if (request.wantForms) takeForms(word, result);
   if (request.wantEntries) {
-    if (request.mode == Mode::kAll) {
-      fetchWhole(origin, true, result);
-    } else {
-      fetchRows(origin, true, request.mode, result);
-    }
+    fetch(origin, true, request.mode, result);
     explainEnglish(word, result);
   }
-  const bool nothing = result->entries.empty() && (request.wantEntries || result->headwords.empty());
+  const bool nothing =
+      result->entries.empty() && !result->lacksPart && (request.wantEntries || result->headwords.empty());
   if (nothing && request.suggestions > 0) suggestEnglish(word, request.suggestions, result);
 }
 
 void Look::lookJapanese(const LookRequest& request, const std::string& word, LookResult* result) {
-  if (request.wantHeadwords && manager_.GetMidashiJ(word)) {
-    std::vector<std::string> lines;
-    result->headwords = takeHeadwords(&lines);
-  }
-  if (request.wantEntries) {
-    if (request.mode == Mode::kAll) {
-      fetchWhole(word, false, result);
-    } else {
-      fetchRows(word, false, request.mode, result);
-    }
-  }
-  const bool nothing = result->entries.empty() && (request.wantEntries || result->headwords.empty());
+  if (request.wantHeadwords && manager_.GetMidashiJ(word)) result->headwords = takeHeadwords();
+  if (request.wantEntries) fetch(word, false, request.mode, result);
+  const bool nothing =
+      result->entries.empty() && !result->lacksPart && (request.wantEntries || result->headwords.empty());
   if (nothing && request.suggestions > 0) suggestJapanese(word, request.suggestions, result);
 }
 
-std::vector<Headword> Look::takeHeadwords(std::vector<std::string>* lines) {
+std::vector<Headword> Look::takeHeadwords() {
   std::vector<Headword> headwords;
   const uint32_t count = manager_.CountMidashiData();
   for (uint32_t i = 0; i < count; ++i) {
-    std::string line = withoutNul(manager_.GetMidashiData(i));
+    const std::string line = withoutNul(manager_.GetMidashiData(i));
     const std::string keyword = withoutNul(manager_.ExtractKeywordFromMidashiData(line));
     headwords.push_back({toUtf8(line), toUtf8(keyword)});
-    lines->push_back(std::move(line));
   }
   return headwords;
 }
 
-void Look::fetchWhole(const std::string& word, bool english, LookResult* result) {
-  const bool found = english ? manager_.NewGetImiE(word, static_cast<uint8_t>(Mode::kAll), "")
-                             : manager_.NewGetImiJ(word, static_cast<uint8_t>(Mode::kAll), "");
+void Look::fetch(const std::string& word, bool english, Mode mode, LookResult* result) {
+  if (mode != Mode::kAll) return fetchPart(word, english, mode, result);
+  const bool found = english ? manager_.NewGetImiE(word, 0, "") : manager_.NewGetImiJ(word, 0, "");
   if (!found) return;
-  takeEntries(result);
+  result->entries = takeEntries(manager_.GetDebugResult());
   dropLoneHomographs(&result->entries);
 }
 
-// The result of the last meaning search, split into entries and put behind those that are there.
-void Look::takeEntries(LookResult* result) {
+// The manager's last layout as entries; `labelled` is the labelled form of the same text.
+std::vector<Entry> Look::takeEntries(const std::string& labelled) {
   std::vector<Entry> entries =
       entriesFromLayout(manager_.GetImiData(), manager_.styleRuns, headwordColour(manager_), encoding());
-  std::vector<std::vector<Sense>> senses = sensesFromLabels(toUtf8(manager_.GetDebugResult()));
+  std::vector<std::vector<Sense>> senses = sensesFromLabels(toUtf8(labelled));
   for (size_t i = 0; i < entries.size() && i < senses.size(); ++i) entries[i].senses = std::move(senses[i]);
-  std::move(entries.begin(), entries.end(), std::back_inserter(result->entries));
+  return entries;
 }
 
-void Look::fetchRows(const std::string& word, bool english, Mode mode, LookResult* result) {
-  std::vector<std::string> lines;
-  const bool listed = english ? manager_.GetMidashiE(word) : manager_.GetMidashiJ(word);
-  if (listed) takeHeadwords(&lines);
-  const std::string key = english ? keyE(word) : keyJ(word);
-  std::set<std::string> done;
-  for (const std::string& line : lines) {
-    const std::string keyword = withoutNul(manager_.ExtractKeywordFromMidashiData(line));
-    if ((english ? keyE(keyword) : keyJ(keyword)) != key || !done.insert(line).second) continue;
-    const uint8_t filter = static_cast<uint8_t>(mode);
-    const bool found =
-        english ? manager_.NewGetImiE(keyword, filter, line) : manager_.NewGetImiJ(keyword, filter, line);
-    if (!found) continue;
-    const size_t before = result->entries.size();
-    takeEntries(result);
-    for (size_t i = before; i < result->entries.size(); ++i) result->entries[i].headword = toUtf8(keyword);
+// Both languages take the list road here, which keeps the entries apart.
+void Look::fetchPart(const std::string& word, bool english, Mode mode, LookResult* result) {
+  const bool found = english ? manager_.NewGetImiE(word, 0, "") : manager_.GetImiJ(word, 0, "");
+  if (!found) return;
+  std::vector<Entry> whole = takeEntries(manager_.GetDebugResult());
+  dropLoneHomographs(&whole);
+  std::string text;
+  std::vector<int> homographs;
+  for (size_t i = 0; i < manager_.meaningList.size(); ++i) {
+    const std::string part = partOf(manager_.meaningList[i], english, mode);
+    if (part.empty()) continue;
+    text += part;
+    homographs.push_back(i < whole.size() ? whole[i].homograph : 0);
+  }
+  result->lacksPart = text.empty();
+  if (text.empty()) return;
+  const std::string shown = manager_.OutputResult(text);
+  manager_.OutputResultFile(manager_.outputSpec, shown);
+  result->entries = takeEntries(manager_.ConvertMetaKey(text, 1));
+  for (size_t i = 0; i < result->entries.size() && i < homographs.size(); ++i) {
+    result->entries[i].homograph = homographs[i];  // numbered among all entries, not among those with a part
   }
 }
 
@@ -281,8 +326,7 @@ void Look::suggestEnglish(const std::string& word, size_t limit, LookResult* res
   // Below three letters the index lists only what is filed under exactly those letters.
   for (size_t length = key.size(); length >= 3 && result->suggestions.size() < limit; --length) {
     if (!manager_.GetMidashiE(key.substr(0, length))) continue;
-    std::vector<std::string> lines;
-    for (const Headword& headword : takeHeadwords(&lines)) addSuggestion(headword.keyword, limit, result);
+    for (const Headword& headword : takeHeadwords()) addSuggestion(headword.keyword, limit, result);
     return;
   }
 }
@@ -290,8 +334,7 @@ void Look::suggestEnglish(const std::string& word, size_t limit, LookResult* res
 void Look::suggestJapanese(const std::string& word, size_t limit, LookResult* result) {
   for (size_t length = word.size(); length >= 2 && result->suggestions.size() < limit; --length) {
     if (!manager_.GetMidashiJ(word.substr(0, length))) continue;
-    std::vector<std::string> lines;
-    for (const Headword& headword : takeHeadwords(&lines)) addSuggestion(headword.keyword, limit, result);
+    for (const Headword& headword : takeHeadwords()) addSuggestion(headword.keyword, limit, result);
     return;
   }
 }

@@ -2,7 +2,6 @@
 #ifndef ZAVEL_LOOKCOMMAND_H
 #define ZAVEL_LOOKCOMMAND_H
 
-#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -12,12 +11,14 @@
 namespace zavel::host {
 
 struct LookOptions {
-  std::vector<std::string> words;  // none, or a lone "-": words come from standard input
+  std::vector<std::string> words;  // "-" stands for the words on standard input, and so do none at all
   Mode mode = Mode::kAll;
   bool list = false;
   bool forms = false;
   bool json = false;
-  bool nul = false;   // words on standard input end in NUL
+  bool plain = false;
+  bool nul = false;  // words on standard input end in NUL
+  bool noPager = false;
   long limit = 0;     // 0: no limit
   long suggest = -1;  // -1: 5 for words on the command line, none for those from standard input
   ColorChoice colour = ColorChoice::kAuto;

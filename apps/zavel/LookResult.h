@@ -50,6 +50,9 @@ struct Entry {
   std::vector<Span> spans;  // rising, the first at 0
 };
 
+// The name of an inflected form by its code: "singular", "past", ...; "" for a code that is none.
+const char* formName(int code);
+
 struct Form {
   int code;  // 1 to 10, as the engine numbers them
   std::string form;
@@ -70,6 +73,7 @@ struct LookResult {
   std::vector<Entry> entries;
   std::vector<Form> forms;
   std::vector<std::string> suggestions;
+  bool lacksPart = false;  // the word has entries, but none with the part that was asked for
 
   bool found() const { return !entries.empty(); }
 };

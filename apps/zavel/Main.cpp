@@ -1,63 +1,38 @@
 // The command line of `zavel`: one subcommand, its options, its exit status.
-// Tests: tests/zavel/zavel-test.sh
+// Tests: tests/zavel/CommandTest.cpp, zavel-test.sh
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
-#include <functional>
+#include <cstdlib>
+#include <filesystem>
 #include <map>
-#include <numeric>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "CommandLine.h"
 #include "DictCommand.h"
 #include "ExitStatus.h"
+#include "Failure.h"
+#include "Help.h"
 #include "InfoCommands.h"
 #include "LookCommand.h"
+#include "Terminal.h"
+#include "Utf8.h"
 #include "Version.h"
 
 namespace zavel::host {
 namespace {
-
-constexpr const char* kShortHelp =
-    "zavel - English and Japanese dictionary\n"
-    "\n"
-    "  zavel look goes            look a word up (English, kana or kanji)\n"
-    "  zavel look --list inter    headwords that begin so\n"
-    "  zavel look --forms stop    inflection table\n"
-    "  zavel look --json 行く     for programs; words may come on standard input\n"
-    "  zavel dict build           make the dictionary from open data\n"
-    "  zavel dict verify | info   check it, describe it\n"
-    "  zavel paths | about        folders in use; version, sources and licences\n"
-    "\n"
-    "`zavel help COMMAND` and `man zavel` tell more.\n";
-
-// What each help begins with.
-const char* examplesOf(const std::string& command) {
-  if (command == "look") {
-    return "Examples:\n"
-           "  zavel look goes\n"
-           "  zavel look 行く いく イク\n"
-           "  zavel look --forms stop\n"
-           "  zavel look --list inter\n"
-           "  zavel look --json --mode pos better\n"
-           "  zavel look --json < words.txt > entries.ndjson\n\n";
-  }
-  if (command == "dict") {
-    return "Examples:\n"
-           "  zavel dict build\n"
-           "  zavel dict verify\n"
-           "  zavel dict info --json\n\n";
-  }
-  return "";
-}
 
 struct Arguments {
   LookOptions look;
   DictBuildOptions build;
   std::string mode = "all";
   std::string colour = "auto";
-  bool json = false;  // of every command but look and build
+  std::string root;
+  bool json = false;
 };
 
 const std::map<std::string, Mode> kModes = {
@@ -65,21 +40,40 @@ const std::map<std::string, Mode> kModes = {
 const std::map<std::string, ColorChoice> kColours = {
     {"auto", ColorChoice::kAuto}, {"always", ColorChoice::kAlways}, {"never", ColorChoice::kNever}};
 
+CLI::Option* oneOf(CLI::Option* option, const char* name, const std::vector<std::string>& choices) {
+  return option->type_name(name)->check(CLI::IsMember(choices).description(""));
+}
+
+CLI::Option* between(CLI::Option* option, long least, long most) {
+  return option->type_name("N")->check(CLI::Range(least, most).description(""));
+}
+
+// What every command takes.
+void addCommon(CLI::App* command, Arguments& a) {
+  command->add_flag("-j,--json", a.json, "Answer in JSON");
+  command->add_option("--root", a.root, "Keep all files below this folder, in the place of ZAVEL_ROOT")
+      ->type_name("DIR");
+}
+
 void addLook(CLI::App& app, Arguments& a) {
   CLI::App* look = app.add_subcommand("look", "Look words up");
-  look->add_option("words", a.look.words, "Words; none or - reads them from standard input, one a line");
-  look->add_option("--mode", a.mode, "all, pos, phrase or example: which part of the entries")
-      ->check(CLI::IsMember({"all", "pos", "phrase", "example"}));
+  look->add_option("words", a.look.words, "Words; none or - reads them from standard input, one a line")
+      ->type_name("WORD");
+  oneOf(look->add_option("--mode", a.mode, "Part of the entries: all, pos, phrase or example"), "PART",
+        {"all", "pos", "phrase", "example"});
   CLI::Option* list = look->add_flag("-l,--list", a.look.list, "Only the headwords that begin with the word");
   look->add_flag("--forms", a.look.forms, "Only the inflection table")->excludes(list);
-  look->add_flag("-j,--json", a.look.json, "JSON; for several words one document a line");
-  look->add_option("-n,--limit", a.look.limit, "At most so many entries or headwords")
-      ->check(CLI::Range(1L, 1000000L));
-  look->add_option("--suggest", a.look.suggest, "At most so many near headwords for a word not found")
-      ->check(CLI::Range(0L, 50L));
+  CLI::Option* plain = look->add_flag("--plain", a.look.plain, "One record a line, fields parted by tabs");
+  between(look->add_option("-n,--limit", a.look.limit, "At most N entries, headwords or suggestions"), 1,
+          1000000);
+  between(look->add_option("--suggest", a.look.suggest, "At most N near headwords for a word not found"), 0,
+          50);
   look->add_flag("-0,--null", a.look.nul, "Words on standard input end in NUL");
-  look->add_option("--color", a.colour, "auto, always or never")
-      ->check(CLI::IsMember({"auto", "always", "never"}));
+  oneOf(look->add_option("--color", a.colour, "When to colour: auto, always or never"), "WHEN",
+        {"auto", "always", "never"});
+  look->add_flag("--no-pager", a.look.noPager, "Never show a long answer through a pager");
+  addCommon(look, a);
+  plain->excludes(look->get_option("--json"));
 }
 
 void addDict(CLI::App& app, Arguments& a) {
@@ -88,129 +82,107 @@ void addDict(CLI::App& app, Arguments& a) {
   CLI::App* build = dict->add_subcommand("build", "Compile the dictionary from the distribution's open data");
   build->add_flag("--if-missing", a.build.ifMissing, "Do nothing if there is one");
   build->add_flag("-q,--quiet", a.build.quiet, "No summary");
-  build->add_flag("-j,--json", a.build.json, "The summary as JSON");
-  build->add_option("--progress", a.build.progress, "auto, bar, plain, json or none")
-      ->check(CLI::IsMember({"auto", "bar", "plain", "json", "none"}));
-  dict->add_subcommand("verify", "Walk every row of every index to its entry")
-      ->add_flag("-j,--json", a.json, "JSON");
-  dict->add_subcommand("info", "Where it stands and how large it is")->add_flag("-j,--json", a.json, "JSON");
+  oneOf(build->add_option("--progress", a.build.progress, "How to show it: auto, bar, plain, json or none"),
+        "HOW", {"auto", "bar", "plain", "json", "none"});
+  addCommon(build, a);
+  addCommon(dict->add_subcommand("verify", "Walk every row of every index to its entry"), a);
+  addCommon(dict->add_subcommand("info", "Where it stands and how large it is"), a);
 }
 
-// The nearest of the known commands, or nothing.
-std::string didYouMean(const std::string& word) {
-  for (const char* command : {"look", "dict", "paths", "about", "help"}) {
-    const std::string known = command;
-    std::string a = known, b = word;
-    std::sort(a.begin(), a.end());
-    std::sort(b.begin(), b.end());
-    const bool prefix = word.size() >= 2 && (known.starts_with(word) || word.starts_with(known));
-    const bool oneOff = word.size() == known.size() &&
-                        std::inner_product(word.begin(), word.end(), known.begin(), size_t{0}, std::plus<>(),
-                                           [](char x, char y) { return x == y ? size_t{1} : size_t{0}; }) +
-                                1 ==
-                            known.size();
-    if (prefix || oneOff || a == b) return known;
-  }
-  return {};
+// `zavel help`, `zavel help dict build`.
+int runHelp(CLI::App& app, const std::vector<std::string>& words) {
+  const CommandLine line = readCommandLine(app, words);
+  const bool itself = line.commands.empty() && line.unknown == "help";
+  if (!line.unknown.empty() && !itself) return report(unknownCommand(app, line), false);
+  return printHelp(app, line.commands);
 }
 
-int unknownCommand(const std::string& word) {
-  std::fprintf(stderr, "zavel: there is no command \"%s\"\n", word.c_str());
-  const std::string near = didYouMean(word);
-  if (near.empty()) {
-    std::fprintf(stderr, "To look a word up: zavel look %s\n", word.c_str());
-  } else {
-    std::fprintf(stderr, "Did you mean: zavel %s\n", near.c_str());
-  }
-  return kExitUsage;
+// A look-up without words on a terminal would wait silently for words to be typed.
+bool wouldWait(const LookOptions& options) {
+  return options.words.empty() && isTerminal(STDIN_FILENO);
 }
 
-CLI::App* subcommand(CLI::App& app, const std::string& name) {
-  for (CLI::App* known : app.get_subcommands([](CLI::App*) { return true; })) {
-    if (known->get_name() == name) return known;
-  }
-  return nullptr;
-}
-
-int printHelp(CLI::App& app, std::vector<std::string> commands) {
-  CLI::App* shown = &app;
-  std::string first, path;
-  for (const std::string& command : commands) {
-    CLI::App* next = subcommand(*shown, command);
-    if (!next) return unknownCommand(command);
-    if (first.empty()) first = command;
-    path += (path.empty() ? "" : " ") + shown->get_name();
-    shown = next;
-  }
-  if (shown == &app) {
-    std::fputs(kShortHelp, stdout);
-  } else {
-    std::printf("%s%s", examplesOf(first), shown->help(path).c_str());
-  }
-  return kExitFound;
-}
-
-// The subcommands chosen so far, outermost first.
-std::vector<std::string> chosen(const CLI::App& app) {
-  std::vector<std::string> names;
-  for (const CLI::App* at = &app; !at->get_subcommands().empty();) {
-    at = at->get_subcommands().front();
-    names.push_back(at->get_name());
-  }
-  return names;
-}
-
-int dispatch(const std::vector<std::string>& commands, Arguments& a) {
-  const std::string first = commands.empty() ? "" : commands[0];
-  if (first == "look") {
+int dispatch(CLI::App& app, const std::vector<std::string>& commands, Arguments& a) {
+  if (!a.root.empty()) setenv("ZAVEL_ROOT", std::filesystem::absolute(a.root).c_str(), 1);
+  const std::string command = joined(commands);
+  if (command == "look") {
     a.look.mode = kModes.at(a.mode);
     a.look.colour = kColours.at(a.colour);
-    return runLook(a.look);
+    a.look.json = a.json;
+    if (!wouldWait(a.look)) return runLook(a.look);
+    printHelp(app, commands);
+    return kExitUsage;
   }
-  if (first == "dict" && commands[1] == "build") return runDictBuild(a.build);
-  if (first == "dict" && commands[1] == "verify") return runDictVerify(a.json);
-  if (first == "dict" && commands[1] == "info") return runDictInfo(a.json);
-  if (first == "paths") return runPaths(a.json);
-  if (first == "about") return runAbout(a.json);
-  std::fputs(kShortHelp, stdout);
-  return kExitFound;
+  a.build.json = a.json;
+  if (command == "dict build") return runDictBuild(a.build);
+  if (command == "dict verify") return runDictVerify(a.json);
+  if (command == "dict info") return runDictInfo(a.json);
+  if (command == "paths") return runPaths(a.json);
+  return runAbout(a.json);
 }
 
-int parseAndRun(int argc, char** argv) {
+Failure wrongUsage(const std::vector<std::string>& commands, const std::string& message) {
+  const std::string command = commands.empty() ? "zavel" : "zavel " + joined(commands);
+  std::string line = printable(message);
+  std::replace(line.begin(), line.end(), '\n', ' ');
+  return {kExitUsage, "usage", line, "Run: " + command + " --help"};
+}
+
+int run(const std::vector<std::string>& words) {
   CLI::App app{"English and Japanese dictionary", "zavel"};
   Arguments arguments;
   app.set_version_flag("-V,--version", std::string("zavel ") + kVersion);
   addLook(app, arguments);
   addDict(app, arguments);
-  app.add_subcommand("paths", "Print the folders in use")->add_flag("-j,--json", arguments.json, "JSON");
-  app.add_subcommand("about", "Version, sources and licences")->add_flag("-j,--json", arguments.json, "JSON");
-  app.require_subcommand(0, 1);
+  addCommon(app.add_subcommand("paths", "Print the folders in use"), arguments);
+  addCommon(app.add_subcommand("about", "Version, sources and licences"), arguments);
+  app.require_subcommand(0, 1);  // so that a word like "dict" behind `look` is a word
 
-  const std::vector<std::string> words(argv + 1, argv + argc);
-  if (!words.empty() && words[0] == "help") return printHelp(app, {words.begin() + 1, words.end()});
-  if (!words.empty() && !words[0].empty() && words[0][0] != '-' && !subcommand(app, words[0])) {
-    return unknownCommand(words[0]);
-  }
+  if (!words.empty() && words[0] == "help") return runHelp(app, {words.begin() + 1, words.end()});
+  const CommandLine line = readCommandLine(app, words);
+  if (line.help) return printHelp(app, line.commands);
+  if (!line.unknown.empty()) return report(unknownCommand(app, line), line.json);
+  // CLI11 takes the words from last to first.
+  std::vector<std::string> reversed(line.rest.rbegin(), line.rest.rend());
+  reversed.insert(reversed.end(), line.commands.rbegin(), line.commands.rend());
   try {
-    app.parse(argc, argv);
-  } catch (const CLI::CallForHelp&) {
-    return printHelp(app, chosen(app));
+    app.parse(reversed);
+  } catch (const CLI::CallForHelp&) {  // among short options, as in -jh
+    return printHelp(app, line.commands);
   } catch (const CLI::CallForVersion& version) {
     std::printf("%s\n", version.what());
     return kExitFound;
   } catch (const CLI::ParseError& error) {
-    std::fprintf(stderr, "zavel: %s\n", error.what());
-    std::string command = "zavel";
-    for (const std::string& name : chosen(app)) command += " " + name;
-    std::fprintf(stderr, "Run: %s --help\n", command.c_str());
-    return kExitUsage;
+    return report(wrongUsage(line.commands, error.what()), line.json);
   }
-  return dispatch(chosen(app), arguments);
+  if (line.commands.empty() && !line.rest.empty()) {
+    return report(wrongUsage({}, "the command is missing"), line.json);
+  }
+  if (line.commands.empty()) return printHelp(app, {});
+  return dispatch(app, line.commands, arguments);
+}
+
+// A stream that the caller has closed must not be handed to the next file that is opened. Reading or writing
+// it still fails.
+void keepStandardStreams() {
+  for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(fd, F_GETFD) < 0) open("/dev/null", fd == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+  }
+}
+
+// Nobody may take a cut answer for a whole one.
+int checkOutput(int status) {
+  if (std::fflush(stdout) == 0 && !std::ferror(stdout)) return status;
+  return report({kExitEnvironment, "output", "the output can't be written",
+                 "See whether the disk is full, or standard output closed."},
+                false);
 }
 
 }  // namespace
 }  // namespace zavel::host
 
 int main(int argc, char** argv) {
-  return zavel::host::parseAndRun(argc, argv);
+  using namespace zavel::host;
+  keepStandardStreams();
+  return checkOutput(run({argv + 1, argv + argc}));
 }

@@ -1,6 +1,7 @@
-// Tests: tests/zavel/zavel-test.sh
+// Tests: tests/zavel/CommandTest.cpp
 #include "MkdictProgram.h"
 
+#include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -8,11 +9,46 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
+#include <iterator>
 
 extern char** environ;
 
 namespace zavel::host {
 namespace {
+
+constexpr int kNotStarted = 127;  // of a child that could not become the program
+
+volatile sig_atomic_t g_child = 0;   // its number, while it runs
+volatile sig_atomic_t g_signal = 0;  // the last that came
+
+void handOn(int number) {
+  g_signal = number;
+  if (g_child != 0) kill(static_cast<pid_t>(g_child), number);
+}
+
+// While one lives, signals that ask this process to end go on to the child.
+class HandOn {
+ public:
+  HandOn() {
+    struct sigaction action = {};
+    action.sa_handler = handOn;
+    for (size_t i = 0; i < std::size(kSignals); ++i) {
+      // What the caller had ignored (nohup) stays ignored.
+      if (sigaction(kSignals[i], nullptr, &before_[i]) == 0 && before_[i].sa_handler != SIG_IGN) {
+        sigaction(kSignals[i], &action, nullptr);
+      }
+    }
+  }
+  ~HandOn() {
+    for (size_t i = 0; i < std::size(kSignals); ++i) sigaction(kSignals[i], &before_[i], nullptr);
+  }
+  HandOn(const HandOn&) = delete;
+  HandOn& operator=(const HandOn&) = delete;
+
+ private:
+  static constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
+  struct sigaction before_[std::size(kSignals)] = {};
+};
 
 std::string folderOfThisProgram() {
   char path[PATH_MAX];
@@ -35,17 +71,27 @@ std::string findMkdict() {
   return {};
 }
 
-int runMkdict(const std::string& program, const std::vector<std::string>& arguments) {
+MkdictEnd runMkdict(const std::string& program, const std::vector<std::string>& arguments) {
   std::vector<char*> argv{const_cast<char*>(program.c_str())};
   for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
   argv.push_back(nullptr);
+  const HandOn signals;
+  MkdictEnd end;
   pid_t child = 0;
-  if (posix_spawn(&child, program.c_str(), nullptr, nullptr, argv.data(), environ) != 0) return 127;
-  int status = 0;
-  while (waitpid(child, &status, 0) < 0) {
-    if (errno != EINTR) return 127;
+  if (posix_spawn(&child, program.c_str(), nullptr, nullptr, argv.data(), environ) != 0) {
+    end.started = false;
+    return end;
   }
-  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  g_child = child;
+  if (g_signal != 0) kill(child, g_signal);  // it came before there was a child
+  int status = 0;
+  while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+  }
+  g_child = 0;
+  end.started = !WIFEXITED(status) || WEXITSTATUS(status) != kNotStarted;
+  end.status = WIFEXITED(status) ? WEXITSTATUS(status) : 0;
+  end.signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+  return end;
 }
 
 }  // namespace zavel::host

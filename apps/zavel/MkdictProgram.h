@@ -11,9 +11,16 @@ namespace zavel::host {
 // Where mkdict stands: ZAVEL_MKDICT, beside this program, or in the build tree. Empty when nowhere.
 std::string findMkdict();
 
-// Runs it and waits. Its exit status; 128 + signal number when a signal ended it; 127 when it could not be
-// started.
-int runMkdict(const std::string& program, const std::vector<std::string>& arguments);
+// How it ended.
+struct MkdictEnd {
+  bool started = true;
+  int status = 0;  // exit status
+  int signal = 0;  // the signal that ended it; 0 for none
+};
+
+// Runs it and waits. SIGINT, SIGTERM and SIGHUP are handed on to it, so that it can remove what it has begun
+// before this process ends.
+MkdictEnd runMkdict(const std::string& program, const std::vector<std::string>& arguments);
 
 }  // namespace zavel::host
 

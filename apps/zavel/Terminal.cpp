@@ -1,4 +1,4 @@
-// Tests: tests/zavel/zavel-test.sh
+// Tests: tests/zavel/CommandTest.cpp
 #include "Terminal.h"
 
 #include <sys/ioctl.h>
@@ -35,6 +35,11 @@ size_t terminalWidth(int fd) {
   winsize size{};
   if (ioctl(fd, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) return size.ws_col;
   return 80;
+}
+
+size_t terminalRows(int fd) {
+  winsize size{};
+  return ioctl(fd, TIOCGWINSZ, &size) == 0 ? size.ws_row : 0;
 }
 
 }  // namespace zavel::host

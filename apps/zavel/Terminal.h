@@ -18,6 +18,9 @@ bool isTerminal(int fd);
 // Columns of the terminal at `fd`; 0 when it is none, so that nothing is wrapped.
 size_t terminalWidth(int fd);
 
+// Rows of the terminal at `fd`; 0 when it is none, or when it doesn't tell.
+size_t terminalRows(int fd);
+
 }  // namespace zavel::host
 
 #endif

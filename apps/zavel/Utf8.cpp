@@ -99,6 +99,23 @@ std::string repairUtf8(std::string_view text) {
   return out;
 }
 
+std::string printable(std::string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  while (!text.empty()) {
+    char32_t code = 0;
+    const size_t length = decodeUtf8(text, &code);
+    const bool control = code != U'\n' && (code < 0x20 || (code >= 0x7F && code < 0xA0));
+    if (length == 0 || control) {
+      out += "\xEF\xBF\xBD";
+    } else {
+      out.append(text.substr(0, length));
+    }
+    text.remove_prefix(std::max<size_t>(1, length));
+  }
+  return out;
+}
+
 bool isUtf8(std::string_view text) {
   while (!text.empty()) {
     char32_t code = 0;
@@ -111,6 +128,14 @@ bool isUtf8(std::string_view text) {
 
 namespace {
 
+// Whether `text` begins with a mark that must not begin a line.
+bool closes(std::string_view text) {
+  constexpr std::string_view kClosing[] = {",",  ".",  ";",  ":",  ")",  "]",  "、", "。", "，", "．",
+                                           "；", "：", "）", "］", "」", "』", "】", "〉", "》", "ー"};
+  return std::any_of(std::begin(kClosing), std::end(kClosing),
+                     [text](std::string_view mark) { return text.starts_with(mark); });
+}
+
 // The pieces that a line may be broken between: words with the blanks behind them, single wide characters.
 std::vector<ByteRange> piecesOf(std::string_view text) {
   std::vector<ByteRange> pieces;
@@ -119,7 +144,7 @@ std::vector<ByteRange> piecesOf(std::string_view text) {
     char32_t code = 0xFFFD;
     at += std::max<size_t>(1, decodeUtf8(text.substr(at), &code));
     const bool lastBlank = code == U' ' && (at == text.size() || text[at] != ' ');
-    if (!lastBlank && columnsOf(code) != 2) continue;
+    if (!lastBlank && (columnsOf(code) != 2 || closes(text.substr(at)))) continue;
     pieces.push_back({start, at});
     start = at;
   }

@@ -25,6 +25,10 @@ std::string repairUtf8(std::string_view text);
 
 bool isUtf8(std::string_view text);
 
+// Control characters, which would steer a terminal, become U+FFFD; so do bytes that are not UTF-8. Line ends
+// (0x0A) stay.
+std::string printable(std::string_view text);
+
 // Part of a text, in bytes.
 struct ByteRange {
   size_t begin;

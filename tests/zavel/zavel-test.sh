@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # The command line as a user meets it: what it prints where, and its exit statuses.
-# Usage: zavel-test.sh ZAVEL MKDICT MAKE-DICTIONARY
+# Usage: zavel-test.sh ZAVEL MKDICT MAKE-DICTIONARY SOURCE-ROOT
 set -uo pipefail
-zavel=$1 mkdict=$2 make_dictionary=$3
+zavel=$1 mkdict=$2 make_dictionary=$3 source=$4
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 unset NO_COLOR CLICOLOR_FORCE FORCE_COLOR ZAVEL_LOG XDG_DATA_HOME XDG_CONFIG_HOME XDG_STATE_HOME XDG_CACHE_HOME
@@ -44,14 +44,14 @@ expect "--help on top" 0 "zavel - English*" "" "$zavel" --help
 expect "help of a command leads with examples" 0 "Examples:*zavel look goes*--json*" "" "$zavel" look --help
 expect "help COMMAND is the same" 0 "Examples:*zavel look goes*" "" "$zavel" help look
 expect "help of an inner command" 0 "*--if-missing*" "" "$zavel" dict build --help
-expect "a wrong command is not run" 2 "" "*there is no command \"loko\"*zavel look" "$zavel" loko
+expect "a wrong command is not run" 2 "" "*there is no command \"loko\"*Did you mean: zavel look" "$zavel" loko
 expect "an unknown command" 2 "" "*there is no command \"goes\"*zavel look goes" "$zavel" goes
 expect "an unknown flag" 2 "" "*Run: zavel look --help" "$zavel" look --nonsense x
 expect "a mode that is none" 2 "" "*--mode*" "$zavel" look --mode none x
 expect "list and forms exclude each other" 2 "" "*excludes*" "$zavel" look --list --forms x
 expect "dict without a command" 2 "" "*Run: zavel dict --help" "$zavel" dict
 
-expect "no dictionary yet" 3 "" "*there is no dictionary yet*zavel dict build" "$zavel" look goes
+expect "no dictionary yet" 3 "" "*there is no dictionary in */root/dictionaries/basic yet*zavel dict build" "$zavel" look goes
 expect "no dictionary yet, as JSON" 3 '{"schema":1,"status":"error","error":{"code":"no_dictionary",*"hint":"Run: zavel dict build"}}' "*" "$zavel" look --json goes
 [ ! -e "$work/root" ] || { echo "FAILED: a look-up without a dictionary left traces"; failures=$((failures + 1)); }
 expect "no dictionary to verify" 3 "" "*no dictionary*" "$zavel" dict verify
@@ -76,8 +76,9 @@ expect "not found" 1 "" "*no entry for \"curch\"*Near headwords: church*" "$zave
 expect "not found, no suggestions wanted" 1 "" "zavel: no entry for \"curch\"" "$zavel" look --suggest 0 curch
 expect "not found, as JSON" 1 '{"schema":1,"query":"curch","status":"not_found","origin":null,"entries":\[\],"suggestions":\["church"\]}' "" "$zavel" look --json curch
 expect "one of two found" 0 "*church*" "*no entry for \"zzz\"*" "$zavel" look zzz church
-expect "a word that is too long" 4 "" "*too long*" "$zavel" look "$(printf 'a%.0s' {1..256})"
-expect "a word that is no text" 4 "" "*not UTF-8*" "$zavel" look $'\xff'
+expect "the one word is too long" 2 "" "*too long*" "$zavel" look "$(printf 'a%.0s' {1..256})"
+expect "the one word is no text" 2 "" "*not UTF-8*" "$zavel" look $'\xff'
+expect "one of two words is no text" 4 "*church*" "*not UTF-8*" "$zavel" look $'\xff' church
 expect "the limit" 0 "*1 more entry*" "" "$zavel" look --limit 1 go
 
 expect_input "words on standard input, line n for line n" 0 \
@@ -100,7 +101,7 @@ expect "info lists the files" 0 "*ej.dic*ke.idx*together*" "" "$zavel" dict info
 cp -r "$work/root" "$work/whole"
 for file in ej.dic ej.ix3 ej.idx hase.ix3 hase.idx katu.dic katu.ix3 katu.idx je.dic je.ix3 je.idx ke.ix3 ke.idx; do
   rm "$work/root/dictionaries/basic/$file"
-  expect "the missing $file is named" 3 "" "*lacks the file $file*" "$zavel" look church
+  expect "the missing $file is named" 5 "" "*lacks the file $file*" "$zavel" look church
   cp "$work/whole/dictionaries/basic/$file" "$work/root/dictionaries/basic/$file"
 done
 for file in ej.idx hase.idx katu.idx je.idx ke.idx; do
@@ -109,10 +110,10 @@ for file in ej.idx hase.idx katu.idx je.idx ke.idx; do
   cp "$work/whole/dictionaries/basic/$file" "$work/root/dictionaries/basic/$file"
 done
 : >"$work/root/dictionaries/basic/ej.ix3"
-expect "an empty block file finds nothing" 1 "" "*no entry*" "$zavel" look --suggest 0 church
+expect "an empty block file is damage" 5 "" "*is damaged where this word stands*" "$zavel" look --suggest 0 church
 cp "$work/whole/dictionaries/basic/ej.ix3" "$work/root/dictionaries/basic/ej.ix3"
 printf 'not a list' >"$work/root/Library/Application Support/Tarnwick/ZavelLex/ZavelPath.plist"
-expect "a damaged path table" 3 "" "*path table*Remove it*" "$zavel" look church
+expect "a damaged path table" 5 "" "*path table*Remove it*" "$zavel" look church
 rm "$work/root/Library/Application Support/Tarnwick/ZavelLex/ZavelPath.plist"
 expect "a removed path table is written again" 0 "church*" "" "$zavel" look church
 expect "neither root nor home" 3 "" "*neither ZAVEL_ROOT nor HOME*" env -u ZAVEL_ROOT -u HOME "$zavel" look church
@@ -124,6 +125,66 @@ if [ -e /dev/full ]; then
 fi
 expect "no compiler" 3 "" "*mkdict*" env ZAVEL_MKDICT=/nowhere/mkdict "$zavel" dict build
 expect "build --if-missing does nothing when there is one" 0 "" "" "$zavel" dict build --if-missing
+
+# Every option that a command's help names stands in its manual page and in all completions, and the pages and
+# completions name no others.
+fail() { echo "FAILED: $*"; failures=$((failures + 1)); }
+long_options() { grep -oE -- '--[a-z][a-z-]*' | sort -u; }
+page_of() { case "$1" in dict*) echo zavel-dict ;; *) echo "zavel-$1" ;; esac; }
+for command in look "dict build" "dict verify" "dict info" paths about; do
+  "$zavel" help $command | sed -n '/^Options:/,$p' | sed 's/Excludes: [-a-z]*//' | long_options >"$work/options"
+  page=$source/docs/man/$(page_of "$command").1.scd
+  for option in $(cat "$work/options"); do
+    checks=$((checks + 1))
+    grep -qF -- "*$option*" "$page" || fail "$page lacks $option of \"$command\""
+    grep -qF -- "$option" "$source/data/completions/zavel.bash" || fail "zavel.bash lacks $option"
+    grep -qF -- "$option" "$source/data/completions/_zavel" || fail "_zavel lacks $option"
+    grep -qF -- "-l ${option#--}" "$source/data/completions/zavel.fish" || fail "zavel.fish lacks $option"
+  done
+  cat "$work/options" >>"$work/all-options"
+done
+known=" $(sort -u "$work/all-options" | tr '\n' ' ') --version "
+for file in "$source"/docs/man/zavel{,-look,-dict,-paths,-about}.1.scd "$source"/data/completions/{zavel.bash,_zavel}; do
+  for option in $(grep -v 'sed -E\|cut -f' "$file" | long_options); do
+    checks=$((checks + 1))
+    [[ "$known" == *" $option "* ]] || fail "$file names $option, which no command has"
+  done
+done
+for page in zavel zavel-look zavel-dict zavel-paths zavel-about mkdict; do
+  for section in NAME SYNOPSIS DESCRIPTION OPTIONS "EXIT STATUS" EXAMPLES "SEE ALSO"; do
+    checks=$((checks + 1))
+    grep -qx "# $section" "$source/docs/man/$page.1.scd" || fail "$page.1 has no section $section"
+  done
+done
+
+# The examples of README and manual pages are commands that the program takes.
+while read -r line; do
+  checks=$((checks + 1))
+  (cd "$work" && printf 'church\n' >words.txt && PATH=$(dirname "$zavel"):$PATH bash -c "$line" >/dev/null 2>"$work/err" </dev/null)
+  status=$?
+  [ "$status" -le 1 ] || fail "the example \"$line\" ends in $status: $(cat "$work/err")"
+done < <({ sed -n '/^```sh/,/^```/p' "$source/README.md"; sed -n '/^# EXAMPLES/,/^# SEE/p' "$source"/docs/man/zavel*.1.scd; } |
+  sed -E 's/^[[:space:]]+//; s/\\\\/\\/g; s/ +# .*//' | grep -E '^(zavel|printf|xargs)' | grep -vE 'dict build|\| (verify|info)' | sort -u)
+
+# bash: completion of commands, options, values and headwords.
+complete_bash() {
+  (PATH=$(dirname "$zavel"):$PATH; source "$source/data/completions/zavel.bash"
+   COMP_WORDS=("$@") COMP_CWORD=$(($# - 1)) COMPREPLY=(); _zavel; printf '%s\n' "${COMPREPLY[@]}")
+}
+completes() {
+  local expected=$1
+  shift
+  checks=$((checks + 1))
+  [ "$(complete_bash "$@" | tr '\n' ' ')" = "$expected " ] || fail "bash completes \"$*\" to: $(complete_bash "$@" | tr '\n' ' ')"
+}
+completes "look" zavel lo
+completes "--mode" zavel look --mo
+completes "phrase" zavel look --mode ph
+completes "church" zavel look chu
+completes 'Cape\ Town' zavel look Cape
+completes "build" zavel dict b
+completes "--if-missing" zavel dict build --if
+completes "verify" zavel help dict v
 
 echo "$checks checks, $failures failed"
 [ "$failures" -eq 0 ]

@@ -1,0 +1,172 @@
+// Tests: tests/zavel/CommandTest.cpp, zavel-test.sh
+#include "Answerer.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+
+#include "JsonView.h"
+#include "Pager.h"
+#include "PlainView.h"
+#include "Terminal.h"
+#include "Utf8.h"
+
+namespace zavel::host {
+namespace {
+
+constexpr size_t kDefaultSuggestions = 5;
+constexpr size_t kLongestEcho = 60;  // bytes of a query in a message
+
+std::string_view trimmed(std::string_view text) {
+  const auto ink = [](char c) { return static_cast<unsigned char>(c) > 0x20; };
+  while (!text.empty() && !ink(text.front())) text.remove_prefix(1);
+  while (!text.empty() && !ink(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+// A query as a message shows it, on one line.
+std::string echo(std::string_view query) {
+  std::string start(query.substr(0, kLongestEcho));
+  std::replace(start.begin(), start.end(), '\n', ' ');
+  if (query.size() <= kLongestEcho) return printable(start);
+  // Not half a character at the end.
+  while (!start.empty() && (start.back() & 0xC0) == 0x80) start.pop_back();
+  if (!start.empty() && (start.back() & 0x80) != 0) start.pop_back();
+  return printable(start) + "...";
+}
+
+}  // namespace
+
+Answerer::Answerer(const LookOptions& options, MirellDictionaryManager& manager, bool batch)
+    : options_(options), look_(manager), batch_(batch) {
+  text_.colour = useColor(STDOUT_FILENO, options.colour);
+  text_.width = terminalWidth(STDOUT_FILENO);
+  text_.limit = static_cast<size_t>(options.limit);
+  const bool forReading = !batch && !options.json && !options.plain && !options.noPager;
+  if (forReading && text_.width > 0) rows_ = terminalRows(STDOUT_FILENO);
+}
+
+void Answerer::answer(std::string_view query, bool tooLong) {
+  const std::string_view word = trimmed(query);
+  LookResult result;
+  Failure failure;
+  if (tooLong) {
+    failure = wordTooLong();
+  } else if (!isUtf8(word)) {
+    failure = {kExitUsage, "not_text", "the word is not UTF-8 text", "Give it in UTF-8."};
+  } else {
+    look_.run(request(word), &result, &failure);
+  }
+  if (failure) {
+    refuse(word, failure);
+  } else {
+    show(result);
+  }
+  ++answered_;
+}
+
+void Answerer::finish() {
+  if (held_.empty()) return;
+  if (needsPager(held_, rows_)) {
+    showPaged(held_);
+  } else {
+    std::fwrite(held_.data(), 1, held_.size(), stdout);
+  }
+  held_.clear();
+}
+
+int Answerer::status() const {
+  if (failed_ > 0) return answered_ == 1 ? lastFailure_ : kExitPartly;
+  return found_ > 0 ? kExitFound : kExitNothing;
+}
+
+LookRequest Answerer::request(std::string_view word) const {
+  LookRequest request;
+  request.word = word;
+  request.mode = options_.mode;
+  request.wantForms = options_.forms;
+  request.wantEntries = !options_.list && !options_.forms;
+  request.wantHeadwords =
+      options_.list || (request.wantEntries && !batch_ && !options_.json && !options_.plain);
+  const long standard = batch_ ? 0 : static_cast<long>(kDefaultSuggestions);
+  request.suggestions = static_cast<size_t>(options_.suggest >= 0 ? options_.suggest : standard);
+  return request;
+}
+
+void Answerer::refuse(std::string_view word, const Failure& failure) {
+  ++failed_;
+  lastFailure_ = failure.status;
+  if (options_.json) return write(failureJson(failure) + "\n");
+  std::fflush(stdout);
+  std::fprintf(stderr, "zavel: \"%s\": %s\n%s\n", echo(word).c_str(), failure.message.c_str(),
+               failure.hint.c_str());
+}
+
+void Answerer::show(const LookResult& result) {
+  const bool found = options_.list    ? !result.headwords.empty()
+                     : options_.forms ? !result.forms.empty()
+                                      : result.found();
+  if (found) ++found_;
+  if (options_.json) {
+    write(json(result) + "\n");
+  } else if (found) {
+    if (answered_ > 0 && !options_.plain) write("\n");
+    write(text(result));
+  } else if (!result.query.empty()) {
+    tellNotFound(result);
+  } else if (batch_) {
+    write("\n");
+  } else {
+    tellNotFound(result);
+  }
+}
+
+std::string Answerer::json(const LookResult& result) const {
+  JsonParts parts;
+  parts.entries = !options_.list && !options_.forms;
+  parts.headwords = options_.list;
+  parts.forms = options_.forms;
+  parts.limit = static_cast<size_t>(options_.limit);
+  return resultJson(result, parts);
+}
+
+std::string Answerer::text(const LookResult& result) const {
+  if (options_.list) {
+    return options_.plain ? plainHeadwords(result, text_.limit) : headwordText(result, text_);
+  }
+  if (options_.forms) return options_.plain ? plainForms(result) : formsText(result, text_);
+  return options_.plain ? plainEntries(result, text_.limit) : answerText(result, text_);
+}
+
+const char* Answerer::whatIsMissing(const LookResult& result) const {
+  if (options_.forms) return "no inflection table for";
+  if (options_.list) return "no headword begins with";
+  if (!result.lacksPart) return "no entry for";
+  return options_.mode == Mode::kPhrase    ? "no phrases in the entries for"
+         : options_.mode == Mode::kExample ? "no examples in the entries for"
+                                           : "no translations in the entries for";
+}
+
+void Answerer::tellNotFound(const LookResult& result) {
+  std::fflush(stdout);
+  std::fprintf(stderr, "zavel: %s \"%s\"\n", whatIsMissing(result), echo(result.query).c_str());
+  const size_t count = options_.limit > 0
+                           ? std::min(result.suggestions.size(), static_cast<size_t>(options_.limit))
+                           : result.suggestions.size();
+  std::string near;
+  for (size_t i = 0; i < count; ++i) near += (near.empty() ? "" : ", ") + result.suggestions[i];
+  if (!near.empty()) std::fprintf(stderr, "Near headwords: %s\n", near.c_str());
+}
+
+void Answerer::write(const std::string& text) {
+  if (rows_ > 0) {
+    held_ += text;
+    return;
+  }
+  std::fwrite(text.data(), 1, text.size(), stdout);
+  // A program that waits for each answer must get it; one that sends all its words first needn't pay.
+  if (batch_ && (options_.json || options_.plain)) std::fflush(stdout);
+}
+
+}  // namespace zavel::host

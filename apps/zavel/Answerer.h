@@ -1,0 +1,53 @@
+// Answers queries one after the other, in the form that was asked for, and counts how they went.
+#ifndef ZAVEL_ANSWERER_H
+#define ZAVEL_ANSWERER_H
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "Failure.h"
+#include "Look.h"
+#include "LookCommand.h"
+#include "TextView.h"
+
+namespace zavel::host {
+
+class Answerer {
+ public:
+  // `batch`: the queries come from standard input. Both are borrowed.
+  Answerer(const LookOptions& options, MirellDictionaryManager& manager, bool batch);
+
+  // Writes the answer to standard output, or says on standard error why there is none. `tooLong`: `query` is
+  // only the start of what was asked.
+  void answer(std::string_view query, bool tooLong);
+
+  // Shows what was held back for the pager. To be called once, behind the last answer.
+  void finish();
+
+  // The exit status of what was answered so far.
+  int status() const;
+
+ private:
+  LookRequest request(std::string_view word) const;
+  void refuse(std::string_view word, const Failure& failure);
+  void show(const LookResult& result);
+  std::string text(const LookResult& result) const;
+  std::string json(const LookResult& result) const;
+  const char* whatIsMissing(const LookResult& result) const;
+  void tellNotFound(const LookResult& result);
+  void write(const std::string& text);
+
+  const LookOptions& options_;
+  Look look_;
+  TextLook text_;
+  bool batch_;
+  size_t rows_ = 0;   // of the screen, where a pager may be used; else 0
+  std::string held_;  // for the pager
+  size_t answered_ = 0, found_ = 0, failed_ = 0;
+  ExitStatus lastFailure_ = kExitFound;
+};
+
+}  // namespace zavel::host
+
+#endif

@@ -1,0 +1,35 @@
+// The words of the command line ahead of their parsing: which command they name, what belongs to it.
+#ifndef ZAVEL_COMMANDLINE_H
+#define ZAVEL_COMMANDLINE_H
+
+#include <CLI/CLI.hpp>
+#include <string>
+#include <vector>
+
+#include "Failure.h"
+
+namespace zavel::host {
+
+// The command line taken apart ahead of its parsing: options may stand on either side of the command.
+struct CommandLine {
+  std::vector<std::string> commands;  // "dict", "build"
+  std::vector<std::string> rest;      // options from ahead of the last command, then what stands behind it
+  std::string unknown;                // a word in the place of a command that is none
+  bool help = false;
+  bool json = false;
+};
+
+CommandLine readCommandLine(CLI::App& app, const std::vector<std::string>& words);
+
+// The command of this name right below `app`; null when there is none.
+CLI::App* subcommand(CLI::App& app, const std::string& name);
+
+// "dict build".
+std::string joined(const std::vector<std::string>& words);
+
+// The failure of a line with an unknown command, which is never run, however near a known one is.
+Failure unknownCommand(CLI::App& app, const CommandLine& line);
+
+}  // namespace zavel::host
+
+#endif

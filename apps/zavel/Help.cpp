@@ -1,0 +1,62 @@
+// Tests: tests/zavel/CommandTest.cpp, zavel-test.sh
+#include "Help.h"
+
+#include <cstdio>
+#include <map>
+
+#include "CommandLine.h"
+#include "ExitStatus.h"
+
+namespace zavel::host {
+namespace {
+
+// Ten lines, for who types the name alone.
+constexpr const char* kShortHelp =
+    "zavel - English and Japanese dictionary\n"
+    "\n"
+    "  zavel look goes            look a word up (English, kana or kanji)\n"
+    "  zavel look --list inter    headwords that begin so\n"
+    "  zavel look --forms stop    inflection table\n"
+    "  zavel look --json 行く     for programs; words may come on standard input\n"
+    "  zavel dict build           make the dictionary from open data; also: verify, info\n"
+    "  zavel paths | about        folders in use; version, sources and licences\n"
+    "\n"
+    "`zavel help COMMAND` and `man zavel` tell more.\n";
+
+// What each help begins with.
+const std::map<std::string, const char*> kExamples = {
+    {"look",
+     "  zavel look goes\n"
+     "  zavel look 行く いく イク\n"
+     "  zavel look --forms stop\n"
+     "  zavel look --list inter\n"
+     "  zavel look --json --mode pos better\n"
+     "  zavel look --json < words.txt > entries.ndjson\n"},
+    {"dict", "  zavel dict build\n  zavel dict verify\n  zavel dict info --json\n"},
+    {"dict build", "  zavel dict build\n  zavel dict build --if-missing --quiet\n"},
+    {"dict verify", "  zavel dict verify\n"},
+    {"dict info", "  zavel dict info\n  zavel dict info --json\n"},
+    {"paths", "  zavel paths\n  zavel --root /tmp/try paths --json\n"},
+    {"about", "  zavel about\n  zavel about --json\n"},
+};
+
+}  // namespace
+
+int printHelp(CLI::App& app, const std::vector<std::string>& commands) {
+  if (commands.empty()) {
+    std::fputs(kShortHelp, stdout);
+    return kExitFound;
+  }
+  CLI::App* shown = &app;
+  std::string parent;
+  for (const std::string& command : commands) {
+    parent += (parent.empty() ? "" : " ") + shown->get_name();
+    shown = subcommand(*shown, command);
+  }
+  const auto examples = kExamples.find(joined(commands));
+  if (examples != kExamples.end()) std::printf("Examples:\n%s\n", examples->second);
+  std::fputs(shown->help(parent).c_str(), stdout);
+  return kExitFound;
+}
+
+}  // namespace zavel::host

@@ -1,0 +1,69 @@
+// Tests: tests/zavel/PlainViewTest.cpp
+#include "PlainView.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <string_view>
+#include <vector>
+
+namespace zavel::host {
+namespace {
+
+std::string joined(const std::vector<std::string>& words, const char* between) {
+  std::string out;
+  for (const std::string& word : words) out += (out.empty() ? "" : between) + word;
+  return out;
+}
+
+std::string record(std::initializer_list<std::string_view> fields) {
+  std::string out;
+  bool first = true;
+  for (const std::string_view field : fields) {
+    if (!first) out += '\t';
+    first = false;
+    for (const char c : field) out += c == '\t' || c == '\n' ? ' ' : c;
+  }
+  return out + '\n';
+}
+
+size_t shown(size_t count, size_t limit) {
+  return limit > 0 ? std::min(count, limit) : count;
+}
+
+}  // namespace
+
+std::string plainEntries(const LookResult& result, size_t limit) {
+  std::string out;
+  const size_t count = shown(result.entries.size(), limit);
+  for (size_t i = 0; i < count; ++i) {
+    const Entry& entry = result.entries[i];
+    for (const Sense& sense : entry.senses) {
+      if (!sense.glosses.empty() || !sense.note.empty()) {
+        out += record({result.query, entry.headword, entry.reading, joined(sense.pos, ","),
+                       joined(sense.glosses, "; "), sense.note});
+      }
+      for (const Example& example : sense.examples) {
+        out +=
+            record({result.query, entry.headword, entry.reading, "example", example.source, example.target});
+      }
+    }
+  }
+  return out;
+}
+
+std::string plainHeadwords(const LookResult& result, size_t limit) {
+  std::string out;
+  const size_t count = shown(result.headwords.size(), limit);
+  for (size_t i = 0; i < count; ++i) {
+    out += record({result.headwords[i].keyword, result.headwords[i].line});
+  }
+  return out;
+}
+
+std::string plainForms(const LookResult& result) {
+  std::string out;
+  for (const Form& form : result.forms) out += record({form.form, formName(form.code), form.label});
+  return out;
+}
+
+}  // namespace zavel::host
