@@ -13,6 +13,7 @@ namespace {
 
 constexpr size_t kFirstLook = 1024;
 constexpr size_t kLookGrowth = 4;
+constexpr size_t kMaxShared = 32768;  // farther apart, entries are read as they come
 
 // A headword ends at this many bytes; the longer cap is that of a user Japanese entry.
 constexpr size_t kHeadwordCap = 65533;
@@ -32,6 +33,26 @@ Status LookAt(FsObj* stream, uint32_t offset, size_t limit, Settle settle) {
     const bool whole = bytes.size() < wanted || wanted == limit;
     if (settle(bytes.substr(0, limit), whole) || whole) return kOk;
   }
+}
+
+// Brings entries that lie close together into the stream's window. False: they can't be read.
+bool ReadAhead(FsObj* stream, const std::vector<uint32_t>& offsets) {
+  const auto [first, last] = std::minmax_element(offsets.begin(), offsets.end());
+  const size_t span = size_t{*last} - *first + kFirstLook;
+  std::string_view window;
+  return span > kMaxShared || stream->ReadWindow(*first, span, &window);
+}
+
+Status LineAt(FsObj* stream, uint16_t type, uint32_t offset, uint16_t set, std::string* line,
+              bool* readable) {
+  const size_t cap = type != kTypeE && set == kSetUser ? kHeadwordCapUserJ : kHeadwordCap;
+  const Status status = LookAt(stream, offset, cap + kReadBeyondCap, [&](std::string_view bytes, bool whole) {
+    const LineResult result = BuildIndexLine(bytes, whole, type, cap, line);
+    *readable = result == LineResult::kLine;
+    return result != LineResult::kNeedsMore;
+  });
+  if (line->size() > kMaxLine) line->resize(kMaxLine);
+  return status;
 }
 
 void BlankNuls(size_t from, std::string* text) {
@@ -80,15 +101,24 @@ Status GetDicData(const char* midasi, uint16_t type, uint16_t set, uint32_t offs
 Status GetIndexWord(uint16_t type, uint32_t offset, uint16_t set, std::string* line, bool* readable) {
   *readable = false;
   FsObj* stream = DicStream(type, set);
+  return stream == nullptr ? NoStreamStatus(type, set) : LineAt(stream, type, offset, set, line, readable);
+}
+
+Status GetIndexWords(uint16_t type, const std::vector<uint32_t>& offsets, uint16_t set, LineStore* store,
+                     std::vector<std::string_view>* lines) {
+  if (offsets.empty()) return kOk;
+  FsObj* stream = DicStream(type, set);
   if (stream == nullptr) return NoStreamStatus(type, set);
-  const size_t cap = type != kTypeE && set == kSetUser ? kHeadwordCapUserJ : kHeadwordCap;
-  const Status status = LookAt(stream, offset, cap + kReadBeyondCap, [&](std::string_view bytes, bool whole) {
-    const LineResult result = BuildIndexLine(bytes, whole, type, cap, line);
-    *readable = result == LineResult::kLine;
-    return result != LineResult::kNeedsMore;
-  });
-  if (line->size() > kMaxLine) line->resize(kMaxLine);
-  return status;
+  if (!ReadAhead(stream, offsets)) return kFileError;
+  lines->reserve(lines->size() + offsets.size());
+  std::string line;  // grows once for all
+  for (const uint32_t offset : offsets) {
+    bool readable = false;
+    const Status status = LineAt(stream, type, offset, set, &line, &readable);
+    if (status != kOk) return status;
+    if (readable) lines->push_back(store->keep(line));
+  }
+  return kOk;
 }
 
 }  // namespace zavel::engine

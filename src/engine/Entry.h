@@ -6,9 +6,11 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "engine/EngineStatus.h"
 #include "engine/IndexLine.h"
+#include "engine/LineStore.h"
 
 namespace zavel::engine {
 
@@ -26,6 +28,12 @@ Status GetDicData(const char* midasi, uint16_t type, uint16_t set, uint32_t offs
 // English "headword [gloss]", Japanese after InformMidasiJ. *readable false: no entry can be read there,
 // the row is to be skipped.
 Status GetIndexWord(uint16_t type, uint32_t offset, uint16_t set, std::string* line, bool* readable);
+
+// Adds the lines of the entries at `offsets` to *lines, in that order, without those that can't be read;
+// their bytes stand in *store. Entries that lie close together share one read. With another status than kOk
+// *lines holds the lines up to the failure.
+Status GetIndexWords(uint16_t type, const std::vector<uint32_t>& offsets, uint16_t set, LineStore* store,
+                     std::vector<std::string_view>* lines);
 
 // Bytes of the entry that `text` begins with: up to its second entry tag; npos when there is none.
 size_t EntryLength(std::string_view text);

@@ -50,18 +50,6 @@ bool FsObj::ReadExact(uint64_t offset, void* out, size_t length) {
   return file_->readAt(offset, out, length) == static_cast<int64_t>(length);
 }
 
-bool FsObj::InWindow(uint64_t offset, size_t atLeast) const {
-  if (offset < windowOffset_ || offset - windowOffset_ > windowSize_) return false;
-  return windowAtEnd_ || windowSize_ - (offset - windowOffset_) >= atLeast;
-}
-
-bool FsObj::ReadWindow(uint64_t offset, size_t atLeast, std::string_view* view) {
-  if (!file_) return false;
-  if (!InWindow(offset, atLeast) && !FillWindow(offset, atLeast)) return false;
-  *view = std::string_view(window_.data(), windowSize_).substr(offset - windowOffset_);
-  return true;
-}
-
 bool FsObj::FillWindow(uint64_t offset, size_t atLeast) {
   const bool forward =
       windowSize_ > 0 && offset >= windowOffset_ && offset - windowOffset_ <= windowSize_ + nextWindow_;

@@ -37,7 +37,11 @@ class FsObj {
   // hand. The view is borrowed and lasts until the next read or Close. Reading rows that lie one after the
   // other shares the reads: the window grows while reads go forward. False on an error or a closed stream;
   // an offset at or past the end gives an empty view and true.
-  bool ReadWindow(uint64_t offset, size_t atLeast, std::string_view* view);
+  bool ReadWindow(uint64_t offset, size_t atLeast, std::string_view* view) {
+    if (!file_ || (!InWindow(offset, atLeast) && !FillWindow(offset, atLeast))) return false;
+    *view = std::string_view(window_.data(), windowSize_).substr(offset - windowOffset_);
+    return true;
+  }
 
   // Appends at the end and reports where the bytes went. False also when the file would pass what a
   // 32-bit offset reaches.
@@ -49,7 +53,10 @@ class FsObj {
  private:
   // Drops what was read ahead.
   void Forget();
-  bool InWindow(uint64_t offset, size_t atLeast) const;
+  bool InWindow(uint64_t offset, size_t atLeast) const {
+    if (offset < windowOffset_ || offset - windowOffset_ > windowSize_) return false;
+    return windowAtEnd_ || windowSize_ - (offset - windowOffset_) >= atLeast;
+  }
   bool FillWindow(uint64_t offset, size_t atLeast);
 
   std::unique_ptr<StorageFile> file_;

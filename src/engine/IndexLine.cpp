@@ -5,24 +5,19 @@
 #include "engine/IndexLine.h"
 
 #include <algorithm>
-#include <array>
 
 #include "engine/DicFormat.h"
+#include "engine/EntryCursor.h"
+#include "engine/LineBuffer.h"
 #include "engine/Shim.h"
+#include "engine/UsualLine.h"
 
 namespace zavel::engine {
 namespace {
 
-constexpr uint16_t kSpanOpen = 0x8185;    // "≦"
-constexpr uint16_t kSpanClose = 0x8186;   // "≧"
 constexpr uint16_t kAngleOpen = 0x8171;   // "〈"
 constexpr uint16_t kAngleClose = 0x8172;  // "〉"
 constexpr uint16_t kLongMark = 0x815B;    // "ー", what the byte 0xB0 is shown as
-
-constexpr uint8_t kFirstLead = 0x81;
-constexpr uint8_t kLeadBehindSigns = 0x82;  // 0x81 leads all signs
-
-constexpr size_t kLabelRun = 5;  // tag, letter or digit, tag
 
 // Bracket pairs whose text a gloss drops. A code below 0x100 is one byte.
 struct BracketPair {
@@ -31,77 +26,13 @@ struct BracketPair {
 };
 constexpr BracketPair Musi[] = {{'[', ']'}, {0x8173, 0x8174}, {'(', ')'}, {kSpanOpen, kSpanClose}};
 
-// Single bytes that a scan takes without a second look. A list of fifty lines is built while the user
-// types, and most of an entry is such bytes.
-enum ByteClass : uint8_t {
-  kPlainHeadword = 1,  // collected as it is in a headword
-  kPlainGloss = 2,     // collected as it is in a gloss
-  kPlainSkipped = 4,   // passed over where nothing is collected
-};
-
-constexpr std::array<uint8_t, 256> MakeByteClasses() {
-  std::array<uint8_t, 256> classes{};
-  for (unsigned byte = 0; byte < 0x80; ++byte) {
-    if (byte == '\n') continue;
-    classes[byte] = kPlainSkipped;
-    if (byte == 0 || byte == kKanjiSeparator) continue;
-    classes[byte] |= kPlainHeadword;
-    const bool mark = std::string_view(" ,.:;[(").find(static_cast<char>(byte)) != std::string_view::npos;
-    if (!mark) classes[byte] |= kPlainGloss;
-  }
-  return classes;
-}
-constexpr std::array<uint8_t, 256> kByteClasses = MakeByteClasses();
-
-// A position in the bytes of an entry.
-struct Cursor {
-  std::string_view text;
-  size_t at = 0;
-
-  bool done() const { return at >= text.size(); }
-  uint8_t byte(size_t ahead = 0) const { return static_cast<uint8_t>(text[at + ahead]); }
-  bool has(size_t bytes) const { return bytes <= text.size() - at; }
-  // The two bytes here, high first; 0 when only one is left.
-  uint16_t pair() const { return has(2) ? static_cast<uint16_t>(byte() << 8 | byte(1)) : 0; }
-  // _ismbclegal of the pair here, written out: it is asked for every character.
-  bool legalPair() const {
-    if (!_ismbblead(byte()) || !has(2)) return false;
-    const uint8_t trail = byte(1);
-    return trail >= 0x40 && trail <= 0xFC && trail != 0x7F;
-  }
-  // Bytes of the character here.
-  size_t step() const { return legalPair() ? 2 : 1; }
-  // Bytes from here on that all are single ones of `kind`.
-  size_t run(ByteClass kind) const {
-    size_t end = at;
-    while (end < text.size() && (kByteClasses[static_cast<uint8_t>(text[end])] & kind) != 0) ++end;
-    return end - at;
-  }
-  // The same with double-byte characters among them, from lead byte `lead` on: tags begin at 0xF4.
-  size_t runOfCharacters(ByteClass kind, uint8_t lead) const {
-    Cursor ahead = *this;
-    while (!ahead.done()) {
-      const uint8_t byteHere = ahead.byte();
-      if ((kByteClasses[byteHere] & kind) != 0) {
-        ++ahead.at;
-      } else if (byteHere >= lead && byteHere < 0xF0 && ahead.legalPair()) {
-        ahead.at += 2;
-      } else {
-        break;
-      }
-    }
-    return ahead.at - at;
-  }
-  bool isDigit(size_t ahead) const { return has(ahead + 1) && byte(ahead) >= '0' && byte(ahead) <= '9'; }
-};
-
-void AppendPair(uint16_t pair, std::string* out) {
+void AppendPair(uint16_t pair, LineBuffer* out) {
   out->push_back(static_cast<char>(HIBYTE(pair)));
   out->push_back(static_cast<char>(LOBYTE(pair)));
 }
 
 // Appends the character at the cursor as a line shows it and moves past it.
-void CollectCharacter(Cursor* cursor, bool keepPairs, std::string* out) {
+void CollectCharacter(Cursor* cursor, bool keepPairs, LineBuffer* out) {
   const uint8_t byte = cursor->byte();
   const size_t step = cursor->step();
   if (step == 2) {
@@ -124,45 +55,68 @@ size_t HomographMarker(const Cursor& cursor) {
 
 enum class HeadwordEnd { kLineEnd, kNextEntry, kCap, kNoEntry, kTextEnd };
 
+// Moves behind the entry tag. False when the line or the text ends first.
+bool MoveToHeadword(Cursor* cursor) {
+  for (; !cursor->done(); ++cursor->at) {
+    if (cursor->pair() == kTagEntry) {
+      cursor->at += 2;
+      return true;
+    }
+    if (cursor->byte() == '\n') {
+      ++cursor->at;
+      return false;
+    }
+  }
+  return false;
+}
+
+// Moves behind the "≧" that closes the "≦" here, or to the line end or entry that cuts the span short.
+void SkipSpan(Cursor* cursor) {
+  size_t depth = 0;
+  while (!cursor->done()) {
+    const uint16_t pair = cursor->pair();
+    if (pair == kTagEntry || cursor->byte() == '\n') return;
+    if (pair == kSpanOpen) ++depth;
+    if (pair == kSpanClose) --depth;
+    cursor->at += cursor->step();
+    if (depth == 0) return;
+    cursor->at += cursor->run(kPlainSpan, kLead);
+  }
+}
+
 // Collects the headword line up to its 0x0A and leaves the cursor behind that.
 // kept: an English headword loses its double-byte characters, tags among them; a Japanese one keeps them,
 // tags among them (docs/quirks.md)
-HeadwordEnd ScanHeadword(Cursor* cursor, bool keepPairs, size_t cap, std::string* line) {
-  bool collecting = false;
-  size_t depth = 0;  // of "≦"
+HeadwordEnd ScanHeadword(Cursor* cursor, bool keepPairs, size_t cap, LineBuffer* line) {
+  if (!MoveToHeadword(cursor)) return HeadwordEnd::kNoEntry;
   while (!cursor->done()) {
-    if (collecting && depth == 0) {
-      const size_t run = std::min(cursor->run(kPlainHeadword), cap - line->size());
+    const size_t run = std::min(cursor->run(kPlainHeadword, keepPairs ? kLead : 0), cap - line->size());
+    if (run > 0) {
       line->append(cursor->text, cursor->at, run);
       cursor->at += run;
       if (line->size() == cap) return HeadwordEnd::kCap;
       if (cursor->done()) break;
     }
+    if (cursor->byte() == '\n') {
+      ++cursor->at;
+      return HeadwordEnd::kLineEnd;
+    }
     const uint16_t pair = cursor->pair();
-    if (pair == kTagEntry) {
-      if (collecting) return HeadwordEnd::kNextEntry;
-      collecting = true;
-      cursor->at += 2;
-    } else if (cursor->byte() == '\n') {
-      ++cursor->at;
-      return collecting ? HeadwordEnd::kLineEnd : HeadwordEnd::kNoEntry;
-    } else if (!collecting) {
-      ++cursor->at;
-    } else if (pair == kSpanOpen || depth > 0) {
-      if (pair == kSpanOpen) ++depth;
-      if (pair == kSpanClose) --depth;
-      cursor->at += cursor->step();
-      if (depth > 0) cursor->at += cursor->runOfCharacters(kPlainSkipped, kLeadBehindSigns);
+    if (pair == kTagEntry) return HeadwordEnd::kNextEntry;
+    if (pair == kSpanOpen) {
+      SkipSpan(cursor);
     } else if (const size_t marker = HomographMarker(*cursor); marker > 0) {
       cursor->at += marker;
+    } else if (!keepPairs && cursor->legalPair()) {
+      cursor->at += 2;
     } else {
       CollectCharacter(cursor, keepPairs, line);
       if (line->size() < cap) continue;
-      line->resize(cap);
+      line->truncate(cap);
       return HeadwordEnd::kCap;
     }
   }
-  return collecting ? HeadwordEnd::kTextEnd : HeadwordEnd::kNoEntry;
+  return HeadwordEnd::kTextEnd;
 }
 
 // A sense label (bold letter) or a sense number (gothic digit), tags included.
@@ -210,20 +164,21 @@ bool IsSeparator(uint8_t byte) {
 
 // What a meaning line leaves of its text.
 struct Gloss {
-  std::string* line;   // borrowed: the text goes to its end
+  LineBuffer* line;    // borrowed: the text goes to its end
   size_t start;        // of the text in the line
   bool ended = false;  // a separator was met behind some text
 
   bool empty() const { return line->size() == start; }
-  void drop() { line->resize(start); }
+  void drop() { line->truncate(start); }
 
   // Takes the characters at the cursor that are neither separators nor signs, among which the brackets
   // stand, if there are any.
   bool takeRun(Cursor* cursor) {
-    const size_t begin = cursor->at;
-    cursor->at += cursor->runOfCharacters(kPlainGloss, kLeadBehindSigns);
-    if (!ended) line->append(cursor->text, begin, cursor->at - begin);
-    return cursor->at > begin;
+    const size_t run = cursor->run(kPlainGloss, kLead);
+    if (run == 0) return false;
+    if (!ended) line->append(cursor->text, cursor->at, run);
+    cursor->at += run;
+    return true;
   }
 
   // Takes the character at the cursor.
@@ -239,20 +194,28 @@ struct Gloss {
   }
 };
 
-// Moves past a tag or a label that gives no text of its own. False when none stands here.
-bool SkipGlossTag(Cursor* cursor, bool collecting) {
+// Moves past a tag that gives no text of its own. False when none stands here.
+bool SkipTag(Cursor* cursor) {
   uint16_t tag = 0;
   if (cursor->byte() < HIBYTE(kTagMarker)) return false;  // every tag begins with 0xF4 or 0xF5
-  if (cursor->byte() == HIBYTE(kTagMarker)) {
-    cursor->at += 2;
-  } else if (collecting && IsLabelRun(*cursor)) {
-    cursor->at += kLabelRun;
-  } else if (cursor->has(2) && IsTag(cursor->byte(), cursor->byte(1), &tag)) {
-    cursor->at += 2;
-  } else {
-    return false;
-  }
+  const bool marker = cursor->byte() == HIBYTE(kTagMarker);
+  if (!marker && !(cursor->has(2) && IsTag(cursor->byte(), cursor->byte(1), &tag))) return false;
+  cursor->at += 2;
   return true;
+}
+
+// Moves behind the next meaning tag. False when the entry or the text ends first.
+bool MoveToMeaning(Cursor* cursor) {
+  while (!cursor->done()) {
+    cursor->at += cursor->run(kSingle, kLead | kSignLead);
+    if (cursor->done()) return false;
+    const uint16_t pair = cursor->pair();
+    if (pair == kTagEntry) return false;
+    if (!cursor->legalPair() && SkipTag(cursor)) continue;
+    cursor->at += cursor->step();
+    if (pair == kTagImi) return true;
+  }
+  return false;
 }
 
 // Tells whether nothing on the rest of a line can change a gloss that has ended: no tag stands there. A line
@@ -263,11 +226,12 @@ class LineEnd {
     if (cursor.at < tagged_) return false;
     const std::string_view rest = cursor.text.substr(cursor.at);
     const std::string_view line = rest.substr(0, rest.find('\n'));
-    const auto tag =
-        std::find_if(line.rbegin(), line.rend(), [](char c) { return c == '\xF4' || c == '\xF5'; });
     const bool complete = line.size() < rest.size();
-    if (complete && tag == line.rend()) return true;
-    tagged_ = complete ? cursor.at + static_cast<size_t>(line.rend() - tag) : cursor.text.size();
+    // Every tag that matters begins with 0xF5; a marker's 0xF4 matters where it would take the line end
+    // along.
+    const size_t tag = line.ends_with('\xF4') ? line.size() - 1 : line.find('\xF5');
+    if (complete && tag == line.npos) return true;
+    tagged_ = complete ? cursor.at + std::max(tag, line.rfind('\xF5') + 1) : cursor.text.size();
     return false;
   }
 
@@ -275,53 +239,50 @@ class LineEnd {
   size_t tagged_ = 0;  // up to here a tag follows, or no line end does
 };
 
-bool SkipRun(Cursor* cursor) {
-  const size_t run = cursor->runOfCharacters(kPlainSkipped, kFirstLead);
-  cursor->at += run;
-  return run > 0;
-}
+enum class GlossEnd { kLineEnd, kNextEntry, kTextEnd };
 
-// Scans line by line for a meaning that leaves some text; an empty one: the entry has none.
-// False: the text ended first.
-bool ScanGloss(Cursor* cursor, Gloss& gloss) {
-  bool collecting = false;
-  LineEnd lineEnd;
+// Takes a meaning up to the end of its line, which stays.
+GlossEnd TakeMeaning(Cursor* cursor, LineEnd& lineEnd, Gloss& gloss) {
   while (!cursor->done()) {
-    if (collecting ? gloss.takeRun(cursor) : SkipRun(cursor)) continue;
-    if (collecting && gloss.ended && lineEnd.isPlainFrom(*cursor)) return true;
-    const uint16_t pair = cursor->pair();
-    if (pair == kTagEntry) {
-      gloss.drop();  // only a line end completes a gloss
-      return true;
-    }
-    if (pair == kTagImi) {
-      collecting = true;
-      cursor->at += 2;
-    } else if (cursor->byte() == '\n') {
-      if (!gloss.empty()) return true;
-      collecting = false;
-      ++cursor->at;
-    } else if (SkipGlossTag(cursor, collecting)) {
+    if (gloss.takeRun(cursor)) continue;
+    if (cursor->byte() == '\n') return GlossEnd::kLineEnd;
+    if (gloss.ended && lineEnd.isPlainFrom(*cursor)) return GlossEnd::kLineEnd;
+    if (cursor->pair() == kTagEntry) return GlossEnd::kNextEntry;
+    if (IsLabelRun(*cursor)) {
+      cursor->at += kLabelRun;
+    } else if (SkipTag(cursor)) {
       continue;
-    } else if (!collecting) {
-      cursor->at += cursor->step();
     } else if (const BracketPair* bracket = OpeningBracket(*cursor); bracket != nullptr) {
       SkipBracket(*bracket, cursor);
     } else {
       gloss.take(cursor);
     }
   }
-  return false;
+  return GlossEnd::kTextEnd;
 }
 
-LineResult AddGloss(Cursor* cursor, bool whole, std::string* line) {
+// Scans line by line for a meaning that leaves some text; an empty one: the entry has none.
+// False: the text ended first.
+bool ScanGloss(Cursor* cursor, Gloss& gloss) {
+  LineEnd lineEnd;
+  while (MoveToMeaning(cursor)) {
+    const GlossEnd end = TakeMeaning(cursor, lineEnd, gloss);
+    if (end == GlossEnd::kTextEnd) return false;
+    if (end == GlossEnd::kNextEntry) gloss.drop();  // only a line end completes a gloss
+    if (end == GlossEnd::kNextEntry || !gloss.empty()) return true;
+  }
+  return !cursor->done();
+}
+
+LineResult AddGloss(Cursor* cursor, bool whole, LineBuffer* line) {
   const size_t headword = line->size();
-  line->append(" [");
+  line->push_back(' ');
+  line->push_back('[');
   Gloss gloss{line, line->size()};
   const bool settled = ScanGloss(cursor, gloss);
   if (!settled) gloss.drop();
   if (gloss.empty()) {
-    line->resize(headword);
+    line->truncate(headword);
   } else {
     line->push_back(']');
   }
@@ -395,22 +356,34 @@ void InformMidasiJ(std::string* line, uint16_t type) {
   *line = type == kTypeKji ? kanji + " [" + kana + "]" : kana + " [" + kanji + "]";
 }
 
-LineResult BuildIndexLine(std::string_view text, bool whole, uint16_t type, size_t cap, std::string* line) {
-  line->clear();
-  Cursor cursor{text};
-  const bool english = type == kTypeE;
-  const HeadwordEnd end = ScanHeadword(&cursor, !english, cap, line);
-  if (cursor.done() && !whole && end != HeadwordEnd::kLineEnd) return LineResult::kNeedsMore;
-  if (end == HeadwordEnd::kNoEntry) return LineResult::kNoEntry;
-  if (end == HeadwordEnd::kCap) return LineResult::kLine;
-  if (english) return AddGloss(&cursor, whole, line);
+// Turns the headword of a Japanese entry into its line.
+static LineResult FinishLineJ(Cursor* cursor, bool whole, uint16_t type, std::string* line) {
   // kept: any byte 0xA5 counts here, the second byte of "ぇ" too (docs/quirks.md)
   const bool hasMark = line->find(static_cast<char>(kSyllableMark)) != std::string::npos;
-  if (type == kTypeKana && !hasMark && AddAngleSpan(&cursor, whole, line) == LineResult::kNeedsMore) {
+  if (type == kTypeKana && !hasMark && AddAngleSpan(cursor, whole, line) == LineResult::kNeedsMore) {
     return LineResult::kNeedsMore;
   }
   InformMidasiJ(line, type);
   return LineResult::kLine;
+}
+
+LineResult BuildIndexLine(std::string_view text, bool whole, uint16_t type, size_t cap, std::string* line) {
+  if (type == kTypeE && BuildUsualLine(text, cap, line)) return LineResult::kLine;
+  Cursor cursor{text};
+  LineBuffer buffer;
+  const bool english = type == kTypeE;
+  const HeadwordEnd end = ScanHeadword(&cursor, !english, cap, &buffer);
+  LineResult result = LineResult::kLine;
+  if (cursor.done() && !whole && end != HeadwordEnd::kLineEnd) {
+    result = LineResult::kNeedsMore;
+  } else if (end == HeadwordEnd::kNoEntry) {
+    result = LineResult::kNoEntry;
+  } else if (english && end != HeadwordEnd::kCap) {
+    result = AddGloss(&cursor, whole, &buffer);
+  }
+  line->assign(buffer.view());
+  const bool headwordOnly = english || end == HeadwordEnd::kCap || result != LineResult::kLine;
+  return headwordOnly ? result : FinishLineJ(&cursor, whole, type, line);
 }
 
 }  // namespace zavel::engine

@@ -2,8 +2,10 @@
 #include "engine/MidasiOrder.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
+#include "engine/ByteWords.h"
 #include "engine/DicFormat.h"
 #include "engine/Shim.h"
 
@@ -19,31 +21,51 @@ std::string_view GlossOf(std::string_view line) {
   return bracket == std::string_view::npos ? std::string_view() : line.substr(bracket + kBracket.size());
 }
 
-// Gives what WordFilter would leave of a line, letter by letter and in capitals; 0 at its end.
-class Letters {
- public:
-  explicit Letters(std::string_view line) : at_(line.data()), end_(line.data() + line.size()) {}
+// What a byte of a line is to the order of words: its letter in capitals, or one of these.
+constexpr uint8_t kNoLetter = 0;
+constexpr uint8_t kWordEnd = 1;  // below every letter
 
-  char next() {
-    while (at_ != end_ && *at_ != ',' && *at_ != '[') {
-      const char c = *at_++;
-      if (_isalpha(static_cast<unsigned char>(c))) return static_cast<char>(c & ~0x20);
-    }
-    return '\0';
+constexpr std::array<uint8_t, 256> MakeLetters() {
+  std::array<uint8_t, 256> letters{};
+  for (unsigned byte = 0; byte < 256; ++byte) {
+    if (_isalpha(byte)) letters[byte] = static_cast<uint8_t>(byte & ~0x20u);
   }
+  letters[','] = letters['['] = kWordEnd;
+  return letters;
+}
+constexpr std::array<uint8_t, 256> kLetters = MakeLetters();
 
- private:
-  const char* at_;
-  const char* end_;
-};
+// Bytes that both lines begin with and that don't end the word: neighbours in a list share much.
+size_t SharedStart(std::string_view a, std::string_view b) {
+  const size_t shorter = std::min(a.size(), b.size());
+  size_t at = 0;
+  for (; shorter - at >= sizeof(ByteWord); at += sizeof(ByteWord)) {
+    const ByteWord word = WordAt(a.data() + at);
+    if (word != WordAt(b.data() + at) || Holds(word, ',') || Holds(word, '[')) break;
+  }
+  while (at < shorter && a[at] == b[at] && a[at] != ',' && a[at] != '[') ++at;
+  return at;
+}
 
+// Compares what WordFilter would leave of the lines, without case.
 int CompareWordsE(std::string_view a, std::string_view b) {
-  Letters left(a);
-  Letters right(b);
-  for (;;) {
-    const char x = left.next();
-    const char y = right.next();
-    if (x != y || x == '\0') return x - y;
+  const auto letterAt = [](std::string_view line, size_t at) {
+    return at < line.size() ? kLetters[static_cast<uint8_t>(line[at])] : kWordEnd;
+  };
+  for (size_t i = SharedStart(a, b), j = i;;) {
+    const uint8_t x = letterAt(a, i);
+    const uint8_t y = letterAt(b, j);
+    if (x == y) {
+      if (x == kWordEnd) return 0;
+      ++i;
+      ++j;
+    } else if (x == kNoLetter) {
+      ++i;
+    } else if (y == kNoLetter) {
+      ++j;
+    } else {
+      return x - y;
+    }
   }
 }
 

@@ -22,12 +22,11 @@ constexpr uint8_t kModeThreeStars = 1;
 constexpr uint8_t kModeTwoStars = 2;
 
 bool PassesMode(std::string_view line, uint8_t mode) {
-  if (mode == kModeAll) return true;
   const bool three = line.starts_with("***");
   return mode == kModeThreeStars ? three : line.starts_with("**") && !three;
 }
 
-// The lines of one side in row order, at most fifty rows; none when the side has no such word.
+// The lines of one side in row order, of at most fifty rows; none when the side has no such word.
 Status ListSide(uint16_t type, uint16_t set, const std::string& key, uint8_t mode, LineStore* store,
                 MidasiLines* lines) {
   uint32_t offset = 0;
@@ -38,25 +37,21 @@ Status ListSide(uint16_t type, uint16_t set, const std::string& key, uint8_t mod
   status = GetIndex3(type, set, key, offset, &rows);
   if (status != kOk) return status;
   rows.offsets.resize(std::min<size_t>(rows.offsets.size(), kMaxRows));
-  lines->reserve(rows.offsets.size());
-  std::string line;  // grows once for all rows
-  for (const uint32_t entry : rows.offsets) {
-    bool readable = false;
-    status = GetIndexWord(type, entry, set, &line, &readable);
-    if (status != kOk) return status;
-    if (readable && PassesMode(line, mode)) lines->push_back(store->keep(line));
-  }
-  return kOk;
+  status = GetIndexWords(type, rows.offsets, set, store, lines);
+  if (mode != kModeAll)
+    std::erase_if(*lines, [mode](std::string_view line) { return !PassesMode(line, mode); });
+  return status;
 }
 
 std::string ToRecords(const MidasiLines& lines) {
   size_t size = 0;
   for (const std::string_view line : lines) size += line.size() + 3;
-  std::string records;
-  records.reserve(size);
+  std::string records(size, '\0');
+  char* next = records.data();
   for (const std::string_view line : lines) {
-    appendLE16(records, static_cast<uint16_t>(line.size() + 1));
-    records.append(line).push_back('\0');
+    writeLE16(reinterpret_cast<uint8_t*>(next), static_cast<uint16_t>(line.size() + 1));
+    line.copy(next + 2, line.size());
+    next += line.size() + 3;
   }
   return records;
 }

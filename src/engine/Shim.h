@@ -116,7 +116,7 @@ unsigned _mbctohira(unsigned code);
 unsigned _mbctombb(unsigned code);
 // Printing single bytes, half-width kana, and the assigned double-byte codes.
 bool _ismbcprint(unsigned code);
-inline bool _isalpha(unsigned c) {
+constexpr bool _isalpha(unsigned c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 // 0x20 to 0x7E: `c` itself, else 0.

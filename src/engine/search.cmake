@@ -9,4 +9,5 @@ list(APPEND engine_sources
   SerchFrame.cpp
   SerchImi.cpp
   SerchMidasi.cpp
-  UserImi.cpp)
+  UserImi.cpp
+  UsualLine.cpp)

@@ -13,4 +13,5 @@ zavel_test(engine_search_test
     SerchImiTest.cpp
     SerchMidasiTest.cpp
     UserImiTest.cpp
+    UsualLineTest.cpp
   LINKS zavel_test_support)
