@@ -143,11 +143,7 @@ TEST_F(CommandTest, OptionsWithoutACommandAreWrong) {
 TEST_F(CommandTest, RootMovesAllFilesAndWinsOverTheEnvironment) {
   const Outcome outcome = Command({"--root", root(), "look", "church"}).env("ZAVEL_ROOT", "/nowhere").run();
   EXPECT_EQ(outcome.status, 0);
-  const std::string shown =
-      "ch\xEF\xBF\xBD\xEF\xBF\xBD"
-      "ch";
-  EXPECT_TRUE(outcome.out.starts_with("church: derived from " + shown + "\n\n" + shown + " **\n"))
-      << outcome.out;
+  EXPECT_TRUE(outcome.out.starts_with("church **\n")) << outcome.out;
 }
 
 TEST_F(CommandTest, EachWishForNoColourIsHeard) {
@@ -520,9 +516,10 @@ TEST_F(CommandTest, ControlBytesOfADamagedEntryReachNoTerminal) {
   entries[at + 3] = '\x7F';
   std::ofstream(basic() + "/ej.dic", std::ios::binary | std::ios::trunc) << entries;
   const Outcome outcome = zavel({"look", "church"}).run();
-  EXPECT_TRUE(
-      outcome.out.starts_with("ch\xEF\xBF\xBD\xEF\xBF\xBD"
-                              "ch **\n"))
+  const std::string shown =
+      "ch\xEF\xBF\xBD\xEF\xBF\xBD"
+      "ch";
+  EXPECT_TRUE(outcome.out.starts_with("church: derived from " + shown + "\n\n" + shown + " **\n"))
       << outcome.out;
 }
 
