@@ -268,6 +268,22 @@ TEST(EnglishEntries, GivesANameItsOwnStarsWhereWordNetTellsIt) {
   EXPECT_EQ((Texts{"china", "China***"}), stars);
 }
 
+// WordNet writes the moon with a capital, FreeDict without as well.
+TEST(EnglishEntries, CountsTheUsesOfAWordAndANameOfTheSameThingForBoth) {
+  Gathering g;
+  g.english.synset(WordNet::kNoun, {"Moon"}, 17);
+  g.english.synset(WordNet::kNoun, {"moon"});
+  g.english.synset(WordNet::kVerb, {"moon"});
+  for (const char* uses : {"moon%1:17:00:: 1 9", "moon%2:29:00:: 1 2"}) g.english.uses(uses);
+  g.entries().add(word("moon", PartOfSpeech::kVerb, {"ぼんやりする"}), {});
+  g.entries().add(word("moon", PartOfSpeech::kNoun, {"太陰", "月"}), {});
+  g.entries().add(word("Moon", PartOfSpeech::kProperNoun, {"月"}), {});
+  EXPECT_EQ((Texts{"moon 1 -[名] 太陰 月", "moon 2 -[動] ぼんやりする", "Moon 1 -[名][固] 月"}),
+            g.arranged());
+  EXPECT_EQ("***", g.entries().items()[0].draft.stars);
+  EXPECT_EQ("", g.entries().items()[2].draft.stars);
+}
+
 TEST(EnglishEntries, PutsModalVerbsAmongTheWordsOfGrammar) {
   Gathering g;
   g.english.synset(WordNet::kNoun, {"must"});

@@ -41,11 +41,16 @@ TEST(PronunciationChoice, TakesTheMostTypicalOne) {
   // America's and Britain's count as one, so two stand against the first.
   EXPECT_EQ("ˈnɑlɪdʒ", chosen({"ˈnoʊlɪdʒ", "ˈnɑlɪdʒ", "ˈnɒlɪdʒ"}, "knowledge"));
   EXPECT_EQ("hæv", chosen({"heɪv", "hæf", "hæv", "həv", "ə", "əv"}, "have", PartOfSpeech::kVerb));
+  EXPECT_EQ("maɪ",
+            chosen({"maɪ", "mi", "mə", "mɪ"}, "my", PartOfSpeech::kDeterminer));  // a diphthong is one sound
+  EXPECT_EQ("eɪ", chosen({"eɪ", "æ", "æɪ", "ɑː"}, "a"));
   EXPECT_EQ("bi", chosen({"bi", "biː"}, "be", PartOfSpeech::kVerb));  // equals: the first
 }
 
 TEST(PronunciationChoice, PassesOverSoundsThatTheLastLetterDoesNotSpell) {
   EXPECT_EQ("ˈæbəkəs", chosen({"-saɪ", "ˈæbəkaɪ", "ˈæbəkəs", "ˈæbəˌkaɪ"}, "abacus"));
+  EXPECT_EQ("kɔː", chosen({"kɔː", "kɔːz"}, "corps"));  // an s may be mute
+  EXPECT_EQ("wɪð", chosen({"wɪf", "wɪð", "wɪθ"}, "with"));
   EXPECT_EQ("ænd", chosen({"n̩", "æn", "ænd", "ɛnd"}, "and"));
 }
 

@@ -57,6 +57,22 @@ bool isGrammar(const EntryDraft& draft) {
          (draft.pos == PartOfSpeech::kVerb && Inflection::isDefective(draft.word));
 }
 
+// True for a word and a name of the same letters that share a translation: "moon" and "Moon", not "china" and
+// "China".
+bool isSameThing(const EntryDraft& a, const EntryDraft& b) {
+  if (hasCapital(a.word) == hasCapital(b.word) || lowerCase(a.word) != lowerCase(b.word)) return false;
+  for (const EnglishSense& one : a.senses) {
+    for (const EnglishSense& other : b.senses) {
+      const std::vector<std::string>& texts = other.translations;
+      const auto stands = [&texts](const std::string& text) {
+        return std::find(texts.begin(), texts.end(), text) != texts.end();
+      };
+      if (std::any_of(one.translations.begin(), one.translations.end(), stands)) return true;
+    }
+  }
+  return false;
+}
+
 // "US" is not spoken as "us", but "Polish" might be as "polish".
 bool differsInCapitals(std::string_view a, std::string_view b) {
   return a.size() != b.size() || a.substr(1) != b.substr(1) || lowerCase(a) != lowerCase(b);
@@ -236,7 +252,9 @@ void EnglishEntries::addSpellings(const std::vector<SpellingPairs::Pair>& pairs)
 uint32_t EnglishEntries::usesOf(const Source& source) const {
   const std::string folded = lowerCase(source.draft.word);
   const WordNet::Lemma* lemma = wordNet_.lemma(folded);
-  const uint32_t uses = lemma == nullptr ? 0 : lemma->spelledUses(hasCapital(source.draft.word));
+  const uint32_t uses = lemma == nullptr   ? 0
+                        : source.isNameToo ? lemma->allUses()
+                                           : lemma->spelledUses(hasCapital(source.draft.word));
   return isGrammar(source.draft) ? std::max(uses, attested_.count(folded)) : uses;
 }
 
@@ -245,22 +263,26 @@ uint32_t EnglishEntries::weightOf(const Source& source) const {
   const std::optional<WordNet::Pos> pos = wordNetPos(source.draft.pos);
   const WordNet::Lemma* lemma = wordNet_.lemma(lowerCase(source.draft.word));
   if (!pos || lemma == nullptr || source.draft.pos == PartOfSpeech::kProperNoun) return 0;
-  return lemma->spelledUses(*pos, hasCapital(source.draft.word));
+  return source.isNameToo ? lemma->uses[*pos] : lemma->spelledUses(*pos, hasCapital(source.draft.word));
 }
 
 std::string EnglishEntries::starsOf(const Source& source, bool sharesWord) const {
   const std::string folded = lowerCase(source.draft.word);
   const WordNet::Lemma* lemma = wordNet_.lemma(folded);
-  const bool told = lemma != nullptr && lemma->tellsNames();
+  const bool told = lemma != nullptr && lemma->tellsNames() && !source.isNameToo;
   if (source.draft.pos == PartOfSpeech::kProperNoun && sharesWord && !told) return {};
   if (isGrammar(source.draft)) {
     const uint32_t used = attested_.count(folded);
     if (used >= kThreeStarsAttested) return "***";
     if (used >= kTwoStarsAttested) return "**";
   }
-  const auto place = frequency_.find({folded, told && hasCapital(source.draft.word)});
-  if (place == frequency_.end()) return {};
-  return place->second < kThreeStars ? "***" : "**";
+  const auto place = [&](bool name) {
+    const auto found = frequency_.find({folded, name});
+    return found == frequency_.end() ? kThreeStars + kTwoStars : found->second;
+  };
+  const size_t best =
+      source.isNameToo ? std::min(place(false), place(true)) : place(told && hasCapital(source.draft.word));
+  return best < kThreeStars ? "***" : best < kThreeStars + kTwoStars ? "**" : "";
 }
 
 void EnglishEntries::label(Source& source) const {
@@ -293,6 +315,14 @@ bool EnglishEntries::isVerbAndOther(const std::vector<size_t>& group, const std:
 
 // Sorts the entries of one key and numbers those with the same headword.
 void EnglishEntries::number(std::vector<size_t>& group) {
+  for (const size_t i : group) {
+    for (const size_t k : group) {
+      if (!isSameThing(sources_[i].draft, sources_[k].draft)) continue;
+      for (const size_t same : group) {
+        if (sources_[same].draft.word == sources_[i].draft.word) sources_[same].isNameToo = true;
+      }
+    }
+  }
   std::stable_sort(group.begin(), group.end(), [this](size_t a, size_t b) {
     const auto order = [this](const Source& s) {
       const bool name = s.draft.pos == PartOfSpeech::kProperNoun;

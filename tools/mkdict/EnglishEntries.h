@@ -71,6 +71,7 @@ class EnglishEntries {
     EntryDraft draft;
     std::vector<std::string> ipa;
     bool turned = false;
+    bool isNameToo = false;  // "moon" beside "Moon": WordNet's uses of the two count for both
     bool isVerbToo = false;  // the word is a verb and a noun or adjective
     Sounds sounds;
     std::vector<std::pair<std::string, bool>> spellings;  // other word, own is British

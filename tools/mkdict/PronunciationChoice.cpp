@@ -95,24 +95,25 @@ unsigned oddSounds(std::u32string_view codes) {
     const bool regional = isOneOf(code, U"ɐɘɵʉøœyʏäɯɤʈɖʋʔ");
     const bool half = (code == U'a' && !isOneOf(next, U"ɪʊi")) || (code == U'e' && !isOneOf(next, U"ɪiə")) ||
                       (code == U'o' && !isOneOf(next, U"ʊu"));
-    const bool drawn = next == U'ː' && isOneOf(code, U"ɪæʊɛ");
+    const bool drawn = (next == U'ː' && isOneOf(code, U"ɪæʊɛ")) || (next == U'ɪ' && code == U'æ');
     odd += narrow || regional || half || drawn ? 1 : 0;
   }
   return odd;
 }
 
-// Consonants that are seldom mute at the end of a word, and what they may sound like there.
+// Endings that are seldom mute, and what they may sound like; the s of "corps" is.
 bool endDiffers(std::string_view word, std::u32string_view codes) {
-  constexpr std::array<std::pair<char, std::u32string_view>, 8> kEnds = {{{'b', U"b"},
-                                                                          {'d', U"dt"},
-                                                                          {'f', U"fv"},
-                                                                          {'k', U"k"},
-                                                                          {'l', U"lɫ"},
-                                                                          {'m', U"m"},
-                                                                          {'n', U"n"},
-                                                                          {'s', U"sz"}}};
-  for (const auto& [letter, sounds] : kEnds) {
-    if (word.ends_with(letter)) return !endsInOneOf(codes, sounds);
+  constexpr std::array<std::pair<std::string_view, std::u32string_view>, 9> kEnds = {{{"b", U"b"},
+                                                                                      {"d", U"dt"},
+                                                                                      {"f", U"fv"},
+                                                                                      {"k", U"k"},
+                                                                                      {"l", U"lɫ"},
+                                                                                      {"m", U"m"},
+                                                                                      {"n", U"n"},
+                                                                                      {"th", U"θð"},
+                                                                                      {"us", U"sz"}}};
+  for (const auto& [letters, sounds] : kEnds) {
+    if (word.ends_with(letters)) return !endsInOneOf(codes, sounds);
   }
   return false;
 }
@@ -126,7 +127,7 @@ std::u32string common(std::u32string_view codes) {
     const bool silentR = isOneOf(code, U"rɹɻ") && !isIpaVowel(next);
     const bool glide = code == U'ə' && !out.empty() && isOneOf(out.back(), U"ɛɪʊɑ");
     if (mark || silentR || glide) continue;
-    constexpr std::array<std::pair<char32_t, char32_t>, 13> kSame = {{{U'ɡ', U'g'},
+    constexpr std::array<std::pair<char32_t, char32_t>, 11> kSame = {{{U'ɡ', U'g'},
                                                                       {U'ɫ', U'l'},
                                                                       {U'ɹ', U'r'},
                                                                       {U'ɻ', U'r'},
@@ -134,19 +135,17 @@ std::u32string common(std::u32string_view codes) {
                                                                       {U'ɝ', U'ɜ'},
                                                                       {U'ɾ', U't'},
                                                                       {U'ɨ', U'ɪ'},
-                                                                      {U'i', U'ɪ'},
-                                                                      {U'u', U'ʊ'},
                                                                       {U'ɒ', U'ɑ'},
                                                                       {U'ɔ', U'ɑ'},
                                                                       {U'e', U'ɛ'}}};
     const auto* same =
         std::find_if(kSame.begin(), kSame.end(), [code](const auto& row) { return row.first == code; });
-    if (code == U'ə' && next == U'ʊ') {
-      out += U'o';
-    } else if (code == U'a' && !isOneOf(next, U"ɪʊ")) {
+    const char32_t first = code == U'ə' ? U'o' : code;
+    if (isOneOf(next, U"ɪʊ") && isOneOf(first, U"aeoɔæ")) {
+      out += next == U'ʊ' ? first : first - U'a' + U'A';  // a diphthong is one sound
+      ++i;
+    } else if (code == U'a') {
       out += U'æ';
-    } else if (code == U'ɔ' && next == U'ɪ') {
-      out += code;
     } else {
       out += same == kSame.end() ? code : same->second;
     }
