@@ -146,6 +146,14 @@ TEST_F(CommandTest, RootMovesAllFilesAndWinsOverTheEnvironment) {
   EXPECT_TRUE(outcome.out.starts_with("church **\n")) << outcome.out;
 }
 
+// Terminals
+
+TEST_F(CommandTest, OnATerminalEntriesAreColoured) {
+  const Outcome outcome = onTerminal({"look", "church"}).run();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_TRUE(outcome.out.starts_with("\x1b[0;1;31mchurch\x1b[0m **\n")) << outcome.out;
+}
+
 TEST_F(CommandTest, EachWishForNoColourIsHeard) {
   const std::string plain = "church **\n";
   EXPECT_TRUE(onTerminal({"look", "church"}).env("NO_COLOR", "1").run().out.starts_with(plain));
