@@ -139,6 +139,8 @@ INSTANTIATE_TEST_SUITE_P(
         Damage{"ej.idx", set(12, 0), "ej.idx at 9: table A row 0: children 0 to 0 of 3"},
         Damage{"ej.idx", set(28, 0, 45, 'x'),
                "ej.idx at 45: table C row 2: a key behind a word that has ended"},
+        Damage{"ej.idx", set(26, 2, 29, 1),
+               "ej.idx at 29: table B row 2: children 1 to 3 belong to rows before"},
         Damage{"ej.idx", set(36, 52), "ej.ix3 at 52: no block here: the file ends at 52"},
         Damage{"ej.idx", set(35, 0), "ej.ix3 at 4: row 0: a remainder behind a word that has ended"},
         Damage{"ej.idx", set(40, 'q'),
@@ -160,6 +162,9 @@ INSTANTIATE_TEST_SUITE_P(
         Damage{"ej.ix3", set(0, 9), "ej.ix3 at 0: block of 26 bytes is too short for 9 rows"},
         Damage{"ej.ix3", set(41, 200), "ej.ix3 at 39: block of 200 bytes runs past the end of the file"},
         Damage{"ej.ix3", set(39, 0), "ej.ix3 at 39: block without rows"},
+        Damage{"ej.idx", set(41, 0), "ej.ix3 at 0: block overlaps the one at 0"},
+        Damage{"ej.idx", set(41, 0), "ej.ix3 at 0: 13 bytes that no row leads to"},
+        Damage{"ej.ix3", set(2, 27), "ej.ix3 at 26: block overlaps the one at 0"},
         Damage{"ej.ix3", set(6, 4), "ej.ix3 at 6: row 1: string at 4 instead of 5"},
         Damage{"ej.ix3", set(8, 9), "ej.ix3 at 8: row 0: string of 9 bytes leaves the block"},
         Damage{"ej.ix3", set(8, 1), "ej.ix3 at 8: row 0: string length 1 is not where its NUL stands"},
@@ -204,8 +209,11 @@ INSTANTIATE_TEST_SUITE_P(
         Damage{"katu.dic", cut(13), "katu.ix3 at 26: record at 0: no end within 512 bytes"},
         Damage{"katu.dic", set(4, 0), "katu.ix3 at 10: record at 0: an item without a known label"},
         Damage{"katu.dic", set(6, 'a'), "katu.ix3 at 10: record at 0: items not parted by a comma"},
-        Damage{"katu.dic", set(1, 'h' - 10),
-               "katu.ix3 at 10: record at 0: it does not hold the form \"go\""}));
+        Damage{"katu.dic", set(1, 'h' - 10), "katu.ix3 at 10: record at 0: it does not hold the form \"go\""},
+        // Messages are UTF-8 and steer no terminal, whatever they quote.
+        Damage{"katu.ix3", set(22, 0xC5), "katu.ix3 at 26: record at 0: it does not hold the form \"wﾅnt\""},
+        Damage{"katu.ix3", set(22, 0x1B),
+               "katu.ix3 at 26: record at 0: it does not hold the form \"w\uFFFDnt\""}));
 
 // A pronunciation ends in bytes that elsewhere would be half a character.
 TEST(Verify, LeavesPronunciationsAlone) {

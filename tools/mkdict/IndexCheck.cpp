@@ -1,6 +1,8 @@
 // Reads the format on its own, without the engine's or the writer's code. Tests: tests/mkdict/VerifyTest.cpp.
 #include "mkdict/IndexCheck.h"
 
+#include <iterator>
+
 #include "engine/DicFormat.h"
 #include "foundation/ByteReader.h"
 
@@ -79,7 +81,7 @@ uint32_t IndexCheck::value(const Table& table, size_t row) const {
 
 // The children of a row of a table that is not the last: [*begin, *end) of the next one.
 bool IndexCheck::children(size_t number, size_t row, size_t* begin, size_t* end) {
-  const Table& table = tables_[number];
+  Table& table = tables_[number];
   const size_t all = tables_[number + 1].rows;
   *begin = value(table, row);
   *end = row + 1 < table.rows ? value(table, row + 1) : all;
@@ -88,10 +90,17 @@ bool IndexCheck::children(size_t number, size_t row, size_t* begin, size_t* end)
     fault(rowAt(table, row) + table.keySize,
           title + ": first child " + std::to_string(*begin) + " instead of 0");
   }
-  if (*begin < *end && *end <= all) return true;
-  fault(rowAt(table, row) + table.keySize, title + ": children " + std::to_string(*begin) + " to " +
-                                               std::to_string(*end) + " of " + std::to_string(all));
-  return false;
+  const std::string span = title + ": children " + std::to_string(*begin) + " to " + std::to_string(*end);
+  if (*begin >= *end || *end > all) {
+    fault(rowAt(table, row) + table.keySize, span + " of " + std::to_string(all));
+    return false;
+  }
+  if (*begin < table.walked) {
+    fault(rowAt(table, row) + table.keySize, span + " belong to rows before");
+    return false;
+  }
+  table.walked = *end;
+  return true;
 }
 
 void IndexCheck::walk(size_t number, size_t begin, size_t end, const std::string& prefix,
@@ -137,11 +146,25 @@ bool IndexCheck::blockHead(uint64_t at, size_t* rows, size_t* size) {
   return *rows != 0;
 }
 
+// Notes the bytes of a block. False when it overlaps one that was noted before.
+bool IndexCheck::cover(uint64_t begin, uint64_t end) {
+  const auto behind = covered_.lower_bound(begin);
+  const bool meetsNext = behind != covered_.end() && behind->first < end;
+  const bool meetsLast = behind != covered_.begin() && std::prev(behind)->second > begin;
+  if (meetsNext || meetsLast) {
+    const uint64_t other = meetsLast ? std::prev(behind)->first : behind->first;
+    faults_->add(ix3Name_, begin, "block overlaps the one at " + std::to_string(other));
+    return false;
+  }
+  covered_.emplace_hint(behind, begin, end);
+  coveredBytes_ += end - begin;
+  return true;
+}
+
 void IndexCheck::block(uint64_t at, const std::string& prefix, const OnRow& onRow) {
   size_t rows = 0, size = 0;
-  if (!blockHead(at, &rows, &size)) return;
+  if (!blockHead(at, &rows, &size) || !cover(at, at + size)) return;
   ++blocks_;
-  coveredBytes_ += size;
   const uint64_t stringsAt = at + engine::kIx3Head + 2 * rows, entriesAt = at + size - 4 * rows;
   const size_t area = static_cast<size_t>(entriesAt - stringsAt);
   const std::string shortKey = prefix.substr(0, prefix.find('\0'));

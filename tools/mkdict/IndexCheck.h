@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,7 +29,9 @@ class IndexCheck {
         ix3_(ix3),
         faults_(faults) {}
 
-  // Calls `onRow` for every sound row, in the order of the file. Faulty parts are reported and passed over.
+  // Calls `onRow` for every sound row, in the order of the file. Faulty parts are reported and passed over,
+  // so are rows of a table and blocks that were walked before: no damage makes the walk longer than the
+  // files.
   void run(const OnRow& onRow);
 
   size_t blocks() const { return blocks_; }
@@ -40,6 +43,7 @@ class IndexCheck {
     char name = 'A';
     size_t keySize = 0, rowSize = 0;
     size_t rowsAt = 0, rows = 0;  // where its rows stand, and how many
+    size_t walked = 0;            // of the next table's rows, those that belong to rows before
   };
 
   bool readTables();
@@ -52,6 +56,7 @@ class IndexCheck {
   void walk(size_t table, size_t begin, size_t end, const std::string& prefix, const OnRow& onRow);
   bool children(size_t table, size_t row, size_t* begin, size_t* end);
   void block(uint64_t at, const std::string& prefix, const OnRow& onRow);
+  bool cover(uint64_t begin, uint64_t end);
   bool blockHead(uint64_t at, size_t* rows, size_t* size);
 
   uint16_t type_;
@@ -60,6 +65,7 @@ class IndexCheck {
   Faults* faults_;              // borrowed
   std::vector<Table> tables_;   // from the first to table C
   size_t blocks_ = 0, rows_ = 0;
+  std::map<uint64_t, uint64_t> covered_;  // end of each walked block by its beginning; none overlap
   uint64_t coveredBytes_ = 0;
 };
 

@@ -16,12 +16,23 @@
 #include "mkdict/EntryCheck.h"
 #include "mkdict/IndexCheck.h"
 #include "mkdict/ToShiftJis.h"
+#include "mkdict/Utf8.h"
 
 namespace zavel::mkdict {
 namespace {
 
 constexpr size_t kMostBytes = size_t{1} << 32;
 constexpr size_t kSample = 500;  // words of each index that are looked up through the engine
+
+// Foreign Shift_JIS as a message quotes it. What would steer a terminal becomes U+FFFD, as what is no
+// character does.
+std::string quoted(std::string_view sjis) {
+  std::u32string codes = decodeUtf8(toUtf8(sjis)).value_or(std::u32string());
+  for (char32_t& code : codes) {
+    if (code < 0x20 || (code >= 0x7F && code < 0xA0)) code = 0xFFFD;
+  }
+  return "\"" + encodeUtf8(codes) + "\"";
+}
 
 // A block list of the engine, freed at the end.
 class BlockList {
@@ -107,7 +118,7 @@ void Verification::checkIndex(uint16_t type, const std::string& stem, EntryCheck
     std::string word = type == engine::kTypeHase ? key : wordOf(type, entry);
     std::string filed;
     if (engine::ChangeMidasi(word, type, &filed) != engine::kOk || filed != key) {
-      faults_->add(ix3, at, "filed under another key than its headword \"" + toUtf8(word) + "\" gives");
+      faults_->add(ix3, at, "filed under another key than its headword " + quoted(word) + " gives");
     } else if (rows % step == 0) {
       found.push_back({type, std::move(word), std::string(entry), ix3, at});
     }
@@ -143,7 +154,7 @@ void Verification::checkKatuRow(const std::string& key, uint32_t offset, uint64_
     begin = colon + 4;
     if (begin <= plain.size() && plain[begin - 1] != ',') return fault("items not parted by a comma");
   }
-  if (!found) fault("it does not hold the form \"" + key + "\"");
+  if (!found) fault("it does not hold the form " + quoted(key));
 }
 
 void Verification::checkKatu() {
@@ -190,7 +201,7 @@ void Verification::lookUp() {
     summary_->count("words looked up");
     const Sample& sample = samples_[i];
     if (!finds(sample))
-      faults_->add(sample.file, sample.at, "the engine does not find \"" + toUtf8(sample.word) + "\"");
+      faults_->add(sample.file, sample.at, "the engine does not find " + quoted(sample.word));
   }
   EndAPI();
 }
