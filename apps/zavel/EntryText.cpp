@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <string_view>
 
 #include "Utf8.h"
@@ -68,16 +69,21 @@ std::string shown(std::string sjis, const TextEncoding& encoding) {
 void convert(const std::string& text, size_t begin, size_t end, const std::vector<ScrpSTElement>& runs,
              const TextEncoding& encoding, Entry* entry) {
   size_t at = begin;
-  Span current{0, false, false, 0};
-  for (const ScrpSTElement& run : runs) {
-    const size_t start = static_cast<size_t>(run.scrpStartChar);
+  // Runs rise, and the last one at `begin` or ahead of it holds there. A text may have as many entries as
+  // runs.
+  auto run = std::partition_point(runs.begin(), runs.end(), [begin](const ScrpSTElement& element) {
+    return static_cast<size_t>(element.scrpStartChar) <= begin;
+  });
+  Span current = run == runs.begin() ? Span{0, false, false, 0} : spanOf(0, *std::prev(run));
+  for (; run != runs.end(); ++run) {
+    const size_t start = static_cast<size_t>(run->scrpStartChar);
     if (start >= end) break;
     if (start > at) {
       entry->spans.push_back(current);
       entry->text += shown(text.substr(at, start - at), encoding);
       at = start;
     }
-    current = spanOf(entry->text.size(), run);
+    current = spanOf(entry->text.size(), *run);
   }
   entry->spans.push_back(current);
   entry->text += shown(text.substr(at, end - at), encoding);

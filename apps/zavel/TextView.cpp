@@ -2,6 +2,7 @@
 #include "TextView.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <string_view>
 
 #include "Utf8.h"
@@ -44,9 +45,12 @@ std::string styled(const Entry& entry, size_t begin, size_t end, bool colour) {
   if (!colour) return entry.text.substr(begin, end - begin);
   std::string out;
   size_t at = begin;
-  for (size_t i = 0; i < entry.spans.size() && at < end; ++i) {
+  // From the last span that begins at `begin` or ahead of it: an entry may have as many spans as rows.
+  const auto behind = std::upper_bound(entry.spans.begin(), entry.spans.end(), begin,
+                                       [](size_t place, const Span& span) { return place < span.begin; });
+  size_t i = static_cast<size_t>(std::max<std::ptrdiff_t>(behind - entry.spans.begin(), 1)) - 1;
+  for (; i < entry.spans.size() && at < end; ++i) {
     const size_t spanEnd = i + 1 < entry.spans.size() ? entry.spans[i + 1].begin : entry.text.size();
-    if (spanEnd <= at) continue;
     const size_t stop = std::min(spanEnd, end);
     out += sgr(entry.spans[i]) + entry.text.substr(at, stop - at);
     at = stop;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 #include "platform/Platform.h"
 #include "support/DicWriter.h"
 
@@ -54,6 +56,23 @@ TEST(EntriesFromLayout, SpansFollowTheRuns) {
   EXPECT_EQ(found[0].spans[2].begin, 6u);  // behind 行: three bytes in UTF-8
   EXPECT_TRUE(found[0].spans[2].italic);
   EXPECT_EQ(found[0].spans[2].colour, 0x0000FFu);
+}
+
+TEST(EntriesFromLayout, TakesAsManyEntriesAsRunsInItsStride) {
+  constexpr uint32_t kEntries = 300000;
+  std::string text;
+  std::vector<ScrpSTElement> runs;
+  for (uint32_t i = 0; i < kEntries; ++i) {
+    text += "a\r";
+    runs.push_back(run(2 * i, 1, kIndex));
+  }
+  const auto begin = std::chrono::steady_clock::now();
+  const auto found = entries(text, runs);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
+  ASSERT_EQ(found.size(), kEntries);
+  EXPECT_EQ(found.back().headword, "a");
+  EXPECT_EQ(found.back().spans.size(), 1u);
+  EXPECT_TRUE(found.back().spans[0].bold);
 }
 
 TEST(EntriesFromLayout, AJapaneseHeadwordHasAReadingAndAForm) {

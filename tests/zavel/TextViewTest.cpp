@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 namespace zavel::host {
 namespace {
 
@@ -35,6 +37,21 @@ TEST(AnswerText, ColoursFollowTheSpans) {
   TextLook look;
   look.colour = true;
   EXPECT_EQ(answerText(result({entry("go", "go\nx")}), look), "\x1b[0;1;31mgo\x1b[0m\n\x1b[0mx\x1b[0m\n");
+}
+
+TEST(AnswerText, TakesAsManySpansAsRowsInItsStride) {
+  constexpr size_t kRows = 400000;
+  Entry made;
+  for (size_t i = 0; i < kRows; ++i) {
+    made.spans.push_back({made.text.size(), i % 2 == 0, false, 0});
+    made.text += i + 1 < kRows ? "a\n" : "a";
+  }
+  TextLook look;
+  look.colour = true;
+  const auto begin = std::chrono::steady_clock::now();
+  const std::string text = answerText(result({made}), look);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
+  EXPECT_EQ(text.substr(0, 22), "\x1b[0;1ma\x1b[0m\n\x1b[0ma\x1b[0m\n");
 }
 
 TEST(AnswerText, TellsWhyAnInflectedWordAnswers) {
