@@ -140,11 +140,14 @@ bool closes(std::string_view text) {
 std::vector<ByteRange> piecesOf(std::string_view text) {
   std::vector<ByteRange> pieces;
   size_t start = 0, at = 0;
+  bool afterWide = false;  // behind a wide character, and the closing marks that belong to it
   while (at < text.size()) {
+    const bool closing = closes(text.substr(at));
     char32_t code = 0xFFFD;
     at += std::max<size_t>(1, decodeUtf8(text.substr(at), &code));
+    afterWide = columnsOf(code) == 2 || (afterWide && closing);
     const bool lastBlank = code == U' ' && (at == text.size() || text[at] != ' ');
-    if (!lastBlank && (columnsOf(code) != 2 || closes(text.substr(at)))) continue;
+    if (!lastBlank && (!afterWide || closes(text.substr(at)))) continue;
     pieces.push_back({start, at});
     start = at;
   }

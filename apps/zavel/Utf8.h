@@ -36,7 +36,8 @@ struct ByteRange {
   bool operator==(const ByteRange&) const = default;
 };
 
-// Where one paragraph breaks into lines of at most `width` columns, at blanks and after wide characters;
+// Where one paragraph breaks into lines of at most `width` columns, at blanks and after wide characters, but
+// not ahead of a closing mark;
 // the lines behind the first have `indent` columns less. Blanks at a break belong to no line. A width of 0
 // breaks nothing.
 std::vector<ByteRange> breakLines(std::string_view utf8, size_t width, size_t indent);

@@ -132,6 +132,41 @@ TEST_F(LookTest, PhrasesOfAWordWithoutAnyAreNothing) {
   EXPECT_FALSE(look("church", Mode::kPhrase).found());
 }
 
+TEST_F(LookTest, APartKeepsTheOrderTheNumbersAndTheOtherSpelling) {
+  const LookResult go = look("goes", Mode::kPos);
+  ASSERT_EQ(go.entries.size(), 2u);
+  EXPECT_EQ(go.entries[0].homograph, 1);
+  EXPECT_EQ(go.entries[0].text, "go\n\n-[名][Ｃ]\n碁 (board game)");
+  EXPECT_EQ(go.entries[1].homograph, 2);
+  EXPECT_EQ(go.entries[1].stars, 3);
+  EXPECT_EQ(go.entries[1].match, Match::kInflected);
+  EXPECT_EQ(go.entries[1].text.find("go home"), std::string::npos);
+  // The number is that among all entries of the word, though one alone has an example.
+  EXPECT_EQ(look("go", Mode::kExample).entries.at(0).homograph, 2);
+  const LookResult colour = look("colour", Mode::kPos);
+  ASSERT_EQ(colour.entries.size(), 2u);
+  EXPECT_EQ(colour.entries[1].headword, "color");
+  EXPECT_EQ(colour.entries[1].match, Match::kSpelling);
+  EXPECT_EQ(colour.entries[1].senses.at(0).glosses, Strings{"色彩"});
+  EXPECT_EQ(look("happiness", Mode::kPos).entries.at(0).match, Match::kDerived);
+}
+
+TEST_F(LookTest, APartOfJapaneseEntries) {
+  const LookResult result = look("こう", Mode::kPos);
+  ASSERT_EQ(result.entries.size(), 2u);
+  EXPECT_EQ(result.entries[0].headword, "甲");
+  EXPECT_EQ(result.entries[0].reading, "こう");
+  EXPECT_EQ(result.entries[1].senses.at(0).glosses, Strings{"merit"});
+}
+
+TEST_F(LookTest, LackingThePartIsNotLackingTheWord) {
+  const LookResult church = look("church", Mode::kExample);
+  EXPECT_FALSE(church.found());
+  EXPECT_TRUE(church.lacksPart);
+  EXPECT_TRUE(church.suggestions.empty());
+  EXPECT_FALSE(look("curch", Mode::kExample).lacksPart);
+}
+
 TEST_F(LookTest, ANearWordIsSuggested) {
   const LookResult result = look("curch");
   EXPECT_FALSE(result.found());

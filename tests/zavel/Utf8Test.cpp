@@ -43,6 +43,14 @@ TEST(RepairUtf8, EachStrayByteBecomesAReplacementCharacter) {
   EXPECT_FALSE(isUtf8("\xE8\xA1"));
 }
 
+TEST(Printable, ControlCharactersAndStrayBytesAreReplaced) {
+  EXPECT_EQ(printable("行く\n\x1b[31m\t\x7F"), "行く\n\xEF\xBF\xBD[31m\xEF\xBF\xBD\xEF\xBF\xBD");
+  EXPECT_EQ(printable("\xC2\x9B"), "\xEF\xBF\xBD");  // what ESC [ is in one character
+  EXPECT_EQ(printable("\xC2\xA0"), "\xC2\xA0");
+  EXPECT_EQ(printable("\xE8\xA1"), "\xEF\xBF\xBD\xEF\xBF\xBD");
+  EXPECT_EQ(printable(""), "");
+}
+
 std::vector<std::string> lines(std::string_view text, size_t width, size_t indent) {
   std::vector<std::string> out;
   for (const ByteRange& row : breakLines(text, width, indent)) {
@@ -57,6 +65,12 @@ TEST(BreakLines, BreaksAtBlanks) {
 
 TEST(BreakLines, BreaksAfterWideCharacters) {
   EXPECT_EQ(lines("あいうえおか", 4, 0), (std::vector<std::string>{"あい", "うえ", "おか"}));
+}
+
+TEST(BreakLines, NoLineBeginsWithAClosingMark) {
+  EXPECT_EQ(lines("あい,うえ", 4, 0), (std::vector<std::string>{"あ", "い,", "うえ"}));
+  EXPECT_EQ(lines("あい。うえ", 4, 0), (std::vector<std::string>{"あ", "い。", "うえ"}));
+  EXPECT_EQ(lines("(あい)う", 5, 0), (std::vector<std::string>{"(あ", "い)う"}));
 }
 
 TEST(BreakLines, AWidthOfZeroBreaksNothing) {
