@@ -101,8 +101,18 @@ TEST(EnglishSide, NamesItsSourcesAndFigures) {
   EXPECT_EQ(3u, compilation.summary.valueOf("frequent English words asked for"));
   EXPECT_EQ(2u, compilation.summary.valueOf("frequent words with an entry of their own"));
   EXPECT_EQ(1u, compilation.summary.valueOf("frequent words by derivation"));
+  EXPECT_EQ(1000u, compilation.summary.valueOf("in a thousand frequent words answered"));
   EXPECT_EQ(1u, compilation.summary.leftOutCount(
                     "FreeDict affixes, whose translations are cut short at the source"));
+}
+
+TEST(EnglishSide, TellsTheGapsAmongFrequentWords) {
+  Sources sources;
+  sources.write("cntlist.rev", "go%2:38:00:: 1 9\nquickly%4:02:00:: 1 8\nzebra%1:05:00:: 1 7\n");
+  const Compilation compilation = sources.compile();
+  EXPECT_EQ(666u, compilation.summary.valueOf("in a thousand frequent words answered"));  // two of three
+  EXPECT_EQ(1u, compilation.summary.leftOutCount("frequent English words without an answer"));
+  EXPECT_NE(std::string::npos, compilation.summary.json().find("\"samples\":[\"zebra\"]"));
 }
 
 TEST(EnglishSide, GivesTheSameSetTwice) {

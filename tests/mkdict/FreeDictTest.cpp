@@ -101,6 +101,7 @@ TEST(FreeDict, TellsWhatIsNoEntry) {
   EXPECT_EQ(FreeDict::Fault::kNoWord, faultOf(""));
   EXPECT_EQ(FreeDict::Fault::kNoWord, faultOf("\n犬\n"));
   EXPECT_EQ(FreeDict::Fault::kNoWord, faultOf("00-database-dictfmt-1.13.0\n"));
+  EXPECT_EQ(FreeDict::Fault::kNoWord, faultOf("Unsupported titles/C sharp /x/ <pn>\nシーシャープ\n"));
   EXPECT_EQ(FreeDict::Fault::kNoTranslation, faultOf("x <n>\n"));
   EXPECT_EQ(FreeDict::Fault::kNoTranslation, faultOf("x <n>\n \nproducer of something\n"));
   EXPECT_EQ(FreeDict::Fault::kNoTranslation, faultOf("x <n>\n, , \nregular plurals\n"));

@@ -85,6 +85,7 @@ TEST(GlossIndex, PassesOverRareWordsAndParts) {
   EXPECT_TRUE(Turning().one("狗 [いぬ] /(oK) (n) dog/", "dog", PartOfSpeech::kNoun).empty());
   EXPECT_TRUE(Turning().one("狗 [いぬ] /(n) (arch) dog/", "dog", PartOfSpeech::kNoun).empty());
   EXPECT_TRUE(Turning().one("犬 [いぬ] /(pref) dog/", "dog", PartOfSpeech::kNoun).empty());
+  EXPECT_TRUE(Turning().one("対 [たい] /(n) anti-/(P)/", "anti-", PartOfSpeech::kNoun).empty());
 }
 
 TEST(GlossIndex, WritesKanaWhereThatIsUsual) {

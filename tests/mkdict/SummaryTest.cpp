@@ -27,6 +27,16 @@ TEST(Summary, KeepsFiveSamplesOfAReason) {
             summary.text());
 }
 
+TEST(Summary, KeepsEverySampleForProgramsWhereAsked) {
+  Summary summary;
+  for (const char* word : {"a", "b", "c", "d", "e", "f"}) summary.leftOut("gap", word, true);
+  EXPECT_EQ("Left out or changed:\n          6  gap: a, b, c, d, e, ...\n", summary.text());
+  EXPECT_EQ(
+      "{\"figures\":{},\"left_out\":[{\"reason\":\"gap\",\"count\":6,"
+      "\"samples\":[\"a\",\"b\",\"c\",\"d\",\"e\",\"f\"]}]}",
+      summary.json());
+}
+
 TEST(Summary, IsValidJson) {
   Summary summary;
   EXPECT_EQ("{\"figures\":{},\"left_out\":[]}", summary.json());

@@ -175,8 +175,13 @@ void tellCoverage(const Coverage& coverage, Summary& summary) {
   summary.figure("frequent words with an entry of their own", coverage.itself);
   summary.figure("frequent words by their base form", coverage.byBase);
   summary.figure("frequent words by derivation", coverage.derived);
-  for (const std::string& gap : coverage.gaps)
-    summary.leftOut("frequent English words without an answer", gap);
+  const size_t answered = coverage.asked - coverage.gaps.size();
+  if (coverage.asked > 0) {
+    summary.figure("in a thousand frequent words answered", answered * 1000 / coverage.asked);
+  }
+  for (const std::string& gap : coverage.gaps) {
+    summary.leftOut("frequent English words without an answer", gap, true);
+  }
 }
 
 }  // namespace

@@ -271,7 +271,9 @@ FreeDict::Fault FreeDict::read(std::string_view entry, EnglishWord* word, std::v
   *word = {};
   if (lines.empty()) return Fault::kNoWord;
   const bool affix = !readHeadLine(lines[0], word);
-  if (word->word.empty() || word->word.starts_with("00-database")) return Fault::kNoWord;
+  // The source files words that it has no page name for, "C#", under a title of its own making.
+  const bool title = word->word.starts_with("00-database") || word->word.starts_with("Unsupported titles/");
+  if (word->word.empty() || title) return Fault::kNoWord;
   if (affix) return Fault::kAffix;
 
   unsigned expected = 0;  // number of the sense being read; 0 in an entry without numbers

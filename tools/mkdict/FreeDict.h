@@ -25,7 +25,7 @@ class FreeDict {
  public:
   enum class Fault {
     kNone,
-    kNoWord,         // about the dictionary itself, or an empty headword
+    kNoWord,         // about the dictionary itself, or an empty or artificial headword
     kAffix,          // "-able", "un-": the source has lost the first characters of their translations
     kNoTranslation,  // no translation that can be read as Japanese
   };

@@ -146,6 +146,7 @@ std::optional<std::string> GlossIndex::headword(std::string_view gloss, bool* ve
     if (!letter && c != ' ' && c != '-' && c != '\'' && c != '.') return std::nullopt;
     words += c == ' ' ? 1 : 0;
   }
+  if (gloss.ends_with('-') || gloss.ends_with('\'')) return std::nullopt;  // a part of a word: "anti-"
   if (gloss.ends_with(' ') || (words > kMostWords && lemma(gloss) == nullptr)) return std::nullopt;
   return std::string(gloss);
 }

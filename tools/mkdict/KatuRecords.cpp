@@ -30,8 +30,6 @@ enum Code : uint8_t {
   kProgressive
 };
 
-constexpr size_t kMostItems = engine::kKatuWindow - 2;  // the braces take two bytes
-
 const std::string& label(uint8_t code) {
   static const std::array<std::string, 11> kLabels = [] {
     std::array<std::string, 11> made;
@@ -284,10 +282,8 @@ void KatuRecords::closeOver() {
 void KatuRecords::write(const Paradigm& paradigm) {
   std::string items;
   for (const Item& item : paradigm.items) {
-    std::string text = item.form + ":" + label(item.code);
-    if (items.size() + text.size() + 1 > kMostItems) break;
     if (!items.empty()) items += ',';
-    items += text;
+    items += item.form + ":" + label(item.code);
   }
   KatuRecord record{paradigm.filed, std::move(items)};
   std::sort(record.forms.begin(), record.forms.end());

@@ -36,14 +36,14 @@ void Summary::count(const std::string& name, uint64_t by) {
   figure(name, valueOf(name) + by);
 }
 
-void Summary::leftOut(const std::string& reason, const std::string& sample) {
+void Summary::leftOut(const std::string& reason, const std::string& sample, bool every) {
   auto at = std::find_if(reasons_.begin(), reasons_.end(), [&](const Reason& r) { return r.name == reason; });
   if (at == reasons_.end()) {
     reasons_.push_back({reason, 0, {}});
     at = reasons_.end() - 1;
   }
   ++at->count;
-  if (at->samples.size() < kSamples) at->samples.push_back(sample);
+  if (every || at->samples.size() < kSamples) at->samples.push_back(sample);
 }
 
 uint64_t Summary::valueOf(const std::string& name) const {
@@ -66,8 +66,9 @@ std::string Summary::text() const {
   if (!reasons_.empty()) out += "Left out or changed:\n";
   for (const Reason& reason : reasons_) {
     out += padded(grouped(reason.count)) + "  " + reason.name + ": ";
-    for (size_t i = 0; i < reason.samples.size(); ++i) out += (i == 0 ? "" : ", ") + reason.samples[i];
-    out += reason.count > reason.samples.size() ? ", ...\n" : "\n";
+    const size_t shown = std::min(reason.samples.size(), kSamples);
+    for (size_t i = 0; i < shown; ++i) out += (i == 0 ? "" : ", ") + reason.samples[i];
+    out += reason.count > shown ? ", ...\n" : "\n";
   }
   return out;
 }
