@@ -62,7 +62,7 @@ Span spanOf(size_t begin, const ScrpSTElement& run) {
 // UTF-8 for the eye; what would steer a terminal stays out, whatever a damaged dictionary holds.
 std::string shown(std::string sjis, const TextEncoding& encoding) {
   std::replace(sjis.begin(), sjis.end(), '\r', '\n');
-  return printable(encoding.fromSjisLossy(sjis));
+  return withoutControls(encoding.fromSjisLossy(sjis));
 }
 
 // Converts text[begin, end) piece by piece, a span for each stretch between two runs.

@@ -30,7 +30,7 @@ const TextEncoding& encoding() {
 // UTF-8 for the eye, lines ended by 0x0A.
 std::string toUtf8(std::string sjis) {
   std::replace(sjis.begin(), sjis.end(), '\r', '\n');
-  return printable(encoding().fromSjisLossy(sjis));
+  return withoutControls(encoding().fromSjisLossy(sjis));
 }
 
 bool isLead(char c) {

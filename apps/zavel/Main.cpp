@@ -133,9 +133,12 @@ int run(const std::vector<std::string>& words) {
   Arguments arguments;
   app.set_version_flag("-V,--version", std::string("zavel ") + kVersion);
   addLook(app, arguments);
-  addDict(app, arguments);
-  addCommon(app.add_subcommand("paths", "Print the folders in use"), arguments);
-  addCommon(app.add_subcommand("about", "Version, sources and licences"), arguments);
+  // A look-up is short enough to feel what the options of the others cost.
+  if (words.empty() || words[0] != "look") {
+    addDict(app, arguments);
+    addCommon(app.add_subcommand("paths", "Print the folders in use"), arguments);
+    addCommon(app.add_subcommand("about", "Version, sources and licences"), arguments);
+  }
   app.require_subcommand(0, 1);  // so that a word like "dict" behind `look` is a word
 
   if (!words.empty() && words[0] == "help") return runHelp(app, {words.begin() + 1, words.end()});

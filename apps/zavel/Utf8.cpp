@@ -116,6 +116,17 @@ std::string printable(std::string_view text) {
   return out;
 }
 
+std::string withoutControls(std::string utf8) {
+  // Controls are one byte, or begin with 0xC2. No early end, so that many bytes go at a time.
+  unsigned suspicious = 0;
+  for (const char c : utf8) {
+    const unsigned char byte = static_cast<unsigned char>(c);
+    suspicious |= static_cast<unsigned>(byte < 0x20) & static_cast<unsigned>(byte != '\n');
+    suspicious |= static_cast<unsigned>(byte == 0x7F) | static_cast<unsigned>(byte == 0xC2);
+  }
+  return suspicious ? printable(utf8) : utf8;
+}
+
 bool isUtf8(std::string_view text) {
   while (!text.empty()) {
     char32_t code = 0;

@@ -29,6 +29,9 @@ bool isUtf8(std::string_view text);
 // (0x0A) stay.
 std::string printable(std::string_view text);
 
+// The same for what is UTF-8 already, quick where there is nothing to replace.
+std::string withoutControls(std::string utf8);
+
 // Part of a text, in bytes.
 struct ByteRange {
   size_t begin;

@@ -49,6 +49,9 @@ TEST(Printable, ControlCharactersAndStrayBytesAreReplaced) {
   EXPECT_EQ(printable("\xC2\xA0"), "\xC2\xA0");
   EXPECT_EQ(printable("\xE8\xA1"), "\xEF\xBF\xBD\xEF\xBF\xBD");
   EXPECT_EQ(printable(""), "");
+  for (const char* text : {"行く\n\x1b[31m\t\x7F", "\xC2\x9B", "a\xC2\xA0", "\x7F", "\x1F", "行く\n", ""}) {
+    EXPECT_EQ(withoutControls(text), printable(text)) << text;
+  }
 }
 
 std::vector<std::string> lines(std::string_view text, size_t width, size_t indent) {

@@ -2,7 +2,7 @@
 # The command line as a user meets it: what it prints where, and its exit statuses.
 # Usage: zavel-test.sh ZAVEL MKDICT MAKE-DICTIONARY SOURCE-ROOT
 set -uo pipefail
-zavel=$1 mkdict=$2 make_dictionary=$3 source=$4
+zavel=$(realpath "$1") mkdict=$(realpath "$2") make_dictionary=$3 source=$4
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 unset NO_COLOR CLICOLOR_FORCE FORCE_COLOR ZAVEL_LOG XDG_DATA_HOME XDG_CONFIG_HOME XDG_STATE_HOME XDG_CACHE_HOME
