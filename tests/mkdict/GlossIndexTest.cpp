@@ -85,7 +85,8 @@ TEST(GlossIndex, PassesOverRareWordsAndParts) {
   EXPECT_TRUE(Turning().one("狗 [いぬ] /(oK) (n) dog/", "dog", PartOfSpeech::kNoun).empty());
   EXPECT_TRUE(Turning().one("狗 [いぬ] /(n) (arch) dog/", "dog", PartOfSpeech::kNoun).empty());
   EXPECT_TRUE(Turning().one("犬 [いぬ] /(pref) dog/", "dog", PartOfSpeech::kNoun).empty());
-  EXPECT_TRUE(Turning().one("対 [たい] /(n) anti-/(P)/", "anti-", PartOfSpeech::kNoun).empty());
+  EXPECT_TRUE(Turning().one("分生子 [ぶんせいし] /(n) conidi-/(P)/", "conidi-", PartOfSpeech::kNoun).empty());
+  EXPECT_EQ(Texts{"犬"}, Turning().one("犬 [いぬ] /(n) dog-/", "dog", PartOfSpeech::kNoun));
 }
 
 TEST(GlossIndex, WritesKanaWhereThatIsUsual) {

@@ -146,7 +146,10 @@ std::optional<std::string> GlossIndex::headword(std::string_view gloss, bool* ve
     if (!letter && c != ' ' && c != '-' && c != '\'' && c != '.') return std::nullopt;
     words += c == ' ' ? 1 : 0;
   }
-  if (gloss.ends_with('-') || gloss.ends_with('\'')) return std::nullopt;  // a part of a word: "anti-"
+  // "conidi-" is a part of a word; "anti-" is one as well.
+  if (gloss.ends_with('-') && wordNet_.lemma(gloss.substr(0, gloss.size() - 1)) != nullptr)
+    gloss.remove_suffix(1);
+  if (gloss.ends_with('-') || gloss.ends_with('\'')) return std::nullopt;
   if (gloss.ends_with(' ') || (words > kMostWords && lemma(gloss) == nullptr)) return std::nullopt;
   return std::string(gloss);
 }
