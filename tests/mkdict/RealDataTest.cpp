@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "engine/EngineAPI.h"
+#include "mkdict/FormCode.h"
 #include "support/DicWriter.h"
 
 namespace zavel {
@@ -18,18 +19,7 @@ using Texts = std::vector<std::string>;
 using Words = std::set<std::string>;
 using Forms = std::map<int, Words>;  // by form code
 
-enum Code {
-  kSingular = 1,
-  kPlural,
-  kPositive,
-  kComparative,
-  kSuperlative,
-  kPresent,
-  kThird,
-  kPast,
-  kParticiple,
-  kProgressive
-};
+using namespace mkdict;  // the names of form codes
 
 class RealData : public testing::Test {
  protected:

@@ -22,7 +22,7 @@ target_include_directories(test_mkdict_english PRIVATE ${CMAKE_CURRENT_SOURCE_DI
 
 # Looks words up in what the open data compiles to.
 add_executable(test_mkdict_real RealDataTest.cpp)
-target_include_directories(test_mkdict_real PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+target_include_directories(test_mkdict_real PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/tools)
 target_compile_definitions(test_mkdict_real PRIVATE REAL_DICTIONARY="${REAL_DICTIONARY}")
 target_link_libraries(test_mkdict_real PRIVATE zavel_options zavel_engine zavel_test_support GTest::gtest
   GTest::gtest_main)

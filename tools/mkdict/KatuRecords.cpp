@@ -10,25 +10,12 @@
 #include "engine/KatuyoGenkei.h"
 #include "engine/KatuyoKatati.h"
 #include "engine/KatuyoMidasi.h"
+#include "mkdict/FormCode.h"
 #include "mkdict/Spelling.h"
 #include "mkdict/ToShiftJis.h"
 
 namespace zavel::mkdict {
 namespace {
-
-// Form codes of the engine.
-enum Code : uint8_t {
-  kSingular = 1,
-  kPlural,
-  kPositive,
-  kComparative,
-  kSuperlative,
-  kPresent,
-  kThird,
-  kPast,
-  kParticiple,
-  kProgressive
-};
 
 const std::string& label(uint8_t code) {
   static const std::array<std::string, 11> kLabels = [] {

@@ -8,43 +8,15 @@
 #include <vector>
 
 #include "engine/DicFormat.h"
+#include "mkdict/Utf8.h"
 #include "platform/Platform.h"
 #include "platform/TextEncoding.h"
 
 namespace zavel::mkdict {
 namespace {
 
+// What the platform shows for bytes that the code page does not have.
 constexpr char32_t kReplacement = 0xFFFD;
-
-// One character of well-formed UTF-8 from `at` on, which moves past it; kReplacement for anything else,
-// `at` then moving on by one byte.
-char32_t nextCharacter(std::string_view utf8, size_t* at) {
-  const auto byte = [&](size_t i) { return static_cast<uint8_t>(utf8[i]); };
-  const uint8_t first = byte((*at)++);
-  if (first < 0x80) return first;
-  const int more = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : 1;
-  if (first < 0xC2 || first > 0xF4 || utf8.size() - *at < static_cast<size_t>(more)) return kReplacement;
-  char32_t code = first & (0x3F >> more);
-  for (int i = 0; i < more; ++i) {
-    if ((byte(*at + i) & 0xC0) != 0x80) return kReplacement;
-    code = (code << 6) | (byte(*at + i) & 0x3F);
-  }
-  constexpr char32_t kLeast[] = {0, 0x80, 0x800, 0x10000};
-  if (code < kLeast[more] || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) return kReplacement;
-  *at += more;
-  return code;
-}
-
-void appendUtf8(std::string& out, char32_t code) {
-  if (code < 0x80) {
-    out += static_cast<char>(code);
-    return;
-  }
-  const int more = code >= 0x10000 ? 3 : code >= 0x800 ? 2 : 1;
-  constexpr unsigned kHead[] = {0, 0xC0, 0xE0, 0xF0};
-  out += static_cast<char>(kHead[more] | (code >> (6 * more)));
-  for (int i = more - 1; i >= 0; --i) out += static_cast<char>(0x80 | ((code >> (6 * i)) & 0x3F));
-}
 
 // Letters by Unicode block, from its first code point on; "-" where the block's letter is no business of
 // this table.
@@ -328,8 +300,9 @@ void Characters::readCodePage() {
     const size_t end = utf8.find('\n', at);
     if (end == std::string::npos) return;
     size_t next = at;
-    const char32_t c = nextCharacter(utf8, &next);
-    if (next == end && c != kReplacement && c < twoBytes_.size() && twoBytes_[c] == 0) twoBytes_[c] = code;
+    char32_t c = 0;
+    const bool one = takeUtf8(utf8, &next, &c) && next == end && c != kReplacement;
+    if (one && c < twoBytes_.size() && twoBytes_[c] == 0) twoBytes_[c] = code;
     at = end + 1;
   }
 }
@@ -337,7 +310,8 @@ void Characters::readCodePage() {
 void Characters::addSpelling(char32_t code, std::string_view utf8) {
   std::string sjis;
   for (size_t at = 0; at < utf8.size();) {
-    const char32_t c = nextCharacter(utf8, &at);
+    char32_t c = 0;
+    takeUtf8(utf8, &at, &c);  // of this file, and well-formed
     if (c < 0x80) {
       sjis += static_cast<char>(c);
     } else {
@@ -440,9 +414,8 @@ std::optional<std::string> toShiftJis(std::string_view utf8, std::string* lackin
   out.reserve(utf8.size());
   char32_t last = 0;
   for (size_t at = 0; at < utf8.size();) {
-    const size_t begin = at;
-    const char32_t code = nextCharacter(utf8, &at);
-    const bool broken = code == kReplacement && at == begin + 1;
+    char32_t code = 0;
+    const bool broken = !takeUtf8(utf8, &at, &code);
     if (broken || !appendCharacter(out, code, last)) {
       if (lacking != nullptr) *lacking = broken ? "not UTF-8" : namedCharacter(code);
       return std::nullopt;

@@ -8,7 +8,12 @@
 
 namespace zavel::mkdict {
 
-// Nothing when `utf8` is malformed: overlong, cut short, a surrogate or above U+10FFFF.
+// Takes the character at *at, which moves past it. False when the bytes there are malformed (overlong, cut
+// short, a surrogate or above U+10FFFF); *at then moves on by one.
+bool takeUtf8(std::string_view utf8, size_t* at, char32_t* code);
+void appendUtf8(std::string& out, char32_t code);
+
+// Nothing when any of `utf8` is malformed.
 std::optional<std::u32string> decodeUtf8(std::string_view utf8);
 std::string encodeUtf8(std::u32string_view codes);
 
