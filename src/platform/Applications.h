@@ -1,17 +1,32 @@
-// Other applications: finding a running one by its signature, starting one, and sending it a message.
+// Other applications: finding a running one by its signature or name, starting one, bringing one forward, and
+// sending it a message.
 #ifndef PLATFORM_APPLICATIONS_H
 #define PLATFORM_APPLICATIONS_H
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace zavel {
 
+// Both parts 0: no process.
 struct ProcessNumber {
   uint32_t high = 0;
   uint32_t low = 0;
+
+  auto operator<=>(const ProcessNumber&) const = default;
+};
+
+// A running application. Texts are UTF-8.
+struct RunningApplication {
+  ProcessNumber process;
+  std::string creator;  // four characters
+  std::string type;     // four characters; "APPL" for an application
+  std::string name;     // as it calls itself
+  std::string path;     // of its bundle or program, without a trailing delimiter; empty when it isn't known
 };
 
 // One typed parameter of a message: four-character keyword and type, value as bytes ("long": four bytes,
@@ -44,6 +59,37 @@ class Applications {
   // Sends `message`; with a non-null `reply`, waits for the answer without a time limit and stores its
   // parameters there.
   virtual SendResult send(const ProcessNumber& process, const Message& message, Message* reply) = 0;
+
+  // The operations below have answers of a platform that can't tell, so that a port may bring them one by one.
+
+  // Every application that can be found, this one among them, in the order of their process numbers. An
+  // application keeps its number as long as it runs, and find() gives the first one that fits.
+  virtual std::vector<RunningApplication> running() { return {}; }
+
+  // This application; nothing when it isn't known to the others.
+  virtual std::optional<RunningApplication> current() { return std::nullopt; }
+
+  // The application that the user works in; nothing where there is no such thing.
+  virtual std::optional<ProcessNumber> front() { return std::nullopt; }
+
+  // Asks for the application to come forward. False when there is none of that number. True also where nothing
+  // can come forward, as on a terminal.
+  virtual bool bringToFront(const ProcessNumber& process) {
+    for (const RunningApplication& application : running()) {
+      if (application.process == process) return true;
+    }
+    return false;
+  }
+
+  // Asks for the application at `path` to be started, and doesn't wait for it to run; with `toFront` it comes
+  // forward. False when it can't be started.
+  virtual bool start(const std::string& path, [[maybe_unused]] bool toFront) {
+    ProcessNumber ignored;
+    return launch(path, false, &ignored) >= 0;
+  }
+
+  // Blocks for that long, for those who wait for an application to come up.
+  virtual void pause(double seconds) { std::this_thread::sleep_for(std::chrono::duration<double>(seconds)); }
 };
 
 }  // namespace zavel
