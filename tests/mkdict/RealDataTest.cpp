@@ -616,12 +616,80 @@ TEST_F(RealData, KeepsUnrelatedSynonymsApart) {
   EXPECT_FALSE(headwordsOf("big").contains("large"));
 }
 
+TEST_F(RealData, RefersToNoOtherWordForASpelling) {
+  for (const auto& [word, other] :
+       {std::pair("timber", "timbre"), std::pair("humorous", "humourous"), std::pair("partisan", "partizan"),
+        std::pair("deodorant", "deodourant")}) {
+    for (const std::string& entry : entriesOf(word)) {
+      EXPECT_EQ(std::string::npos, entry.find(other)) << word;
+    }
+  }
+}
+
+// Headword, part of speech and pronunciation of its first entry in that part.
+TEST_F(RealData, ShowsThePronunciationThatMostOfEnglishHas) {
+  const char* const table[][3] = {{"have", "動", "h{v"},
+                                  {"bad", "形", "b{d"},
+                                  {"fish", "名", "fIA\xD8"},
+                                  {"love", "名", "lVv"},
+                                  {"bread", "名", "brEd"},
+                                  {"one", "数", "wVn"},
+                                  {"and", "接", "{nd"},
+                                  {"him", "代", "'hIm"},
+                                  {"use", "名", "jus"},
+                                  {"use", "動", "juz"},
+                                  {"my", "限", "maI"},
+                                  {"with", "前", "wID"},
+                                  {"object", "名", "'AbdZEkt"},
+                                  {"object", "動", "@b'dZEkt"},
+                                  {"abacus", "名", "'{b@k@s"},
+                                  {"wash", "動", "wAA\xD8"},
+                                  {"separate", "動", "'sEp@reIt"},
+                                  {"separate", "形", "'sEp@r@t"}};
+  for (const auto& [word, pos, sound] : table) {
+    std::string first;
+    for (const std::string& entry : entriesOf(word)) {
+      const bool here =
+          headwordOf(entry) == word && entry.find(test::sjis(std::string("-[") + pos)) != std::string::npos;
+      if (here && first.empty()) first = entry;
+    }
+    EXPECT_NE(std::string::npos, first.find(std::string("\x81\x85") + sound + "\x81\x86"))
+        << word << " " << first;
+  }
+}
+
+// "FAR", the floor area ratio; "HE"; "Be", beryllium.
+TEST_F(RealData, MakesNoWordsOfAbbreviationsAndNames) {
+  for (const auto& [word, foreign] : {std::pair("far", "容積率"), std::pair("he", "ヒューマン"),
+                                      std::pair("may", "５月"), std::pair("japan", "大和")}) {
+    for (const std::string& entry : entriesOf(word)) {
+      if (headwordOf(entry) != word) continue;
+      EXPECT_EQ(std::string::npos, entry.find(test::sjis(foreign))) << word;
+    }
+  }
+  EXPECT_EQ(1u, entriesOf("be").size());
+}
+
+TEST_F(RealData, PutsModalVerbsFirst) {
+  for (const char* word : {"can", "may", "must", "will"}) {
+    EXPECT_NE(std::string::npos, entriesOf(word).at(0).find(test::sjis("-[動]"))) << word;
+  }
+}
+
 TEST_F(RealData, LeadsDerivedWordsToTheirBase) {
   const std::pair<const char*, const char*> table[] = {
-      {"thoughtfully", "thoughtful"}, {"vocational", "vocation"},       {"bluntness", "blunt"},
-      {"attractively", "attractive"}, {"nineteenth", "nineteen"},       {"disgracefulness", "disgraceful"},
-      {"gloriously", "glorious"},     {"electronically", "electronic"}, {"fantastically", "fantastic"},
+      {"thoughtfully", "thoughtful"},
+      {"vocational", "vocation"},
+      {"bluntness", "blunt"},
+      {"attractively", "attractive"},
+      {"nineteenth", "nineteen"},
+      {"disgracefulness", "disgraceful"},
+      {"gloriously", "glorious"},
+      {"electronically", "electronic"},
+      {"fantastically", "fantastic"},
       {"genealogist", "genealogy"},
+      {"whom", "who"},
+      {"towards", "toward"},
   };
   for (const auto& [derived, base] : table) {
     EXPECT_TRUE(headwordsOf(derived).contains(base)) << derived;
