@@ -60,7 +60,8 @@ class Applications {
   // parameters there.
   virtual SendResult send(const ProcessNumber& process, const Message& message, Message* reply) = 0;
 
-  // The operations below have answers of a platform that can't tell, so that a port may bring them one by one.
+  // The operations below have answers of a platform that can't tell, so that a port may bring them one by
+  // one.
 
   // Every application that can be found, this one among them, in the order of their process numbers. An
   // application keeps its number as long as it runs, and find() gives the first one that fits.
@@ -72,8 +73,8 @@ class Applications {
   // The application that the user works in; nothing where there is no such thing.
   virtual std::optional<ProcessNumber> front() { return std::nullopt; }
 
-  // Asks for the application to come forward. False when there is none of that number. True also where nothing
-  // can come forward, as on a terminal.
+  // Asks for the application to come forward. False when there is none of that number. True also where
+  // nothing can come forward, as on a terminal.
   virtual bool bringToFront(const ProcessNumber& process) {
     for (const RunningApplication& application : running()) {
       if (application.process == process) return true;
