@@ -124,8 +124,9 @@ bool Look::run(const LookRequest& request, LookResult* result, Failure* failure)
   result->origin = request.word;
   if (request.word.empty()) return true;
   const std::optional<SjisBytes> bytes = encoding().toSjisStrict(request.word);
-  // A character that the dictionary's encoding lacks stands in no headword.
-  if (!bytes) return true;
+  // A character that the dictionary's encoding lacks stands in no headword, and the engine would take what
+  // stands ahead of a NUL for the whole word.
+  if (!bytes || request.word.find('\0') != std::string::npos) return true;
   const std::string& word = bytes->bytes();
   if (word.size() > kLongestWord) {
     *failure = wordTooLong();

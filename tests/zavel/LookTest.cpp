@@ -53,6 +53,16 @@ TEST_F(LookTest, AHeadwordMatchesExactly) {
   EXPECT_EQ(entry.senses[0].glosses, Strings{"教会"});
 }
 
+TEST_F(LookTest, AWordIsNotTakenForWhatStandsAheadOfItsNul) {
+  using namespace std::string_literals;
+  for (const std::string& word : {"church\0"s, "church\0es"s, "\0church"s, "いく\0"s}) {
+    const LookResult result = look(word);
+    EXPECT_TRUE(result.entries.empty());
+    EXPECT_TRUE(result.headwords.empty());
+    EXPECT_TRUE(result.suggestions.empty());
+  }
+}
+
 TEST_F(LookTest, AnInflectedWordSaysWhichFormItIs) {
   const LookResult result = look("goes");
   EXPECT_EQ(result.origin, "go");
