@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,12 @@ class ForkedFileWriter {
   virtual bool close() = 0;
 };
 
+// Whose file it is and of what kind, four characters each.
+struct FileSignature {
+  std::string creator;
+  std::string type;
+};
+
 class ForkedFiles {
  public:
   virtual ~ForkedFiles() = default;
@@ -39,6 +46,11 @@ class ForkedFiles {
   // A file without that record gives an empty record and true.
   virtual bool read(const std::string& path, const char* recordType, uint16_t number, std::string* text,
                     std::string* record) = 0;
+
+  // The codes that the file was created with; nothing for a file that carries none or can't be read.
+  virtual std::optional<FileSignature> signature([[maybe_unused]] const std::string& path) {
+    return std::nullopt;
+  }
 };
 
 }  // namespace zavel

@@ -197,6 +197,28 @@ TEST_F(AppleSingleFilesTest, ReadsALargeResultWhole) {
   EXPECT_EQ(read(), text + "|" + style);
 }
 
+TEST_F(AppleSingleFilesTest, TellsTheCodesThatAFileWasCreatedWith) {
+  ASSERT_TRUE(write("Hi!", "ab"));
+  const std::optional<FileSignature> signature = files_.signature(folder_.file("Result"));
+  ASSERT_TRUE(signature);
+  EXPECT_EQ(signature->type + "|" + signature->creator, "TEXT|ttxt");
+}
+
+TEST_F(AppleSingleFilesTest, FilesWithoutCodesTellNone) {
+  EXPECT_FALSE(files_.signature(folder_.file("nothing")));
+  EXPECT_FALSE(files_.signature(folder_.path()));
+  folder_.write("Result", "");
+  EXPECT_FALSE(files_.signature(folder_.file("Result")));
+  folder_.write("Result", "plain text, more than a head");
+  EXPECT_FALSE(files_.signature(folder_.file("Result")));
+  ASSERT_TRUE(write("Hi!", ""));
+  const std::string good = folder_.read("Result");
+  for (size_t length = 0; length < 26 + 2 * 12 + 32; ++length) {  // head, two entries, Finder information
+    folder_.write("Result", good.substr(0, length));
+    EXPECT_FALSE(files_.signature(folder_.file("Result"))) << length;
+  }
+}
+
 // Every cut and every changed byte of a small file: read or refused, never a read outside.
 TEST_F(AppleSingleFilesTest, StandsEveryDamage) {
   ASSERT_TRUE(write("Hi!", "ab"));

@@ -13,6 +13,7 @@ namespace {
 
 constexpr uint32_t kMagic = 0x00051600;
 constexpr uint32_t kVersion = 0x00020000;
+constexpr size_t kHeadSize = 8;
 constexpr size_t kFillerSize = 16;
 constexpr size_t kCountAt = 24;
 constexpr size_t kEntriesAt = 26;
@@ -21,6 +22,7 @@ constexpr uint32_t kDataForkId = 1;
 constexpr uint32_t kResourceForkId = 2;
 constexpr uint32_t kFinderInfoId = 9;
 constexpr size_t kFinderInfoSize = 32;
+constexpr size_t kCodeSize = 4;
 constexpr size_t kMaxText = size_t{64} * 1024 * 1024;
 constexpr size_t kMaxFile = kMaxText + size_t{17} * 1024 * 1024;
 
@@ -123,6 +125,13 @@ bool AppleSingleWriter::close() {
   return false;
 }
 
+bool isContainer(std::string_view head) {
+  const ByteReader reader(reinterpret_cast<const uint8_t*>(head.data()), head.size());
+  uint32_t magic, version;
+  return reader.readBE32At(0, &magic) && reader.readBE32At(4, &version) && magic == kMagic &&
+         version == kVersion;
+}
+
 // The bytes of entry `id`; `present` tells whether there is one. False when the container is damaged.
 bool findEntry(std::string_view bytes, uint32_t id, std::string_view* part, bool* present) {
   const ByteReader reader(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());
@@ -144,10 +153,7 @@ bool findEntry(std::string_view bytes, uint32_t id, std::string_view* part, bool
 
 bool readContainer(std::string_view bytes, const char* recordType, uint16_t number, std::string* text,
                    std::string* record) {
-  const ByteReader reader(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());
-  uint32_t magic, version;
-  if (!reader.readBE32At(0, &magic) || !reader.readBE32At(4, &version)) return false;
-  if (magic != kMagic || version != kVersion) return false;
+  if (!isContainer(bytes)) return false;
   std::string_view data, resources;
   bool hasData, hasResources;
   if (!findEntry(bytes, kDataForkId, &data, &hasData) || !hasData) return false;
@@ -182,6 +188,20 @@ bool AppleSingleFiles::read(const std::string& path, const char* recordType, uin
   text->clear();
   record->clear();
   return false;
+}
+
+std::optional<FileSignature> AppleSingleFiles::signature(const std::string& path) {
+  // Most files that are asked about are no containers; those needn't be read whole.
+  char head[kHeadSize];
+  const std::unique_ptr<StorageFile> file = storage().open(path, OpenMode::kRead);
+  if (!file || file->readAt(0, head, kHeadSize) != kHeadSize) return std::nullopt;
+  std::string bytes;
+  if (!isContainer({head, kHeadSize}) || !readWholeFile(path, kMaxFile, &bytes)) return std::nullopt;
+  std::string_view info;
+  bool present;
+  if (!findEntry(bytes, kFinderInfoId, &info, &present) || info.size() < 2 * kCodeSize) return std::nullopt;
+  return FileSignature{std::string(info.substr(kCodeSize, kCodeSize)),
+                       std::string(info.substr(0, kCodeSize))};
 }
 
 }  // namespace zavel

@@ -21,6 +21,7 @@ class AppleSingleFiles : public ForkedFiles {
                                            const char* creator) override;
   bool read(const std::string& path, const char* recordType, uint16_t number, std::string* text,
             std::string* record) override;
+  std::optional<FileSignature> signature(const std::string& path) override;
 };
 
 }  // namespace zavel
