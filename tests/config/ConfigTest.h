@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "platform/Folders.h"
-#include "platform/Platform.h"
+#include "platform/ForwardingPlatform.h"
 #include "platform/ToolRunner.h"
 #include "platform/Value.h"
 
@@ -36,14 +36,9 @@ class FakeTools : public ToolRunner {
 };
 
 // The port's services, but with FakeFolders and, unless `realTools` is set, FakeTools.
-class TestPlatform : public Platform {
+class TestPlatform : public ForwardingPlatform {
  public:
-  TextEncoding& encoding() override { return defaultPlatform().encoding(); }
-  PropertyLists& propertyLists() override { return defaultPlatform().propertyLists(); }
-  FontMetrics& fonts() override { return defaultPlatform().fonts(); }
-  ForkedFiles& forkedFiles() override { return defaultPlatform().forkedFiles(); }
   ToolRunner& tools() override;
-  Applications& applications() override { return defaultPlatform().applications(); }
   Folders& folders() override { return fakeFolders; }
 
   FakeFolders fakeFolders;

@@ -17,7 +17,7 @@
 #include "platform/Applications.h"
 #include "platform/FontMetrics.h"
 #include "platform/ForkedFiles.h"
-#include "platform/Platform.h"
+#include "platform/ForwardingPlatform.h"
 #include "support/DicWriter.h"
 
 namespace zavel::test {
@@ -82,18 +82,14 @@ class MemoryForkedFiles : public ForkedFiles {
 };
 
 // The port's platform with services of the test's own in front, in use as long as it lives.
-class TestPlatform : public Platform {
+class TestPlatform : public ForwardingPlatform {
  public:
   TestPlatform() : before_(setPlatform(this)) {}
   ~TestPlatform() override { setPlatform(before_); }
 
-  TextEncoding& encoding() override { return defaultPlatform().encoding(); }
-  PropertyLists& propertyLists() override { return defaultPlatform().propertyLists(); }
   FontMetrics& fonts() override { return fontMetrics ? *fontMetrics : defaultPlatform().fonts(); }
   ForkedFiles& forkedFiles() override { return forked ? *forked : defaultPlatform().forkedFiles(); }
-  ToolRunner& tools() override { return defaultPlatform().tools(); }
   Applications& applications() override { return programs ? *programs : defaultPlatform().applications(); }
-  Folders& folders() override { return defaultPlatform().folders(); }
 
   FontMetrics* fontMetrics = nullptr;
   ForkedFiles* forked = nullptr;

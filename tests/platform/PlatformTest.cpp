@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/LinuxPlatform.h"
+#include "support/FakePlatform.h"
 
 namespace zavel {
 namespace {
@@ -20,6 +21,29 @@ TEST(Platform, GivesTheSameServiceEachTime) {
   EXPECT_EQ(&platform().encoding(), &platform().encoding());
   EXPECT_EQ(&platform().propertyLists(), &platform().propertyLists());
   EXPECT_EQ(&platform().forkedFiles(), &platform().forkedFiles());
+}
+
+TEST(Platform, AHostReplacesSingleServices) {
+  const test::FakePlatform host;
+  EXPECT_EQ(&platform().userServices(), &host.user);
+  EXPECT_EQ(&platform().bundle(), &host.ownBundle);
+  EXPECT_EQ(&platform().encoding(), &defaultPlatform().encoding());
+  EXPECT_EQ(&platform().propertyLists(), &defaultPlatform().propertyLists());
+  EXPECT_EQ(&platform().fonts(), &defaultPlatform().fonts());
+  EXPECT_EQ(&platform().forkedFiles(), &defaultPlatform().forkedFiles());
+  EXPECT_EQ(&platform().tools(), &defaultPlatform().tools());
+  EXPECT_EQ(&platform().applications(), &defaultPlatform().applications());
+  EXPECT_EQ(&platform().folders(), &defaultPlatform().folders());
+  EXPECT_EQ(&platform().runLoop(), &defaultPlatform().runLoop());
+  EXPECT_EQ(&platform().children(), &defaultPlatform().children());
+  EXPECT_EQ(&platform().userDefaults(), &defaultPlatform().userDefaults());
+}
+
+TEST(Platform, PutsOneReplacementOverAnother) {
+  test::FakePlatform below;
+  ForwardingPlatform above(&below);
+  EXPECT_EQ(&above.userServices(), &below.user);
+  EXPECT_EQ(&above.bundle(), &below.ownBundle);
 }
 
 }  // namespace

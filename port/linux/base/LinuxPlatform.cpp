@@ -3,9 +3,13 @@
 
 namespace zavel {
 
-Platform& defaultPlatform() {
+LinuxPlatform& linuxPlatform() {
   static LinuxPlatform platform;
   return platform;
+}
+
+Platform& defaultPlatform() {
+  return linuxPlatform();
 }
 
 }  // namespace zavel

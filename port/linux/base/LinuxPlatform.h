@@ -1,14 +1,20 @@
-// The light half of the Linux port: every service of the platform that a look-up needs.
+// The light half of the Linux port: every service of the platform, those that need more loading it when first
+// used.
 #ifndef PORT_LINUX_BASE_LINUXPLATFORM_H
 #define PORT_LINUX_BASE_LINUXPLATFORM_H
 
 #include "base/AppleSingleFiles.h"
 #include "base/IconvTextEncoding.h"
+#include "base/LinuxBundle.h"
 #include "base/LinuxFolders.h"
+#include "base/LinuxRunLoop.h"
+#include "base/LoopChildProcesses.h"
 #include "base/NoApplications.h"
 #include "base/NominalFontMetrics.h"
 #include "base/PlistPropertyLists.h"
+#include "base/PlistUserDefaults.h"
 #include "base/SpawnToolRunner.h"
+#include "base/TerminalUserServices.h"
 #include "platform/Platform.h"
 
 namespace zavel {
@@ -23,6 +29,11 @@ class LinuxPlatform : public Platform {
   ToolRunner& tools() override { return tools_; }
   Applications& applications() override { return applications_; }
   Folders& folders() override { return folders_; }
+  LinuxRunLoop& runLoop() override { return runLoop_; }
+  ChildProcesses& children() override { return children_; }
+  UserDefaults& userDefaults() override { return userDefaults_; }
+  UserServices& userServices() override { return userServices_; }
+  LinuxBundle& bundle() override { return bundle_; }
 
  private:
   IconvTextEncoding encoding_;
@@ -32,7 +43,15 @@ class LinuxPlatform : public Platform {
   SpawnToolRunner tools_;
   NoApplications applications_;
   LinuxFolders folders_;
+  LinuxRunLoop runLoop_;
+  LoopChildProcesses children_{runLoop_};
+  PlistUserDefaults userDefaults_{propertyLists_, folders_};
+  TerminalUserServices userServices_;
+  LinuxBundle bundle_{propertyLists_};
 };
+
+// The one behind defaultPlatform(). A host that is one of the known applications gives its signature here.
+LinuxPlatform& linuxPlatform();
 
 }  // namespace zavel
 
