@@ -115,10 +115,40 @@ TEST(GlossIndex, ShowsSixCommonAndThreeOtherTranslations) {
   for (const bool common : {true, false}) {
     Turning turning;
     for (const char* word : {"一", "二", "三", "四", "五", "六", "七"}) {
-      turning.line(std::string(word) + " [よ] /(n) dog/" + (common ? "(P)/" : ""));
+      turning.line(std::string(word) + " [" + word + "] /(n) dog/" + (common ? "(P)/" : ""));
     }
     EXPECT_EQ(common ? 6u : 3u, turning.of("dog", PartOfSpeech::kNoun).translations.size());
   }
+}
+
+TEST(GlossIndex, ShowsOneSpellingOfAWord) {
+  Turning turning;
+  turning.line("鋤く [すく] /(v5k) to eat/(P)/");
+  turning.line("梳く [すく] /(v5k) to eat/(P)/");
+  turning.line("イーター [イーター] /(v1) to eat/(P)/");
+  turning.line("イー・ター [イー・ター] /(v1) to eat/(P)/");
+  const GlossIndex::Turned eat = turning.of("eat", PartOfSpeech::kVerb);
+  EXPECT_EQ((Texts{"鋤く", "イーター"}), eat.translations);
+  EXPECT_EQ((Texts{"鋤く", "梳く", "イーター", "イー・ター"}), eat.ranked);
+}
+
+TEST(GlossIndex, PassesOverSensesFarDownBesideAMainOne) {
+  const auto down = [](int senses) {
+    std::string line = "上げる [あげる] /(v1) ";
+    for (int i = 1; i < senses; ++i)
+      line += "(" + std::to_string(i) + ") to x" + std::string(static_cast<size_t>(i), 'y') + "/";
+    return line + "(" + std::to_string(senses) + ") to eat/(P)/";
+  };
+  for (const int senses : {6, 7}) {  // 150 and 180 behind
+    Turning turning;
+    turning.line("食べる [たべる] /(v1) to eat/(P)/");
+    turning.line(down(senses));
+    EXPECT_EQ(senses == 6 ? (Texts{"食べる", "上げる"}) : Texts{"食べる"},
+              turning.of("eat", PartOfSpeech::kVerb).translations);
+  }
+  Turning alone;
+  alone.line(down(7));
+  EXPECT_EQ(Texts{"上げる"}, alone.of("eat", PartOfSpeech::kVerb).translations);
 }
 
 TEST(GlossIndex, TakesWordsThatWordNetLacksAfterTheirJapanese) {

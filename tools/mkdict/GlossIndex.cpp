@@ -2,6 +2,7 @@
 #include "mkdict/GlossIndex.h"
 
 #include <algorithm>
+#include <set>
 #include <tuple>
 
 #include "mkdict/EdictLabels.h"
@@ -26,6 +27,18 @@ constexpr uint32_t kDisagreement = 30;  // the two languages use different parts
 constexpr uint32_t kPhrase = 40;        // a Japanese phrase, abbreviation or slang for an English word
 constexpr uint32_t kLoan = 25;          // the English word itself in katakana says the least
 constexpr uint32_t kPerCharacter = 2;   // from the fifth character on: long words tend to be paraphrases
+
+constexpr uint32_t kFar = 150;  // behind the best candidate: five senses further down
+
+// A reading in hiragana, without long marks and dots: "メールマガジン" and "メール・マガジン" are one word.
+std::u32string soundOf(std::string_view reading) {
+  std::u32string out;
+  for (const char32_t code : decodeUtf8(reading).value_or(std::u32string())) {
+    if (code == U'ー' || code == U'・') continue;
+    out += code >= U'ァ' && code <= U'ヶ' ? code - U'ァ' + U'ぁ' : code;
+  }
+  return out;
+}
 
 bool takePrefix(std::string_view* text, std::string_view prefix) {
   if (!text->starts_with(prefix)) return false;
@@ -253,7 +266,8 @@ void GlossIndex::addGloss(const EdictLine& line, const EdictSense& sense, std::s
   if (hasCode(sense.pos, "exp") || hasCode(sense.remarks, "abbr") || hasCode(sense.remarks, "sl")) {
     score += kPhrase;
   }
-  if (std::all_of(characters->begin(), characters->end(), isKatakana)) score += kLoan;
+  const auto isLoan = [](char32_t code) { return isKatakana(code) || code == U'・'; };
+  if (std::all_of(characters->begin(), characters->end(), isLoan)) score += kLoan;
   if (characters->size() > 4) score += kPerCharacter * static_cast<uint32_t>(characters->size() - 4);
   if (!line.common) score += kUncommon;
 
@@ -262,8 +276,8 @@ void GlossIndex::addGloss(const EdictLine& line, const EdictSense& sense, std::s
                                 Slot{*word, choice->pos, choice->known, {}})
                    .first->second;
   slot.word = std::max(slot.word, *word);  // "red" rather than "Red" where both occur
-  slot.candidates.push_back(
-      {score, arrivals_++, line.common, japanese, kana && !line.written.empty() ? line.written : ""});
+  slot.candidates.push_back({score, arrivals_++, line.common, japanese,
+                             kana && !line.written.empty() ? line.written : "", soundOf(line.reading)});
 }
 
 void GlossIndex::add(const EdictLine& line) {
@@ -285,10 +299,15 @@ std::vector<GlossIndex::Turned> GlossIndex::take() {
       return std::pair(a.score, a.order) < std::pair(b.score, b.order);
     });
     Turned turned{slot.word, slot.pos, {}, {}, false, slot.known};
+    std::set<std::u32string> sounds;
+    const uint32_t worst = slot.candidates.front().score + kFar;
     for (const Candidate& candidate : slot.candidates) {
       turned.common = turned.common || candidate.common;
       const size_t most = candidate.common ? kMostCommon : kMostOthers;
-      if (turned.translations.size() < most) addNew(turned.translations, candidate.japanese);
+      if (turned.translations.size() < most && candidate.score <= worst &&
+          sounds.insert(candidate.sound).second) {
+        addNew(turned.translations, candidate.japanese);
+      }
       if (turned.ranked.size() >= kMostRanked) continue;
       addNew(turned.ranked, candidate.japanese);
       if (!candidate.written.empty()) addNew(turned.ranked, candidate.written);

@@ -35,7 +35,8 @@ class GlossIndex {
   };
 
   // All of them, ordered by word and part of speech. Up to six common translations; others only fill up to
-  // three. The index is then empty.
+  // three. One spelling of a word is enough, and what explains the headword in one of many senses only stands
+  // beside what does so in the first ones. The index is then empty.
   static constexpr size_t kMostRanked = 24;
   std::vector<Turned> take();
 
@@ -50,7 +51,8 @@ class GlossIndex {
     uint32_t order;  // of arrival, parts equals
     bool common;
     std::string japanese;
-    std::string written;  // beside a word that is usually written in kana
+    std::string written;   // beside a word that is usually written in kana
+    std::u32string sound;  // its reading, the same for all its spellings
   };
   struct Slot {
     std::string word;
