@@ -11,6 +11,11 @@ struct ToolResult {
   bool started = false;  // false: the program could not be started, the rest is empty
   int exitStatus = -1;   // 0 to 255; 128 + signal number when a signal ended it
   std::string output;    // bytes of standard output
+
+  // Why it ended, other than by itself. Both may be true of a tool that got a moment to end and used it,
+  // whatever its exit status is then.
+  bool interrupted = false;  // interrupt() was called while it ran
+  bool stopped = false;      // it wrote too much, or went on for too long with its output closed
 };
 
 class ToolRunner {
@@ -18,6 +23,10 @@ class ToolRunner {
   virtual ~ToolRunner() = default;
   // Runs `program` (an absolute path) with `arguments`, standard input empty, and waits for its end.
   virtual ToolResult run(const std::string& program, const std::vector<std::string>& arguments) = 0;
+
+  // Ends the tool that runs, so that run() returns soon. Without one it does nothing, to later ones neither.
+  // May be called from a signal handler and from another thread.
+  virtual void interrupt() {}
 };
 
 }  // namespace zavel

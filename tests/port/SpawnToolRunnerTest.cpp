@@ -3,8 +3,11 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <chrono>
 
 #include "support/TempFolder.h"
 
@@ -85,11 +88,201 @@ TEST_F(SpawnToolRunnerTest, StopsAToolThatWritesWithoutEnd) {
   const ToolResult result = tools_.run("/bin/cat", {"/dev/zero"});
   EXPECT_EQ(result.output.size(), 64u * 1024 * 1024);
   EXPECT_EQ(result.exitStatus, 128 + SIGKILL);
+  EXPECT_TRUE(result.stopped);
+}
+
+TEST_F(SpawnToolRunnerTest, RunsWithTheStandardDescriptorsClosed) {
+  // In a child of its own, which has nothing to tell but its status.
+  const pid_t pid = ::fork();
+  ASSERT_GE(pid, 0);
+  if (pid == 0) {
+    ::close(0);
+    ::close(1);
+    ::close(2);
+    const ToolResult result = shell("cat; echo end");
+    ::_exit(result.output == "end\n" && result.exitStatus == 0 ? 0 : 1);
+  }
+  int status = -1;
+  EXPECT_EQ(::waitpid(pid, &status, 0), pid);
+  EXPECT_EQ(status, 0);
 }
 
 TEST_F(SpawnToolRunnerTest, LeavesNoChildBehind) {
   shell("exit 0");
   EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
+}
+
+// Runs with short limits, so that a test of one takes no longer than it must.
+class HelpedTools : public testing::Test {
+ protected:
+  static ToolLimits limits() {
+    ToolLimits limits;
+    limits.closed = std::chrono::milliseconds(200);
+    limits.asked = std::chrono::milliseconds(200);
+    limits.leftBehind = std::chrono::milliseconds(200);
+    return limits;
+  }
+  ToolResult shell(const std::string& script) {
+    const auto begin = std::chrono::steady_clock::now();
+    const ToolResult result = tools_.run("/bin/sh", {"-c", script});
+    took_ = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+    return result;
+  }
+
+  SpawnToolRunner tools_{limits()};
+  double took_ = 0;  // seconds, of the last run
+};
+
+TEST_F(HelpedTools, NeedNoHelpWhenTheyEnd) {
+  const ToolResult result = shell("echo a; sleep 0.5; echo b; exit 7");
+  EXPECT_EQ(result.output, "a\nb\n");
+  EXPECT_EQ(result.exitStatus, 7);
+  EXPECT_FALSE(result.stopped);
+  EXPECT_FALSE(result.interrupted);
+}
+
+TEST_F(HelpedTools, AreAskedToEndWhenTheyRunOnWithTheirOutputClosed) {
+  const ToolResult result = shell("echo a; exec sleep 30 >&-");
+  EXPECT_EQ(result.output, "a\n");
+  EXPECT_EQ(result.exitStatus, 128 + SIGTERM);
+  EXPECT_TRUE(result.stopped);
+  EXPECT_FALSE(result.interrupted);
+  EXPECT_GE(took_, 0.2);
+  EXPECT_LT(took_, 5);
+}
+
+TEST_F(HelpedTools, MayRunOnForAMomentWithTheirOutputClosed) {
+  const ToolResult result = shell("exec >&-; sleep 0.05; exit 3");
+  EXPECT_EQ(result.exitStatus, 3);
+  EXPECT_FALSE(result.stopped);
+}
+
+TEST_F(HelpedTools, AreKilledWhenTheyDontEndOnRequest) {
+  const ToolResult result = shell("trap '' TERM; exec >&-; while :; do sleep 0.05; done");
+  EXPECT_EQ(result.exitStatus, 128 + SIGKILL);
+  EXPECT_TRUE(result.stopped);
+  EXPECT_GE(took_, 0.4);
+  EXPECT_LT(took_, 5);
+}
+
+TEST_F(HelpedTools, AreNotWaitedForByWhatTheyLeaveBehind) {
+  const ToolResult result = shell("sleep 3 & echo a; exit 5");
+  EXPECT_EQ(result.output, "a\n");
+  EXPECT_EQ(result.exitStatus, 5);
+  EXPECT_FALSE(result.stopped);
+  EXPECT_GE(took_, 0.2);
+  EXPECT_LT(took_, 2);
+}
+
+TEST_F(HelpedTools, GetTheOutputOfWhatTheyLeaveBehindForAMoment) {
+  const ToolResult result = shell("(sleep 0.05; echo late) & echo a; exit 0");
+  EXPECT_EQ(result.output, "a\nlate\n");
+}
+
+TEST_F(HelpedTools, WhatTheyLeaveBehindMayNotWriteWithoutEnd) {
+  ToolLimits few = limits();
+  few.output = 100000;
+  SpawnToolRunner tools(few);
+  const ToolResult result = tools.run("/bin/sh", {"-c", "cat /dev/zero & exit 0"});
+  EXPECT_EQ(result.exitStatus, 0);
+  EXPECT_EQ(result.output.size(), 100000u);
+}
+
+// Interrupts this process after a moment, by a signal whose handler interrupts the tool, as a host's does.
+SpawnToolRunner* g_interrupted = nullptr;
+
+class InterruptedTools : public HelpedTools {
+ protected:
+  InterruptedTools() {
+    g_interrupted = &tools_;
+    struct sigaction action = {};
+    action.sa_handler = [](int) { g_interrupted->interrupt(); };
+    ::sigaction(SIGALRM, &action, &before_);
+  }
+  ~InterruptedTools() override {
+    alarmAfter(0, 0);
+    ::sigaction(SIGALRM, &before_, nullptr);
+  }
+  static void alarmAfter(long milliseconds, long again = 0) {
+    const struct itimerval timer = {{0, again * 1000}, {0, milliseconds * 1000}};
+    ::setitimer(ITIMER_REAL, &timer, nullptr);
+  }
+  struct sigaction before_ = {};
+};
+
+TEST_F(InterruptedTools, EndOnRequest) {
+  alarmAfter(100);
+  const ToolResult result = shell("echo a; exec sleep 30");
+  EXPECT_EQ(result.output, "a\n");
+  EXPECT_EQ(result.exitStatus, 128 + SIGTERM);
+  EXPECT_TRUE(result.interrupted);
+  EXPECT_FALSE(result.stopped);
+  EXPECT_LT(took_, 5);
+}
+
+TEST_F(InterruptedTools, MayTidyUp) {
+  alarmAfter(100);
+  const ToolResult result = shell("trap 'echo tidy; exit 9' TERM; echo a; while :; do sleep 0.02; done");
+  EXPECT_EQ(result.output, "a\ntidy\n");
+  EXPECT_EQ(result.exitStatus, 9);
+  EXPECT_TRUE(result.interrupted);
+}
+
+TEST_F(InterruptedTools, AreKilledWhenTheyDontEnd) {
+  alarmAfter(100);
+  const ToolResult result = shell("trap '' TERM; while :; do sleep 0.02; done");
+  EXPECT_EQ(result.exitStatus, 128 + SIGKILL);
+  EXPECT_TRUE(result.interrupted);
+  EXPECT_GE(took_, 0.3);
+  EXPECT_LT(took_, 5);
+}
+
+TEST_F(InterruptedTools, AreKilledAtOnceByASecondInterrupt) {
+  ToolLimits patient = limits();
+  patient.asked = std::chrono::seconds(30);
+  SpawnToolRunner tools(patient);
+  g_interrupted = &tools;
+  alarmAfter(100, 100);
+  const ToolResult result = tools.run("/bin/sh", {"-c", "trap '' TERM; while :; do sleep 0.02; done"});
+  EXPECT_EQ(result.exitStatus, 128 + SIGKILL);
+  EXPECT_TRUE(result.interrupted);
+}
+
+TEST_F(InterruptedTools, TellWhenTheyWouldHaveEndedAnyway) {
+  alarmAfter(100);
+  const ToolResult result = shell("trap 'exit 0' TERM; while :; do sleep 0.02; done");
+  EXPECT_EQ(result.exitStatus, 0);
+  EXPECT_TRUE(result.interrupted);
+}
+
+TEST_F(InterruptedTools, LeaveTheNextOneAlone) {
+  tools_.interrupt();
+  EXPECT_EQ(shell("sleep 0.1; exit 4").exitStatus, 4);
+  tools_.interrupt();
+  const ToolResult result = shell("sleep 0.1; exit 4");
+  EXPECT_EQ(result.exitStatus, 4);
+  EXPECT_FALSE(result.interrupted);
+}
+
+TEST_F(InterruptedTools, OneOfMany) {
+  alarmAfter(100);
+  EXPECT_TRUE(shell("exec sleep 30").interrupted);
+  const ToolResult next = shell("echo next");
+  EXPECT_EQ(next.output, "next\n");
+  EXPECT_EQ(next.exitStatus, 0);
+  EXPECT_FALSE(next.interrupted);
+}
+
+TEST_F(InterruptedTools, OtherSignalsDontDisturb) {
+  struct sigaction action = {};
+  action.sa_handler = [](int) {};
+  ::sigaction(SIGALRM, &action, nullptr);
+  alarmAfter(5, 5);
+  const ToolResult result =
+      shell("for i in 1 2 3 4 5; do head -c 100000 /dev/zero; sleep 0.02; done; exit 3");
+  EXPECT_EQ(result.output.size(), 500000u);
+  EXPECT_EQ(result.exitStatus, 3);
+  EXPECT_FALSE(result.interrupted);
 }
 
 }  // namespace
