@@ -42,3 +42,18 @@ function(zavel_test name)
   target_link_libraries(${name} PRIVATE zavel_options ${arg_LINKS} GTest::gtest GTest::gtest_main)
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
 endfunction()
+
+# zavel_port_module(NAME SOURCES... LINKS targets...): a part of the port that programs load when they need it. It
+# stands in the libraries' folder of build tree and installed tree alike, below "zavel", and shares no C++ library
+# with the program that loads it.
+function(zavel_port_module name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} MODULE ${arg_SOURCES})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/port/linux)
+  target_link_libraries(${name} PRIVATE zavel_options ${arg_LINKS})
+  target_link_options(${name} PRIVATE -Wl,--as-needed)
+  set_target_properties(${name} PROPERTIES PREFIX ""
+    LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR}/zavel)
+  add_dependencies(zavel_port_base ${name})
+  install(TARGETS ${name} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/zavel COMPONENT Runtime)
+endfunction()

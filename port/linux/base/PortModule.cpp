@@ -1,4 +1,4 @@
-// Tests: tests/port/PortModuleTest.cpp
+// Tests: tests/port/ProgramPlacesTest.cpp
 #include "base/PortModule.h"
 
 #include <dlfcn.h>
