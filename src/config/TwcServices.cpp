@@ -2,12 +2,12 @@
 #include "config/TwcServices.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 #include <new>
 #include <string>
 #include <string_view>
 
+#include "config/NewString.h"
 #include "config/SjisClassWalk.h"
 #include "foundation/Storage.h"
 #include "platform/Folders.h"
@@ -25,16 +25,8 @@ std::string_view cutToBytes(std::string_view text, size_t limit) {
   return text.substr(0, limit);
 }
 
-char* newString(std::string_view text) {
-  char* copy = static_cast<char*>(std::malloc(text.size() + 1));
-  if (!copy) return nullptr;
-  std::copy(text.begin(), text.end(), copy);
-  copy[text.size()] = '\0';
-  return copy;
-}
-
 char* copyOfPath(const char* path) {
-  return path ? newString(path) : nullptr;
+  return path ? zavel::newString(path) : nullptr;
 }
 
 // Makes each folder on the way to `path` that is not there.
@@ -72,7 +64,7 @@ int32_t twcCreateFolder(const char* path) try {
 char* twcUserFolderCreateCopy(void) try {
   const std::string home = zavel::platform().folders().home();
   if (home.empty() || home.size() > kMaxPathBytes) return nullptr;
-  return newString(home);
+  return zavel::newString(home);
 } catch (const std::bad_alloc&) {
   return nullptr;
 }

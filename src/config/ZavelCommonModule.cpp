@@ -13,6 +13,7 @@
 #include "config/ByteStrings.h"
 #include "config/SjisClassWalk.h"
 #include "foundation/Storage.h"
+#include "platform/Bundle.h"
 #include "platform/Folders.h"
 #include "platform/Log.h"
 #include "platform/Platform.h"
@@ -34,13 +35,16 @@ constexpr unsigned char kCarriageReturn = 13;
 constexpr unsigned char kUtf8PunctuationLead = 0xE2;
 constexpr unsigned char kUtf8PunctuationTrail = 0x80;
 
-// Localised signs, under the names by which the English engine's punctuation is described.
-constexpr char kShortHyphen[] = "\u2013";
-constexpr char kLongHyphen[] = "\u2014";
-constexpr char kHidariApostrophe[] = "\u2018";
-constexpr char kMigiApostrophe[] = "\u2019";
-constexpr char kHidariQuote[] = "\u201C";
-constexpr char kMigiQuote[] = "\u201D";
+// Localized texts of typographic signs, and what the English engine wants for them.
+struct PlainSign {
+  const char* key;
+  const char* plain;
+};
+
+constexpr PlainSign kPlainSigns[] = {
+    {"ShortHyphen", "-"},    {"LongHyphen", "-"},   {"HidariApostrophe", "'"},
+    {"MigiApostrophe", "'"}, {"HidariQuote", "\""}, {"MigiQuote", "\""},
+};
 
 unsigned char byteAt(const std::string& bytes, size_t index) {
   return index < bytes.size() ? static_cast<unsigned char>(bytes[index]) : 0;
@@ -234,12 +238,11 @@ std::optional<std::string> ZavelCommonModule::readTextOfFile(const std::string& 
 
 void ZavelCommonModule::assistEngTranslateSentence(std::string* text) {
   ReplaceString2(text, *text, ".\")", ".\" )");
-  ReplaceString2(text, *text, kShortHyphen, "-");
-  ReplaceString2(text, *text, kLongHyphen, "-");
-  ReplaceString2(text, *text, kHidariApostrophe, "'");
-  ReplaceString2(text, *text, kMigiApostrophe, "'");
-  ReplaceString2(text, *text, kHidariQuote, "\"");
-  ReplaceString2(text, *text, kMigiQuote, "\"");
+  for (const PlainSign& sign : kPlainSigns) {
+    const std::string typographic = platform().bundle().localized(sign.key);
+    // A key without a text comes back as it is, and words of the text must not be taken for it.
+    if (typographic != sign.key) ReplaceString2(text, *text, typographic, sign.plain);
+  }
 }
 
 std::optional<std::string> ZavelCommonModule::convertEntities(const std::optional<std::string>& text) const {

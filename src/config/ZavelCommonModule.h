@@ -1,4 +1,4 @@
-// Text and folder services that all the rest shares.
+// Text, folder and process services that all the rest shares.
 #ifndef CONFIG_ZAVELCOMMONMODULE_H
 #define CONFIG_ZAVELCOMMONMODULE_H
 
@@ -8,6 +8,7 @@
 #include <string>
 
 #include "config/ZavelColor.h"
+#include "platform/Applications.h"
 #include "platform/Value.h"
 
 namespace zavel {
@@ -58,7 +59,9 @@ class ZavelCommonModule {
   static std::optional<std::string> readTextOfFile(const std::string& path);
 
   // Plain punctuation for the English engine, in place: a blank in the middle of `.")`, plain hyphens,
-  // apostrophes and quotation marks for typographic ones.
+  // apostrophes and quotation marks for the localized texts of "ShortHyphen", "LongHyphen",
+  // "HidariApostrophe", "MigiApostrophe", "HidariQuote" and "MigiQuote". A text that is missing from the
+  // resources replaces nothing.
   static void assistEngTranslateSentence(std::string* text);
 
   // Replaces each entity of the table by its character, from the first row to the last. Nothing gives
@@ -94,6 +97,28 @@ class ZavelCommonModule {
   // Path forms: the same path. unixPathToFSspec is true when something is there; false leaves `fsspec`.
   static bool unixPathToFSspec(const std::string& path, std::string* fsspec);
   static std::string unixPathToClassic(const std::string& path);
+
+  // --- Processes ---
+
+  static constexpr int kProcessFound = 0;
+  static constexpr int kNoSuchProcess = -600;
+
+  // The first running application of a creator and type, four characters each, or of a name. kProcessFound or
+  // kNoSuchProcess; `process` is then the number 0.
+  static int getPSN2Creator(const std::string& creator, const std::string& type, ProcessNumber* process);
+  static int getPSN2Name(const std::string& name, ProcessNumber* process);
+
+  // Steps from `process`, at first the number 0, to the next running application. True at the end, with the
+  // number 0. One that ended since the last step is passed over.
+  static bool getNextPSN(ProcessNumber* process);
+
+  // Finds a running application by the file name of its bundle; false leaves `process`.
+  static bool targetApplicationName(const std::string& name, ProcessNumber* process);
+
+  // Starts the application at `path` and looks for it by the last component. 1 it runs and `process` is
+  // filled, 0 it was started and doesn't run yet, -1 it could not be started. With `until` it looks again
+  // every 3 seconds, 20 times, and blocks as long.
+  static int launchedApplication(const std::string& path, ProcessNumber* process, bool until);
 
  private:
   Value entityArray_;  // list of maps with "entity" and "character"; null when it could not be read

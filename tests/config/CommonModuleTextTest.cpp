@@ -174,7 +174,31 @@ TEST(JudgeText, AZeroByteHoldsTheClassOfTheByteBeforeIt) {
 
 // --- English punctuation ---
 
-TEST(AssistEngTranslateSentence, MakesPunctuationPlain) {
+class AssistEngTranslateSentence : public ConfigTest {
+ protected:
+  AssistEngTranslateSentence() {
+    platform.fakeBundle.texts = {{"ShortHyphen", "\u2013"},      {"LongHyphen", "\u2014"},
+                                 {"HidariApostrophe", "\u2018"}, {"MigiApostrophe", "\u2019"},
+                                 {"HidariQuote", "\u201C"},      {"MigiQuote", "\u201D"}};
+  }
+};
+
+TEST_F(AssistEngTranslateSentence, TakesTheSignsOfTheUsersLanguage) {
+  platform.fakeBundle.texts = {{"ShortHyphen", "‐"},     {"LongHyphen", "ー"},  {"HidariApostrophe", "「"},
+                               {"MigiApostrophe", "」"}, {"HidariQuote", "『"}, {"MigiQuote", "』"}};
+  std::string text = "a‐bーc「d」e『f』\u2013";
+  Module::assistEngTranslateSentence(&text);
+  EXPECT_EQ(text, "a-b-c'd'e\"f\"\u2013");
+}
+
+TEST_F(AssistEngTranslateSentence, AMissingTextReplacesNothing) {
+  platform.fakeBundle.texts = {{"LongHyphen", "\u2014"}, {"MigiQuote", ""}};
+  std::string text = "ShortHyphen\u2014\u2013MigiApostrophe";
+  Module::assistEngTranslateSentence(&text);
+  EXPECT_EQ(text, "ShortHyphen-\u2013MigiApostrophe");
+}
+
+TEST_F(AssistEngTranslateSentence, MakesPunctuationPlain) {
   const TrimRow rows[] = {
       {"(He said \"no.\") (\"Go.\")", "(He said \"no.\" ) (\"Go.\" )"},
       {"a\u2013b\u2014c\u2013", "a-b-c-"},

@@ -33,6 +33,47 @@ ToolResult FakeTools::run(const std::string& program, const std::vector<std::str
   return answer;
 }
 
+std::optional<ProcessNumber> FakeApplications::find(const std::string& creator, const std::string& type) {
+  for (const RunningApplication& application : list) {
+    if (application.creator == creator && application.type == type) return application.process;
+  }
+  return std::nullopt;
+}
+
+SendResult FakeApplications::send(const ProcessNumber& process, const Message& message, Message* reply) {
+  calls.push_back("send " + std::to_string(process.high) + "." + std::to_string(process.low));
+  sent.push_back(message);
+  replyWanted = reply != nullptr;
+  return sendResult;
+}
+
+bool FakeApplications::bringToFront(const ProcessNumber& process) {
+  calls.push_back("front " + std::to_string(process.high) + "." + std::to_string(process.low));
+  return Applications::bringToFront(process);
+}
+
+bool FakeApplications::start(const std::string& path, bool toFront) {
+  started.push_back(path + (toFront ? "|front" : ""));
+  if (canStart) comeUp();
+  return canStart;
+}
+
+void FakeApplications::pause(double seconds) {
+  pauses.push_back(seconds);
+  comeUp();
+}
+
+void FakeApplications::comeUp() {
+  if (!comingUp || static_cast<int>(pauses.size()) < pausesBefore) return;
+  list.push_back(*comingUp);
+  comingUp.reset();
+}
+
+std::string FakeBundle::localized(const std::string& key) {
+  const auto text = texts.find(key);
+  return text == texts.end() ? key : text->second;
+}
+
 ToolRunner& TestPlatform::tools() {
   if (realTools) return defaultPlatform().tools();
   return fakeTools;
@@ -83,6 +124,10 @@ void ConfigTest::makeFolder(const std::string& path) {
 
 const std::vector<std::string>& ConfigTest::log() {
   return g_log;
+}
+
+void ConfigTest::clearLog() {
+  g_log.clear();
 }
 
 }  // namespace zavel::test
