@@ -122,6 +122,45 @@ TEST(StyledText, RefusesARecordThatContradictsItself) {
   EXPECT_FALSE(decodeStyledText("go", raw("\xFF\xFF") + one));
 }
 
+// Whatever a byte is changed to: what is still read has its styles in order and covers the text.
+TEST(StyledText, StandsEveryChangedByteAndEveryLength) {
+  const std::string record = raw("\0\2") + run(0, 1, kRedBytes) + run(3, 0, kBlackBytes);
+  const std::string text = "go\r\x8D\x73\x82\xAD";
+  const auto expectWhole = [](const std::optional<AttributedText>& read) {
+    if (!read) return;
+    size_t at = 0;
+    for (const AttributedText::Run& r : read->runs()) {
+      ASSERT_EQ(r.range.start, at);
+      at = r.range.end();
+    }
+    ASSERT_EQ(at, read->length());
+  };
+  int refused = 0;
+  for (size_t i = 0; i < record.size(); ++i) {
+    EXPECT_EQ(decodeStyledText(text, record.substr(0, i)).has_value(), i == 0);
+    for (int value = 0; value < 256; ++value) {
+      std::string damaged = record;
+      damaged[i] = static_cast<char>(value);
+      const auto read = decodeStyledText(text, damaged);
+      refused += read ? 0 : 1;
+      expectWhole(read);
+    }
+  }
+  // The count: 255 other values for each of its bytes. The first offset: above 3 it stands behind the second,
+  // so 255 values for each of its three high bytes and 252 for the low one.
+  EXPECT_EQ(refused, 2 * 255 + 3 * 255 + 252);
+  for (size_t i = 0; i < text.size(); ++i) {
+    expectWhole(decodeStyledText(text.substr(0, i), record));
+    for (int value = 0; value < 256; ++value) {
+      std::string damaged = text;
+      damaged[i] = static_cast<char>(value);
+      const auto read = decodeStyledText(damaged, record);
+      ASSERT_TRUE(read);
+      expectWhole(read);
+    }
+  }
+}
+
 TEST(StyledTextFile, ReadsWhatTheManagerWrites) {
   const test::TempFolder folder;
   MirellDictionaryManager manager;
