@@ -19,8 +19,7 @@ class WorkStyles : public ConfigTest {
   static std::vector<std::string> names(StyleLanguage language) {
     std::vector<std::string> names;
     const Value styles = defaultStyles(language);
-    for (const Value& style : *styles.find("Style")->asArray())
-      names.push_back(style.find("Name")->string());
+    for (const Value& style : *styles.find("Style")->asArray()) names.push_back(style.find("Name")->string());
     return names;
   }
 };
