@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <thread>
@@ -57,7 +58,9 @@ class Applications {
   virtual int launch(const std::string& path, bool wait, ProcessNumber* process) = 0;
 
   // Sends `message`; with a non-null `reply`, waits for the answer without a time limit and stores its
-  // parameters there.
+  // parameters there. kNotBuilt when a code is not four characters or there is more than can be carried,
+  // kNotSent when the application isn't there, ends before it has answered, or doesn't understand the
+  // message.
   virtual SendResult send(const ProcessNumber& process, const Message& message, Message* reply) = 0;
 
   // The operations below have answers of a platform that can't tell, so that a port may bring them one by
@@ -87,6 +90,17 @@ class Applications {
   virtual bool start(const std::string& path, [[maybe_unused]] bool toFront) {
     ProcessNumber ignored;
     return launch(path, false, &ignored) >= 0;
+  }
+
+  // Makes this application known to the others as `self` (its process number doesn't count), in place of what
+  // it was known as, and calls `receive` for each message that comes, through the run loop. The parameters of
+  // the message that it gives are the answer; its class and id don't count. Nothing: it doesn't understand
+  // the message, and the sender is told kNotSent. `toFront`, which may be empty, is called when another asks
+  // this one to come forward. False where the others can't be reached.
+  using Receiver = std::function<std::optional<Message>(const Message&)>;
+  virtual bool announce([[maybe_unused]] const RunningApplication& self, [[maybe_unused]] Receiver receive,
+                        [[maybe_unused]] std::function<void()> toFront) {
+    return false;
   }
 
   // Blocks for that long, for those who wait for an application to come up.

@@ -4,12 +4,12 @@
 #define PORT_LINUX_BASE_LINUXPLATFORM_H
 
 #include "base/AppleSingleFiles.h"
+#include "base/DesktopApplications.h"
 #include "base/IconvTextEncoding.h"
 #include "base/LinuxBundle.h"
 #include "base/LinuxFolders.h"
 #include "base/LinuxRunLoop.h"
 #include "base/LoopChildProcesses.h"
-#include "base/NoApplications.h"
 #include "base/NominalFontMetrics.h"
 #include "base/PlistPropertyLists.h"
 #include "base/PlistUserDefaults.h"
@@ -41,9 +41,9 @@ class LinuxPlatform : public Platform {
   NominalFontMetrics fonts_;
   AppleSingleFiles forkedFiles_;
   SpawnToolRunner tools_;
-  NoApplications applications_;
   LinuxFolders folders_;
   LinuxRunLoop runLoop_;
+  DesktopApplications applications_{runLoop_};
   LoopChildProcesses children_{runLoop_};
   PlistUserDefaults userDefaults_{propertyLists_, folders_};
   TerminalUserServices userServices_;

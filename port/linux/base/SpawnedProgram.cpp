@@ -22,7 +22,8 @@ class SpawnSetup {
     ::posix_spawnattr_init(&attributes_);
     ready_ = put(request.input, STDIN_FILENO, O_RDONLY) && put(request.output, STDOUT_FILENO, O_WRONLY) &&
              (!request.quiet || put(-1, STDERR_FILENO, O_WRONLY)) &&
-             ::posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1) == 0 && resetSignals();
+             ::posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1) == 0 &&
+             setAttributes(request.ownSession);
   }
   ~SpawnSetup() {
     ::posix_spawn_file_actions_destroy(&actions_);
@@ -45,14 +46,15 @@ class SpawnSetup {
   }
 
   // A host may ignore or block signals that a program relies on, SIGPIPE first of all.
-  bool resetSignals() {
+  bool setAttributes(bool ownSession) {
+    const int flags = POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK | (ownSession ? POSIX_SPAWN_SETSID : 0);
     sigset_t all;
     sigset_t none;
     ::sigfillset(&all);
     ::sigemptyset(&none);
     return ::posix_spawnattr_setsigdefault(&attributes_, &all) == 0 &&
            ::posix_spawnattr_setsigmask(&attributes_, &none) == 0 &&
-           ::posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK) == 0;
+           ::posix_spawnattr_setflags(&attributes_, static_cast<short>(flags)) == 0;
   }
 
   posix_spawn_file_actions_t actions_;

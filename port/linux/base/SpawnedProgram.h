@@ -16,6 +16,7 @@ struct SpawnRequest {
   std::vector<std::string> environment;  // "NAME=value", on top of this process's
   int input = -1;                        // its standard input, over 2; -1: empty
   int output = -1;                       // its standard output, over 2; -1: dropped
+  bool ownSession = false;               // it survives this process's terminal
   bool quiet = false;                    // standard error is dropped; else it is this process's
 };
 
