@@ -1,5 +1,7 @@
 #include "BaseDictionary.h"
 
+#include <algorithm>
+
 #include "engine/ChangeMidasi.h"
 #include "engine/DicFormat.h"
 #include "support/DicWriter.h"
@@ -82,6 +84,17 @@ const std::vector<std::string>& baseNames() {
                                                  "katu.dic", "katu.ix3", "katu.idx", "je.dic",   "je.ix3",
                                                  "je.idx",   "ke.ix3",   "ke.idx"};
   return names;
+}
+
+Sides changedSides(const std::map<std::string, std::string>& files) {
+  const auto changed = [&files](const std::string& name) {
+    const auto file = files.find(name);
+    return file == files.end() || file->second != baseDictionary().at(name);
+  };
+  const auto japanese = baseNames().begin() + 8;
+  const bool e = std::any_of(baseNames().begin(), japanese, changed);
+  const bool j = std::any_of(japanese, baseNames().end(), changed);
+  return {e || !j, j || !e};
 }
 
 const std::map<std::string, std::string>& baseUserSets() {

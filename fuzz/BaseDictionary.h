@@ -10,7 +10,15 @@ namespace zavel::fuzz {
 
 // The thirteen files by name.
 const std::map<std::string, std::string>& baseDictionary();
+
+// Their names, those of the English side first.
 const std::vector<std::string>& baseNames();
+
+// Which sides differ from the sound files; both when neither does. Searches of a sound side find nothing new.
+struct Sides {
+  bool english, japanese;
+};
+Sides changedSides(const std::map<std::string, std::string>& files);
 
 // Files of one user English and one user Japanese set, with headers and one continuation kanji index, by
 // name ("ueej.dic", "ujkna.idx", "uj001.idx", ...).

@@ -13,8 +13,7 @@ void overwrite(Input& input, std::string& file, size_t at, size_t length) {
   file.replace(at, bytes.size(), bytes);
 }
 
-void addCopies(Input& input, std::string& file, size_t at, size_t length) {
-  const size_t wanted = input.word();
+void addCopies(Input& input, std::string& file, size_t at, size_t wanted, size_t length) {
   const std::string bytes = input.bytes(length);
   if (bytes.empty() || file.size() >= kMaxFile) return;
   const size_t count = std::min(wanted, (kMaxFile - file.size()) / bytes.size());
@@ -43,8 +42,10 @@ void damage(Input& input, std::map<std::string, std::string>& files, const std::
       files.erase(name);
     } else if (what < 0xE0) {
       file.insert(at, input.bytes(what & 0x1F));
-    } else if (what < 0xF0) {
-      addCopies(input, file, at, (what & 0x0F) + 1u);
+    } else if (what < 0xEF) {
+      addCopies(input, file, at, input.byte(), (what & 0x0F) + 1u);
+    } else if (what == 0xEF) {
+      addCopies(input, file, at, input.word(), 8);
     } else {
       file = input.bytes(input.word());
     }

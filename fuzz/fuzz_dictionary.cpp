@@ -6,11 +6,26 @@
 #include "engine/EngineAPI.h"
 #include "support/DicWriter.h"
 
+namespace {
+
+using namespace zavel::fuzz;
+
+void searchEnglishSide(const std::string& word) {
+  for (const char* english : {"go", "cha", "colour", "goer", "a"}) searchEnglish(english, 1);
+  for (const char* english : {"went", "churches"}) conjugate(english);
+  searchEnglish(word, 1);
+  conjugate(word);
+}
+
+void searchJapaneseSide(const std::string& word) {
+  for (const char* japanese : {"いく", "行く", "こう", "か", "公園"})
+    searchJapanese(zavel::test::sjis(japanese), 1);
+  searchJapanese(word, 1);
+}
+
+}  // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  using namespace zavel::fuzz;
-  static const std::vector<std::string> japanese = {zavel::test::sjis("いく"), zavel::test::sjis("行く"),
-                                                    zavel::test::sjis("こう"), zavel::test::sjis("か"),
-                                                    zavel::test::sjis("公園")};
   if (size > 4096) return 0;
   Input input(data, size);
   const std::string word = input.shortText();
@@ -18,16 +33,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   damage(input, files, baseNames());
   MemoryStorage disk;
   for (const auto& [name, content] : files) disk.files["d/" + name] = content;
-  if (InitAPI("d/", nullptr, nullptr) == 1) {
-    for (const std::string& english : {std::string("go"), std::string("cha"), std::string("colour"),
-                                       std::string("goer"), std::string("a"), word}) {
-      searchEnglish(english, 1);
-    }
-    for (const std::string& english : {std::string("went"), std::string("churches"), word})
-      conjugate(english);
-    for (const std::string& one : japanese) searchJapanese(one, 1);
-    searchJapanese(word, 1);
-    EndAPI();
-  }
+  if (InitAPI("d/", nullptr, nullptr) != 1) return 0;
+  const Sides sides = changedSides(files);
+  if (sides.english) searchEnglishSide(word);
+  if (sides.japanese) searchJapaneseSide(word);
+  EndAPI();
   return 0;
 }

@@ -10,6 +10,7 @@
 #include "mkdict/FreeDict.h"
 #include "mkdict/GlossIndex.h"
 #include "mkdict/Pronunciation.h"
+#include "mkdict/PronunciationChoice.h"
 #include "mkdict/ToShiftJis.h"
 #include "mkdict/WordNet.h"
 
@@ -42,6 +43,7 @@ void readEdict(std::string_view text) {
   for (const GlossIndex::Turned& turned : glosses.take())
     fuzz::demand(isValidUtf8(turned.word), "a turned gloss is UTF-8");
   fuzz::demand(isValidUtf8(compilation.summary.text()), "the summary is UTF-8");
+  fuzz::demand(isValidUtf8(compilation.summary.json()), "as JSON too");
 }
 
 void encodeWord(const EnglishWord& word) {
@@ -52,7 +54,7 @@ void encodeWord(const EnglishWord& word) {
   for (const EnglishSense& sense : word.senses) {
     if (const auto encoded = EntryText::sense(sense, nullptr)) draft.senses.push_back(*encoded);
   }
-  const std::string_view ipa = Pronunciation::choose(word.ipa);
+  const std::string_view ipa = choosePronunciation(word.ipa, word.word, word.pos, word.senses.size() > 1);
   Pronunciation::sounds(word.word, ipa);
   draft.pronunciation = Pronunciation::encode(word.word, ipa);
   EntryText::of(draft);

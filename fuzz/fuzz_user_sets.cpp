@@ -7,6 +7,7 @@
 #include "engine/DicFormat.h"
 #include "engine/EngineAPI.h"
 #include "engine/Frame.h"
+#include "engine/Index3.h"
 #include "engine/UserImi.h"
 #include "support/DicWriter.h"
 
@@ -20,6 +21,8 @@ void locate(const std::string& word, uint16_t type) {
   info.word = word;
   if (engine::GetIdxInfo(&info, type) != engine::kOk) return;
   fuzz::demand(info.ix3Matches <= info.ix3Count, "no more matches than rows");
+  std::vector<uint32_t> offsets;
+  engine::GetDicOfset(type, engine::kSetUser, info.ix3Offset, &offsets);
   const std::string key = info.word;
   std::string block;
   uint16_t count = 0;
