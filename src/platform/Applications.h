@@ -11,6 +11,8 @@
 #include <thread>
 #include <vector>
 
+#include "foundation/Export.h"
+
 namespace zavel {
 
 // Both parts 0: no process.
@@ -46,7 +48,7 @@ struct Message {
 
 enum class SendResult { kSent, kNotBuilt, kNotSent };
 
-class Applications {
+class ZAVEL_API Applications {
  public:
   virtual ~Applications() = default;
 

@@ -6,9 +6,11 @@
 #include <optional>
 #include <string>
 
+#include "foundation/Export.h"
+
 namespace zavel {
 
-class Bundle {
+class ZAVEL_API Bundle {
  public:
   virtual ~Bundle() = default;
 

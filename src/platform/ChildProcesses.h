@@ -1,5 +1,5 @@
-// Programs that run beside the host: started without a shell, fed and read through pipes, their end told by the
-// run loop.
+// Programs that run beside the host: started without a shell, fed and read through pipes, their end told by
+// the run loop.
 #ifndef PLATFORM_CHILDPROCESSES_H
 #define PLATFORM_CHILDPROCESSES_H
 
@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "foundation/Export.h"
 
 namespace zavel {
 
@@ -25,8 +27,9 @@ struct ChildEvents {
   std::function<void(int exitStatus)> terminated;
 };
 
-// A started program. Letting go of one that still runs ends it (SIGTERM, then SIGKILL) and calls nothing more.
-class ChildProcess {
+// A started program. Letting go of one that still runs ends it (SIGTERM, then SIGKILL) and calls nothing
+// more.
+class ZAVEL_API ChildProcess {
  public:
   virtual ~ChildProcess() = default;
   virtual bool isRunning() const = 0;
@@ -34,7 +37,7 @@ class ChildProcess {
   virtual void terminate() = 0;
 };
 
-class ChildProcesses {
+class ZAVEL_API ChildProcesses {
  public:
   virtual ~ChildProcesses() = default;
   // Null when it can't be started. No descriptor of the host reaches the program but the three standard ones;

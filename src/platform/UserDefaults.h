@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "foundation/Export.h"
 #include "platform/Value.h"
 
 namespace zavel {
@@ -11,7 +12,7 @@ namespace zavel {
 // An identifier is either a name ("local.tarnwick.TWEDBrowser": a property list of that name in the user's
 // preferences folder) or the absolute path of a property list without ".plist". Nothing is kept in memory:
 // each call reads the file, so processes see each other's changes.
-class UserDefaults {
+class ZAVEL_API UserDefaults {
  public:
   virtual ~UserDefaults() = default;
 

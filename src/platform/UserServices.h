@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "foundation/Export.h"
+
 namespace zavel {
 
 struct Alert {
@@ -15,7 +17,7 @@ struct Alert {
   std::vector<std::string> buttons;  // the first is the default one; localized
 };
 
-class UserServices {
+class ZAVEL_API UserServices {
  public:
   virtual ~UserServices() = default;
 

@@ -32,3 +32,7 @@ for host in "$folder/build/host-cpp" "$folder/pc-cpp"; do
   origin=$("$host" "$dictionary/" goes) || { echo "$host failed"; exit 1; }
   [ "$origin" = go ] || { echo "$host: goes leads to \"$origin\", not to go"; exit 1; }
 done
+
+# The library finds modules and texts in the tree that was moved, whatever the current folder is.
+services=$(cd / && LC_ALL=ja_JP.UTF-8 "$folder/build/host-services" 2>&1) || { echo "host-services failed"; exit 1; }
+[ "$services" = $'alert 図\ntimer 1 child 7' ] || { echo "host-services says: $services"; exit 1; }

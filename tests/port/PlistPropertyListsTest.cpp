@@ -665,6 +665,38 @@ TEST(PlistFiles, LeavesTheOldFileWhenTheNewOneCanNotBeWritten) {
   EXPECT_EQ(folder.read("a.plist"), old);
 }
 
+TEST(PlistFiles, AreSafeOnTheDiskBeforeTheyTakeTheOldOnesPlace) {
+  TempFolder folder;
+  PlistPropertyLists lists;
+  FaultyStorage disk;
+  EXPECT_TRUE(lists.writeFile(folder.file("a.plist"), everyKind(), kXml));
+  std::vector<std::string> kinds;
+  for (const std::string& entry : disk.history()) {
+    kinds.push_back(entry.substr(0, entry.find(' ')));
+    EXPECT_NE(entry.find(" " + folder.path()), std::string::npos) << entry;  // the temporary file, too
+  }
+  EXPECT_EQ(kinds,
+            (std::vector<std::string>{"openTemporary", "writeAt", "sync", "close", "rename", "syncFolder"}));
+}
+
+TEST(PlistFiles, AreOldOrNewWhateverCallOfTheDiskFails) {
+  TempFolder folder;
+  PlistPropertyLists lists;
+  const std::string old = xml("<true/>");
+  const std::string made = lists.serialize(everyKind(), kXml);
+  for (const auto repeat : {FaultyStorage::kOnce, FaultyStorage::kForEver}) {
+    for (long n = 1; n <= 7; ++n) {
+      folder.write("a.plist", old);
+      FaultyStorage disk;
+      disk.failAt(n, repeat);
+      // The seventh would be one more than there are. The sixth, after the rename, is the folder's sync.
+      EXPECT_EQ(lists.writeFile(folder.file("a.plist"), everyKind(), kXml), n == 7) << n;
+      EXPECT_EQ(disk.faults() > 0, n < 7);
+      EXPECT_EQ(folder.read("a.plist"), n < 6 ? old : made) << n;
+    }
+  }
+}
+
 TEST(PlistFiles, TellsOfMissingAndUnreadableFiles) {
   TempFolder folder;
   PlistPropertyLists lists;
