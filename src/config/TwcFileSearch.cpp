@@ -10,7 +10,6 @@
 
 #include "config/NewString.h"
 #include "config/TwcServices.h"
-#include "foundation/Storage.h"
 #include "platform/ForkedFiles.h"
 #include "platform/Platform.h"
 
@@ -32,8 +31,9 @@ std::vector<std::string> filesIn(const std::string& folder) {
   std::vector<std::string> files;
   std::error_code error;
   for (std::filesystem::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
-    const std::string path = folder + "/" + it->path().filename().string();
-    if (zavel::storage().exists(path) && !zavel::storage().isFolder(path)) files.push_back(path);
+    // Nothing but files: reading a pipe would wait for whoever writes it.
+    std::error_code unknown;
+    if (it->is_regular_file(unknown)) files.push_back(folder + "/" + it->path().filename().string());
   }
   return files;
 }

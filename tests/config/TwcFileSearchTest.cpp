@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -47,6 +49,12 @@ TEST_F(TwcFileSearch, FindsTheFilesOfACreatorAndTypeByName) {
   EXPECT_EQ(search("ttxt", "TEXT", 0), Names{});
   EXPECT_EQ(search("ttxt", "styl", 1), Names{"d"});
   EXPECT_EQ(search("TEXT", "ttxt", 1), Names{});
+}
+
+TEST_F(TwcFileSearch, DoesNotWaitForAPipe) {
+  ASSERT_EQ(::mkfifo(at("f/pipe").c_str(), 0600), 0);
+  create("a", "TEXT", "ttxt");
+  EXPECT_EQ(search("ttxt", "TEXT", 1), Names{"a"});
 }
 
 TEST_F(TwcFileSearch, DoesNotLookIntoSubfolders) {
