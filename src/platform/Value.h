@@ -8,11 +8,13 @@
 #include <variant>
 #include <vector>
 
+#include "foundation/Export.h"
+
 namespace zavel {
 
 // Null, boolean, integer, real, string (UTF-8), data (bytes), date (seconds since 2001-01-01 UTC), list,
 // map. Copies are deep. The typed getters never fail: a value of another type gives the fallback.
-class Value {
+class ZAVEL_API Value {
  public:
   using Array = std::vector<Value>;
   using Dict = std::map<std::string, Value>;
