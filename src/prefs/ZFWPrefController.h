@@ -1,0 +1,69 @@
+// The preference panel: one tab for each area of settings.
+#ifndef PREFS_ZFWPREFCONTROLLER_H
+#define PREFS_ZFWPREFCONTROLLER_H
+
+#include <string>
+#include <vector>
+
+#include "platform/Value.h"
+#include "prefs/ZFWDictTabView.h"
+#include "ui/Panel.h"
+
+namespace zavel {
+
+class ZAVEL_API ZFWPrefController {
+ public:
+  // Whoever makes the panel tells it what is installed.
+  class Owner {
+   public:
+    virtual ~Owner() = default;
+    // The known books: maps with at least "Name".
+    virtual Value::Array twedDictList() = 0;
+  };
+
+  // A tab of the panel.
+  struct Item {
+    std::string identifier;
+    std::string label;
+    std::string tooltip;
+  };
+
+  ZFWPrefController();
+
+  // initZavelLex:  Loads the preferences. `owner` is asked only here and in reload().
+  void initZavelLex(Owner& owner);
+
+  // Loads the preferences anew.
+  void reload(Owner& owner) { dictTab_.loadPreferences(owner.twedDictList()); }
+
+  ZFWDictTabView& dictTab() { return dictTab_; }
+  const ZFWDictTabView& dictTab() const { return dictTab_; }
+
+  const Panel& panel() const { return panel_; }
+  Panel& panel() { return panel_; }
+  // In the panel's order: dictionaries, translation, web search, feeds.
+  const std::vector<Item>& items() const { return items_; }
+  // Identifier of the tab that is up.
+  const std::string& selectedItem() const { return selectedItem_; }
+
+  void showDictPanel() { show(kDictPref); }
+  void showRssPanel() { show(kRssPref); }
+  void hide() { panel_.close(); }
+
+  static constexpr const char* kDictPref = "ZFWDictPref";
+  static constexpr const char* kTransPref = "ZFWTransPref";
+  static constexpr const char* kSearchPref = "ZFWSearchPref";
+  static constexpr const char* kRssPref = "ZFWRssPref";
+
+ private:
+  void show(const char* item);
+
+  Panel panel_;
+  ZFWDictTabView dictTab_;
+  std::vector<Item> items_;
+  std::string selectedItem_;
+};
+
+}  // namespace zavel
+
+#endif

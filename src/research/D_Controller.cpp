@@ -1,0 +1,12 @@
+#include "research/D_Controller.h"
+
+namespace zavel {
+
+void D_Controller::initialize(const Rect& frame, const void* parentWindow, BusyIndicator* progress) {
+  view_.setFrame(frame);
+  view_.addChild(queryField_);
+  parentWindow_ = parentWindow;
+  progress_ = progress;
+}
+
+}  // namespace zavel

@@ -1,0 +1,7 @@
+#include "research/ZFWiPodController.h"
+
+namespace zavel {
+
+std::unique_ptr<ZFWiPodController> gZFWiPod;
+
+}  // namespace zavel

@@ -1,0 +1,16 @@
+#include "translate/W_Controller.h"
+
+namespace zavel {
+
+void W_Controller::initialize(const Rect& frame, const void* parentWindow, BusyIndicator* progress) {
+  view_.setFrame(frame);
+  view_.addChild(webView_);
+  parentWindow_ = parentWindow;
+  progress_ = progress;
+}
+
+void W_Controller::clear() {
+  query_ = SjisBytes();
+}
+
+}  // namespace zavel

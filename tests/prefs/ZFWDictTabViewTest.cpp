@@ -1,0 +1,326 @@
+#include "prefs/ZFWDictTabView.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+
+#include "config/ZFWPlistController.h"
+#include "config/ZavelPath.h"
+#include "platform/Folders.h"
+#include "platform/Log.h"
+#include "platform/NotificationCenter.h"
+#include "platform/PropertyLists.h"
+#include "prefs/ZFWPrefController.h"
+#include "support/FakePlatform.h"
+#include "support/TempFolder.h"
+
+namespace zavel::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class HomeFolders : public Folders {
+ public:
+  std::string root() override { return path; }
+  std::string home() override { return path; }
+  std::string path;
+};
+
+class HomePlatform : public FakePlatform {
+ public:
+  Folders& folders() override { return homeFolders; }
+  HomeFolders homeFolders;
+};
+
+Value item(const char* type, const char* title, const char* status) {
+  return Value::Dict{{"dictType", type}, {"dictTitle", title}, {"selectStatus", status}};
+}
+
+Value book(const char* name) {
+  return Value::Dict{{"Name", name}};
+}
+
+class DictTab : public ::testing::Test {
+ protected:
+  DictTab() {
+    platform.homeFolders.path = folder.path();
+    std::filesystem::create_directories(folder.file("Library/Preferences"));
+    useEdition("/nowhere/general");
+  }
+  ~DictTab() override {
+    gZFWPlist.reset();
+    zavelPathTerminate();
+  }
+
+  // An edition is told by the path of the table that was loaded, even of one that isn't there.
+  static void useEdition(const char* table) {
+    const LogSink sink = setLogSink([](const std::string&) {});
+    zavelPathInitialize();
+    zavelPathLoadDictAndHelper(table);
+    setLogSink(sink);
+    gZFWPlist = std::make_unique<ZFWPlistController>();
+  }
+
+  static void store(const Value::Array& items) {
+    ASSERT_TRUE(gZFWPlist->setItem(items, "ZFWDictTabKey", "ZFWDictTabTWEDItem"));
+  }
+  static Lines stored() { return linesOf(gZFWPlist->itemForKey("ZFWDictTabKey", "ZFWDictTabTWEDItem")); }
+  static Value storedApplet() { return gZFWPlist->itemForKey("ZFWDictTabKey", "ZFWDictTabAppletItem"); }
+
+  // "type title status"
+  static Lines linesOf(const Value& items) {
+    Lines lines;
+    for (const Value& entry : *items.asArray()) {
+      lines.push_back(entry.find("dictType")->string() + " " + entry.find("dictTitle")->string() + " " +
+                      entry.find("selectStatus")->string());
+    }
+    return lines;
+  }
+  static Lines linesOf(const ZFWDictTabView& tab) { return linesOf(Value(tab.dictListArray())); }
+
+  TempFolder folder;
+  HomePlatform platform;
+};
+
+// --- Building the list ---
+
+TEST_F(DictTab, AFirstStartListsBothDictionariesAndTheBooks) {
+  platform.ownBundle.texts["StandardDictionary"] = "Standard";
+  platform.ownBundle.texts["TranslationDictionary"] = "Translation";
+  ZFWDictTabView tab;
+  tab.loadPreferences({book("B"), book("A")});
+  const Lines expected = {"oType Standard YES", "tType Translation YES", "sType B NO", "sType A NO"};
+  EXPECT_EQ(linesOf(tab), expected);
+  EXPECT_EQ(stored(), expected);
+  EXPECT_EQ(storedApplet(), Value(0));
+  EXPECT_EQ(tab.selectedDict(), 5);
+}
+
+TEST_F(DictTab, TheMedicalEditionHasNoBilingualDictionary) {
+  useEdition("/nowhere/Medical");
+  ZFWDictTabView tab;
+  tab.loadPreferences({});
+  EXPECT_EQ(linesOf(tab), Lines{"tType TranslationDictionary YES"});
+}
+
+TEST_F(DictTab, WhatIsStoredKeepsItsOrderTitlesAndStatus) {
+  store({item("tType", "Old title", "NO"), item("sType", "B", "YES"), item("oType", "Other", "MAYBE")});
+  ZFWDictTabView tab;
+  tab.loadPreferences({book("A"), book("B")});
+  EXPECT_EQ(linesOf(tab), (Lines{"tType Old title NO", "sType B YES", "oType Other MAYBE", "sType A NO"}));
+  EXPECT_EQ(stored(), linesOf(tab));
+}
+
+TEST_F(DictTab, ABookThatIsGoneLeavesTheList) {
+  store({item("sType", "Gone", "YES"), item("oType", "O", "YES"), item("tType", "Gone", "YES")});
+  ZFWDictTabView tab;
+  tab.loadPreferences({});
+  EXPECT_EQ(stored(), (Lines{"oType O YES", "tType Gone YES"}));
+}
+
+TEST_F(DictTab, ABookOfOneNameIsListedOnceAndOneWithoutANameNever) {
+  ZFWDictTabView tab;
+  tab.loadPreferences({book("A"), book("A"), Value::Dict{}});
+  EXPECT_EQ(tab.rowCount(), 3u);
+}
+
+TEST_F(DictTab, WhatIsNoItemInTheStoreIsPassedOver) {
+  store({"text", item("oType", "O", "NO"), 7});
+  ZFWDictTabView tab;
+  tab.loadPreferences({});
+  EXPECT_EQ(linesOf(tab), (Lines{"oType O NO", "tType TranslationDictionary YES"}));
+}
+
+TEST_F(DictTab, OtherSettingsOfTheAreaStay) {
+  ASSERT_TRUE(gZFWPlist->setItem("kept", "ZFWDictTabKey", "SomethingElse"));
+  ZFWDictTabView tab;
+  tab.loadPreferences({});
+  EXPECT_EQ(gZFWPlist->itemForKey("ZFWDictTabKey", "SomethingElse"), Value("kept"));
+}
+
+TEST_F(DictTab, WithoutAStoreTheListIsThatOfAFirstStart) {
+  gZFWPlist.reset();
+  ZFWDictTabView tab;
+  tab.loadPreferences({});
+  EXPECT_EQ(tab.selectedDict(), 5);
+  EXPECT_FALSE(tab.saveTWED());
+  EXPECT_FALSE(tab.saveApplet());
+}
+
+TEST_F(DictTab, AListThatIsStoredAlreadyIsNotWrittenAgain) {
+  ZFWDictTabView first;
+  first.loadPreferences({});
+  const auto written = std::filesystem::last_write_time(gZFWPlist->path());
+  ZFWDictTabView second;
+  second.loadPreferences({});
+  EXPECT_TRUE(second.saveTWED());
+  EXPECT_EQ(std::filesystem::last_write_time(gZFWPlist->path()), written);
+}
+
+// --- What is searched ---
+
+TEST_F(DictTab, SelectedDictGathersTheKindsThatAreOn) {
+  struct Case {
+    Value::Array items;
+    int expected;
+  };
+  const Value bilingual = item("oType", "O", "YES"), aBook = item("sType", "B", "YES"),
+              translation = item("tType", "T", "YES"), off = item("oType", "O", "NO");
+  const Case cases[] = {
+      {{}, 0},
+      {{off}, 0},
+      {{bilingual}, 1},
+      {{aBook}, 2},
+      {{translation}, 4},
+      {{translation, aBook, bilingual}, 7},
+      {{off, translation}, 4},
+      {{aBook, aBook}, 2},
+      {{item("oType", "O", "MAYBE")}, 0},
+      {{item("xType", "X", "YES")}, 0},
+  };
+  for (const Case& each : cases) {
+    store(each.items);
+    ZFWDictTabView tab;
+    tab.loadTWED();
+    EXPECT_EQ(tab.selectedDict(), each.expected);
+  }
+}
+
+TEST_F(DictTab, TheAppletChoiceDecidesWhoSearches) {
+  ZFWDictTabView tab;
+  tab.loadPreferences({});
+  tab.setApplet(3);
+  EXPECT_EQ(tab.selectedDict(), 64);
+  EXPECT_EQ(tab.appletChoice().selectedCell()->tag, 3);
+  tab.setApplet(1);  // neither radio is on
+  EXPECT_EQ(tab.selectedDict(), 0);
+  EXPECT_EQ(tab.appletChoice().selectedCell(), nullptr);
+  EXPECT_EQ(tab.getApplet(), 1);
+  tab.setApplet(0);
+  EXPECT_EQ(tab.selectedDict(), 5);
+}
+
+TEST_F(DictTab, AStoredChoiceIsLoadedAndAnUnknownOneKept) {
+  ASSERT_TRUE(gZFWPlist->setItem(9, "ZFWDictTabKey", "ZFWDictTabAppletItem"));
+  ZFWDictTabView tab;
+  tab.loadPreferences({});
+  EXPECT_EQ(tab.selectedDict(), 0);
+  EXPECT_EQ(storedApplet(), Value(9));
+}
+
+// --- The user's changes ---
+
+TEST_F(DictTab, SwitchingADictionaryStoresItAndTellsEveryWindow) {
+  ZFWDictTabView tab;
+  tab.loadPreferences({});
+  int posts = 0;
+  const auto heard = NotificationCenter::shared().subscribe(
+      "zfChangeDictNotification",
+      [&](const Notification& notification) {
+        ++posts;
+        EXPECT_TRUE(notification.object.value.isNull());
+      },
+      tab.identity());
+  EXPECT_TRUE(tab.dictListView().edit(0, ZFWDictTabView::kStatusColumn, false));
+  EXPECT_EQ(posts, 1);
+  EXPECT_EQ(stored()[0], "oType StandardDictionary NO");
+  EXPECT_EQ(tab.dictListView().cell(0, ZFWDictTabView::kStatusColumn), Value(false));
+  EXPECT_TRUE(tab.setSelected(0, true));
+  EXPECT_EQ(posts, 2);
+  EXPECT_EQ(stored()[0], "oType StandardDictionary YES");
+  EXPECT_FALSE(tab.setSelected(2, true));
+  EXPECT_FALSE(tab.dictListView().edit(0, ZFWDictTabView::kTitleColumn, "x"));
+  EXPECT_EQ(posts, 2);
+}
+
+TEST_F(DictTab, DraggingARowChangesTheOrderOfTheSearch) {
+  ZFWDictTabView tab;
+  tab.loadPreferences({book("A"), book("B")});
+  EXPECT_TRUE(tab.dictListView().moveRow(0, 2));
+  EXPECT_EQ(stored(), (Lines{"tType TranslationDictionary YES", "sType A NO", "oType StandardDictionary YES",
+                             "sType B NO"}));
+  EXPECT_TRUE(tab.moveItem(3, 0));
+  EXPECT_EQ(stored(), (Lines{"sType B NO", "tType TranslationDictionary YES", "sType A NO",
+                             "oType StandardDictionary YES"}));
+  EXPECT_FALSE(tab.moveItem(0, 4));
+  EXPECT_FALSE(tab.moveItem(4, 0));
+}
+
+TEST_F(DictTab, ChoosingWhoSearchesIsStoredAndTold) {
+  ZFWDictTabView tab;
+  tab.loadPreferences({});
+  int posts = 0;
+  const auto heard = NotificationCenter::shared().subscribe("zfChangeDictNotification",
+                                                            [&](const Notification&) { ++posts; });
+  EXPECT_TRUE(tab.appletChoice().choose(3));
+  EXPECT_EQ(storedApplet(), Value(3));
+  EXPECT_EQ(posts, 1);
+  EXPECT_EQ(tab.selectedDict(), 64);
+}
+
+TEST_F(DictTab, AChangeThatCannotBeStoredIsToldAndHoldsForThisProcess) {
+  ZFWDictTabView tab;
+  tab.loadPreferences({});
+  std::filesystem::remove(gZFWPlist->path());
+  EXPECT_FALSE(tab.setSelected(0, false));
+  EXPECT_EQ(tab.selectedDict(), 4);
+  EXPECT_FALSE(std::filesystem::exists(gZFWPlist->path()));
+}
+
+TEST_F(DictTab, AnObserverOfAChangeMayEndTheTab) {
+  for (int way = 0; way < 3; ++way) {
+    auto tab = std::make_unique<ZFWDictTabView>();
+    tab->loadPreferences({});
+    const auto end = NotificationCenter::shared().subscribe("zfChangeDictNotification",
+                                                            [&](const Notification&) { tab.reset(); });
+    if (way == 0) tab->dictListView().edit(0, ZFWDictTabView::kStatusColumn, false);
+    if (way == 1) tab->dictListView().moveRow(0, 1);
+    if (way == 2) tab->appletChoice().choose(0);
+    EXPECT_EQ(tab, nullptr);
+  }
+}
+
+TEST_F(DictTab, WhatAnotherTabStoredCanBeTaken) {
+  ZFWDictTabView one, other;
+  one.loadPreferences({});
+  other.loadPreferences({});
+  one.setSelected(0, false);
+  EXPECT_EQ(other.selectedDict(), 5);
+  other.takeStored();
+  EXPECT_EQ(other.selectedDict(), 4);
+  EXPECT_EQ(other.dictListView().cell(0, ZFWDictTabView::kStatusColumn), Value(false));
+  std::filesystem::remove(gZFWPlist->path());
+  other.takeStored();  // nothing to take
+  EXPECT_EQ(other.selectedDict(), 4);
+}
+
+// --- The panel ---
+
+TEST_F(DictTab, ThePanelHasItsFourItems) {
+  platform.ownBundle.texts["ZFWDictPrefTool"] = "Dictionaries";
+  platform.ownBundle.texts["ZFWDictPrefToolTip"] = "Which are searched";
+  ZFWPrefController panel;
+  Lines identifiers;
+  for (const ZFWPrefController::Item& each : panel.items()) identifiers.push_back(each.identifier);
+  EXPECT_EQ(identifiers, (Lines{"ZFWDictPref", "ZFWTransPref", "ZFWSearchPref", "ZFWRssPref"}));
+  EXPECT_EQ(panel.items()[0].label, "Dictionaries");
+  EXPECT_EQ(panel.items()[0].tooltip, "Which are searched");
+  EXPECT_EQ(panel.items()[3].label, "ZFWRssPrefTool");
+  EXPECT_EQ(panel.items()[3].tooltip, "ZFWRssPrefToolTip");
+}
+
+TEST_F(DictTab, ThePanelShowsTheTabThatWasAskedFor) {
+  ZFWPrefController panel;
+  EXPECT_TRUE(panel.panel().hidden());
+  panel.showRssPanel();
+  EXPECT_FALSE(panel.panel().hidden());
+  EXPECT_EQ(panel.selectedItem(), "ZFWRssPref");
+  panel.showDictPanel();
+  EXPECT_EQ(panel.selectedItem(), "ZFWDictPref");
+  panel.hide();
+  EXPECT_TRUE(panel.panel().hidden());
+}
+
+}  // namespace
+}  // namespace zavel::test
