@@ -87,6 +87,8 @@ LookRequest Answerer::request(std::string_view word) const {
   request.mode = options_.mode;
   request.wantForms = options_.forms;
   request.wantEntries = !options_.list && !options_.forms;
+  request.wantText = !options_.json && !options_.plain;
+  request.wantSenses = !request.wantText;
   request.wantHeadwords =
       options_.list || (request.wantEntries && !batch_ && !options_.json && !options_.plain);
   const long standard = batch_ ? 0 : static_cast<long>(kDefaultSuggestions);

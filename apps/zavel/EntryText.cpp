@@ -116,7 +116,7 @@ void readHeadword(bool hasHeadword, Entry* entry) {
 }  // namespace
 
 std::vector<Entry> entriesFromLayout(const std::string& text, const std::vector<ScrpSTElement>& runs,
-                                     uint32_t headwordColour, const TextEncoding& encoding) {
+                                     uint32_t headwordColour, const TextEncoding& encoding, bool whole) {
   std::vector<Entry> entries;
   if (text.find_first_not_of("\r\n ") == std::string::npos) return entries;
   const bool headwords = std::any_of(
@@ -126,7 +126,7 @@ std::vector<Entry> entriesFromLayout(const std::string& text, const std::vector<
     const size_t end = i + 1 < starts.size() ? starts[i + 1] : text.size();
     Entry entry;
     const size_t begin = headwords ? readMarks(text, starts[i], &entry) : starts[i];
-    convert(text, begin, end, runs, encoding, &entry);
+    convert(text, begin, whole ? end : std::min(text.find('\r', begin), end), runs, encoding, &entry);
     trimEnd(&entry);
     readHeadword(headwords, &entry);
     if (!entry.text.empty()) entries.push_back(std::move(entry));

@@ -14,9 +14,11 @@ namespace zavel::host {
 
 // Splits laid-out text (Shift_JIS with CR line ends) at its headwords and fills text, spans, headword,
 // homograph number and stars of each entry. Text without a headword gives one entry without one.
-// `headwordColour` (0xRRGGBB) is the colour that the runs give to headwords.
+// `headwordColour` (0xRRGGBB) is the colour that the runs give to headwords. Without `whole` the text ends
+// with its first line.
 std::vector<Entry> entriesFromLayout(const std::string& text, const std::vector<ScrpSTElement>& runs,
-                                     uint32_t headwordColour, const TextEncoding& encoding);
+                                     uint32_t headwordColour, const TextEncoding& encoding,
+                                     bool whole = true);
 
 // Reads senses from labelled text (UTF-8, CR line ends), one list for each headword label; text ahead of
 // the first label counts as one entry.

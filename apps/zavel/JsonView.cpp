@@ -63,6 +63,7 @@ void writeForms(JsonWriter& json, const LookResult& result) {
   json.key("forms").beginArray();
   for (const Form& form : result.forms) {
     json.beginObject().member("code", form.code).member("form", form.form).member("label", form.label);
+    json.member("base", form.base);
     json.endObject();
   }
   json.endArray();

@@ -10,9 +10,15 @@
 namespace zavel::host {
 
 // How an entry came to answer the query.
-enum class Match { kExact, kInflected, kDerived, kSpelling };
+enum class Match {
+  kExact,
+  kInflected,
+  kDerived,
+  kSpelling,
+  kNear,  // the index files it with the query, which is written otherwise: ビル for ビール, IM for I'm
+};
 
-const char* matchName(Match match);  // "exact", "inflected", "derived", "spelling"
+const char* matchName(Match match);  // "exact", "inflected", "derived", "spelling", "near"
 
 // Which part of the entries is asked for; the value is the engine's filter.
 enum class Mode : uint8_t { kAll = 0, kPos = 3, kPhrase = 4, kExample = 5 };
@@ -28,6 +34,7 @@ struct Sense {
   std::vector<std::string> glosses;
   std::string note;  // what the dictionary says about the sense; may be empty
   std::vector<Example> examples;
+  std::vector<std::string> labels = {};  // the dictionary's own names of the parts of speech: 名, 動カ五
 };
 
 // A stretch of laid-out text in one look.
@@ -44,19 +51,21 @@ struct Entry {
   int homograph = 0;    // 0 where the word has one entry only
   int stars = 0;        // frequency marks, 0, 2 or 3
   Match match = Match::kExact;
-  std::vector<std::string> via;  // names of the inflections that lead to it
+  // The inflections that lead to it: of an English word each form that the query can be; of a Japanese one
+  // the chain, from the last ending to the first.
+  std::vector<std::string> via;
+  std::string base;                 // the word that `via` leads to, or that it is another spelling of
+  std::vector<std::string> labels;  // the dictionary's names of its parts of speech, of all senses together
   std::vector<Sense> senses;
   std::string text;         // laid out, lines ended by 0x0A
   std::vector<Span> spans;  // rising, the first at 0
 };
 
-// The name of an inflected form by its code: "singular", "past", ...; "" for a code that is none.
-const char* formName(int code);
-
 struct Form {
   int code;  // 1 to 10, as the engine numbers them
   std::string form;
-  std::string label;  // the dictionary's Japanese name of the form
+  std::string label;      // the dictionary's Japanese name of the form
+  std::string base = {};  // the word whose form it is
 };
 
 // A line of the headword list.
@@ -68,7 +77,7 @@ struct Headword {
 struct LookResult {
   std::string query;
   bool english = true;
-  std::string origin;  // the dictionary form; the query where there is none
+  std::string origin;  // the dictionary form of a query that is none itself; else the query
   std::vector<Headword> headwords;
   std::vector<Entry> entries;
   std::vector<Form> forms;

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "WordForms.h"
+
 namespace zavel::host {
 namespace {
 

@@ -65,14 +65,60 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(" \r\n") - first + 1);
 }
 
+// The names of the parts of speech that a line gives in brackets.
+std::vector<std::string> labelList(std::string_view line) {
+  std::vector<std::string> list;
+  for (size_t open = line.find('['); open != std::string_view::npos; open = line.find('[', open + 1)) {
+    const size_t close = line.find(']', open);
+    if (close == std::string_view::npos) break;
+    list.emplace_back(line.substr(open + 1, close - open - 1));
+  }
+  return list;
+}
+
 // The dictionary's part-of-speech names as the usual abbreviations; others stay as they are.
 std::string posOf(std::string_view label) {
   static const std::map<std::string_view, std::string> kPos = {
-      {"名", "n"},        {"代", "pron"},  {"形", "adj"},       {"副", "adv"},    {"動", "v"},
-      {"他", "vt"},       {"自", "vi"},    {"前", "prep"},      {"接", "conj"},   {"間", "int"},
-      {"助", "part"},     {"助動", "aux"}, {"冠", "art"},       {"数", "num"},    {"固", "pn"},
-      {"固名", "pn"},     {"句", "exp"},   {"Ｃ", "countable"}, {"接頭", "pref"}, {"接尾", "suf"},
+      {"名", "n"},
+      {"Ｃ", "countable"},
+      {"固", "pn"},
+      {"固名", "pn"},
+      {"時名", "n-temporal"},
+      {"名副", "n-adv"},
+      {"代", "pron"},
+      {"数", "num"},
+      {"助数", "counter"},
+      {"形", "adj"},
       {"形動", "adj-na"},
+      {"の形", "adj-no"},
+      {"連体", "adj-attributive"},
+      {"形動タル", "adj-taru"},
+      {"形動ナリ", "adj-nari"},
+      {"形ク", "adj-ku"},
+      {"形シク", "adj-shiku"},
+      {"形カリ", "adj-kari"},
+      {"補形", "aux-adj"},
+      {"副", "adv"},
+      {"副ト", "adv-to"},
+      {"動", "v"},
+      {"他", "vt"},
+      {"自", "vi"},
+      {"サ変", "vs"},
+      {"補助", "aux"},
+      {"助動", "aux"},
+      {"助", "part"},
+      {"小辞", "part"},
+      {"前", "prep"},
+      {"接", "conj"},
+      {"間", "int"},
+      {"感", "int"},
+      {"冠", "art"},
+      {"限", "det"},
+      {"接頭", "pref"},
+      {"接尾", "suf"},
+      {"句", "exp"},
+      {"成句", "exp"},
+      {"記号", "symbol"},
   };
   const auto it = kPos.find(label);
   if (it != kPos.end()) return it->second;
@@ -80,12 +126,12 @@ std::string posOf(std::string_view label) {
   return label.starts_with("動") ? "v" : std::string(label);
 }
 
-std::vector<std::string> posList(std::string_view line) {
+// Two labels may have one abbreviation, as two kinds of verb have.
+std::vector<std::string> posList(const std::vector<std::string>& labels) {
   std::vector<std::string> list;
-  for (size_t open = line.find('['); open != std::string_view::npos; open = line.find('[', open + 1)) {
-    const size_t close = line.find(']', open);
-    if (close == std::string_view::npos) break;
-    list.push_back(posOf(line.substr(open + 1, close - open - 1)));
+  for (const std::string& label : labels) {
+    const std::string pos = posOf(label);
+    if (std::find(list.begin(), list.end(), pos) == list.end()) list.push_back(pos);
   }
   return list;
 }
@@ -148,7 +194,7 @@ class Gatherer {
         startEntry();
         break;
       case Label::kPos:
-        pos_ = posList(piece.text);
+        labels_ = labelList(piece.text);
         break;
       case Label::kGloss:
         if (isReference(trimmed(piece.text)) && hasSense()) {
@@ -184,14 +230,15 @@ class Gatherer {
  private:
   void startEntry() {
     entries_.emplace_back();
-    pos_.clear();
+    labels_.clear();
     wordNote_.clear();
     inGloss_ = false;
   }
   void startSense() {
     if (entries_.empty()) entries_.emplace_back();
     entries_.back().emplace_back();
-    sense().pos = pos_;
+    sense().pos = posList(labels_);
+    sense().labels = labels_;
     sense().note = std::exchange(wordNote_, {});
     inGloss_ = true;
   }
@@ -232,7 +279,7 @@ class Gatherer {
   }
 
   std::vector<std::vector<Sense>> entries_;
-  std::vector<std::string> pos_;
+  std::vector<std::string> labels_;
   std::string wordNote_;
   bool inGloss_ = false;
 };

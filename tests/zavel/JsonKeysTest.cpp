@@ -79,12 +79,12 @@ TEST_F(JsonKeysTest, OfALookUp) {
   EXPECT_EQ(json["query"], "goes");
   EXPECT_EQ(json["status"], "found");
   EXPECT_EQ(json["origin"], "go");
-  EXPECT_EQ(json["entries"].size(), 2u);
+  EXPECT_EQ(json["entries"].size(), 1u);  // the noun "go" has no such form
   EXPECT_EQ(json["suggestions"], Json::array());
 }
 
 TEST_F(JsonKeysTest, OfAnEntry) {
-  const Json entry = document({"look", "--json", "goes"})["entries"][1];
+  const Json entry = document({"look", "--json", "goes"})["entries"][0];
   EXPECT_EQ(keysOf(entry),
             (Keys{"headword", "reading", "homograph", "stars", "match", "via", "source", "senses"}));
   EXPECT_EQ(entry["headword"], "go");
@@ -99,7 +99,7 @@ TEST_F(JsonKeysTest, OfAnEntry) {
 }
 
 TEST_F(JsonKeysTest, OfASense) {
-  const Json senses = document({"look", "--json", "goes"})["entries"][1]["senses"];
+  const Json senses = document({"look", "--json", "goes"})["entries"][0]["senses"];
   ASSERT_EQ(senses.size(), 2u);
   EXPECT_EQ(keysOf(senses[0]), (Keys{"pos", "glosses", "note", "examples"}));
   EXPECT_EQ(senses[0]["pos"], Json({"v"}));
@@ -128,6 +128,7 @@ TEST_F(JsonKeysTest, EachReasonOfAMatch) {
   EXPECT_EQ(document({"look", "--json", "making"})["entries"][0]["match"], "inflected");
   EXPECT_EQ(document({"look", "--json", "happiness"})["entries"][0]["match"], "derived");
   EXPECT_EQ(document({"look", "--json", "colour"})["entries"][1]["match"], "spelling");
+  EXPECT_EQ(document({"look", "--json", "ビール"})["entries"][1]["match"], "near");
 }
 
 TEST_F(JsonKeysTest, APartOfAnEntryKeepsAllKeys) {
@@ -168,10 +169,11 @@ TEST_F(JsonKeysTest, OfAnInflectionTable) {
   const Json json = document({"look", "--json", "--forms", "went"});
   EXPECT_EQ(keysOf(json), (Keys{"schema", "query", "status", "origin", "forms", "suggestions"}));
   ASSERT_EQ(json["forms"].size(), 5u);
-  EXPECT_EQ(keysOf(json["forms"][2]), (Keys{"code", "form", "label"}));
+  EXPECT_EQ(keysOf(json["forms"][2]), (Keys{"code", "form", "label", "base"}));
   EXPECT_EQ(json["forms"][2]["code"], 8);
   EXPECT_EQ(json["forms"][2]["form"], "went");
   EXPECT_EQ(json["forms"][2]["label"], "[動　詞：過去形]");
+  EXPECT_EQ(json["forms"][2]["base"], "go");
 }
 
 TEST_F(JsonKeysTest, TheLimitHoldsForAllLists) {

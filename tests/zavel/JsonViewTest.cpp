@@ -43,7 +43,7 @@ TEST(ResultJson, ListAndFormsStandInThePlaceOfEntries) {
   LookResult result;
   result.query = result.origin = "go";
   result.headwords = {{"go [行く]", "go"}};
-  result.forms = {{8, "went", "[動　詞：過去形]"}};
+  result.forms = {{8, "went", "[動　詞：過去形]", "go"}};
   JsonParts list;
   list.entries = false;
   list.headwords = true;
@@ -54,7 +54,7 @@ TEST(ResultJson, ListAndFormsStandInThePlaceOfEntries) {
   forms.forms = true;
   EXPECT_EQ(resultJson(result, forms),
             R"({"schema":1,"query":"go","status":"found","origin":null,)"
-            R"("forms":[{"code":8,"form":"went","label":"[動　詞：過去形]"}],"suggestions":[]})");
+            R"("forms":[{"code":8,"form":"went","label":"[動　詞：過去形]","base":"go"}],"suggestions":[]})");
 }
 
 TEST(ResultJson, KeepsTheLimit) {

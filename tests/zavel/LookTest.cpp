@@ -66,16 +66,18 @@ TEST_F(LookTest, AWordIsNotTakenForWhatStandsAheadOfItsNul) {
 TEST_F(LookTest, AnInflectedWordSaysWhichFormItIs) {
   const LookResult result = look("goes");
   EXPECT_EQ(result.origin, "go");
-  ASSERT_EQ(result.entries.size(), 2u);
-  EXPECT_EQ(result.entries[0].homograph, 1);
-  EXPECT_EQ(result.entries[1].homograph, 2);
-  EXPECT_EQ(result.entries[1].match, Match::kInflected);
-  EXPECT_EQ(result.entries[1].via, Strings{"third person singular"});
-  ASSERT_EQ(result.entries[1].senses.size(), 2u);
-  EXPECT_EQ(result.entries[1].senses[0].glosses, (Strings{"行く", "動く"}));
-  EXPECT_EQ(result.entries[1].senses[0].note, "of a machine, to work");
-  ASSERT_EQ(result.entries[1].senses[1].examples.size(), 1u);
-  EXPECT_EQ(result.entries[1].senses[1].examples[0].target, "家に帰る");
+  // The noun "go" (number 1) has no such form.
+  ASSERT_EQ(result.entries.size(), 1u);
+  const Entry& verb = result.entries[0];
+  EXPECT_EQ(verb.homograph, 2);
+  EXPECT_EQ(verb.match, Match::kInflected);
+  EXPECT_EQ(verb.via, Strings{"third person singular"});
+  EXPECT_EQ(verb.base, "go");
+  ASSERT_EQ(verb.senses.size(), 2u);
+  EXPECT_EQ(verb.senses[0].glosses, (Strings{"行く", "動く"}));
+  EXPECT_EQ(verb.senses[0].note, "of a machine, to work");
+  ASSERT_EQ(verb.senses[1].examples.size(), 1u);
+  EXPECT_EQ(verb.senses[1].examples[0].target, "家に帰る");
 }
 
 TEST_F(LookTest, ARegularFormIsReducedByRule) {
@@ -143,13 +145,13 @@ TEST_F(LookTest, PhrasesOfAWordWithoutAnyAreNothing) {
 }
 
 TEST_F(LookTest, APartKeepsTheOrderTheNumbersAndTheOtherSpelling) {
-  const LookResult go = look("goes", Mode::kPos);
+  const LookResult go = look("go", Mode::kPos);
   ASSERT_EQ(go.entries.size(), 2u);
   EXPECT_EQ(go.entries[0].homograph, 1);
   EXPECT_EQ(go.entries[0].text, "go\n\n-[名][Ｃ]\n碁 (board game)");
   EXPECT_EQ(go.entries[1].homograph, 2);
   EXPECT_EQ(go.entries[1].stars, 3);
-  EXPECT_EQ(go.entries[1].match, Match::kInflected);
+  EXPECT_EQ(go.entries[1].match, Match::kExact);
   EXPECT_EQ(go.entries[1].text.find("go home"), std::string::npos);
   // The number is that among all entries of the word, though one alone has an example.
   EXPECT_EQ(look("go", Mode::kExample).entries.at(0).homograph, 2);
@@ -189,7 +191,7 @@ TEST_F(LookTest, AJapanesePrefixSuggestsItsWords) {
 }
 
 TEST_F(LookTest, WordsThatNoHeadwordCanHoldAreNotFound) {
-  for (const char* word : {"", "😀", "123", "go!", "Ａ", "行く!"}) {
+  for (const char* word : {"", "😀", "123", "!", "Ａ", "行く猫!", "go2"}) {
     EXPECT_FALSE(look(word).found()) << word;
   }
 }
@@ -203,6 +205,141 @@ TEST_F(LookTest, ATooLongWordIsRefused) {
   EXPECT_EQ(failure.code, "too_long");
   request.word.pop_back();
   EXPECT_TRUE(Look(manager_).run(request, &result, &failure));
+}
+
+// Words that are headwords and forms of others
+
+TEST_F(LookTest, OwnEntriesComeAheadOfThoseOfTheBase) {
+  const LookResult result = look("saw");
+  ASSERT_EQ(result.entries.size(), 3u);
+  EXPECT_EQ(result.entries[0].headword, "saw");
+  EXPECT_EQ(result.entries[0].match, Match::kExact);
+  EXPECT_EQ(result.entries[1].headword, "saw");
+  EXPECT_EQ(result.entries[2].headword, "see");
+  EXPECT_EQ(result.entries[2].match, Match::kInflected);
+  EXPECT_EQ(result.entries[2].via, Strings{"past"});
+  EXPECT_EQ(result.entries[2].base, "see");
+  EXPECT_EQ(result.origin, "saw");  // a dictionary form itself
+}
+
+TEST_F(LookTest, TheTablesOfHomonymsStandOneBehindTheOther) {
+  LookRequest request;
+  request.word = "saw";
+  request.wantEntries = false;
+  request.wantForms = true;
+  Strings forms;
+  for (const Form& form : look(request).forms) forms.push_back(form.base + ": " + form.form);
+  EXPECT_EQ(forms, (Strings{"saw: saw", "saw: saws", "saw: sawed", "saw: sawn", "saw: sawing", "saw: saw",
+                            "saw: saws", "see: see", "see: sees", "see: saw", "see: seen", "see: seeing"}));
+}
+
+TEST_F(LookTest, AFormWithoutItsPartOfSpeechIsNone) {
+  LookRequest request;
+  request.word = "church";
+  request.wantForms = true;
+  Strings forms;
+  for (const Form& form : look(request).forms) forms.push_back(form.form);
+  EXPECT_EQ(forms, (Strings{"church", "churches"}));
+}
+
+TEST_F(LookTest, AContractionLeadsToItsFirstWord) {
+  const LookResult result = look("can't");
+  ASSERT_EQ(result.entries.size(), 1u);
+  EXPECT_EQ(result.entries[0].headword, "can");
+  EXPECT_EQ(result.entries[0].match, Match::kInflected);
+  EXPECT_EQ(result.entries[0].via, Strings{"contraction with not"});
+  EXPECT_EQ(look("cant").entries.at(0).match, Match::kExact);
+  EXPECT_EQ(look("can’t").entries.at(0).headword, "can");
+}
+
+TEST_F(LookTest, APossessiveOfAPluralLeadsToTheSingular) {
+  const LookResult result = look("children's");
+  ASSERT_EQ(result.entries.size(), 1u);
+  EXPECT_EQ(result.entries[0].headword, "child");
+  EXPECT_EQ(result.entries[0].via, Strings{"possessive of plural"});
+}
+
+TEST_F(LookTest, WhatIsOnlyFiledAlikeIsNotExact) {
+  EXPECT_EQ(look("un").entries.at(0).match, Match::kExact);
+  EXPECT_EQ(look("un-").entries.at(0).match, Match::kNear);
+  EXPECT_EQ(look("-un").entries.at(0).match, Match::kNear);
+}
+
+// Japanese
+
+TEST_F(LookTest, TheSameKanaComeFirstAndTheOthersAreMarked) {
+  const auto found = [&](const char* word) {
+    Strings list;
+    for (const Entry& entry : look(word).entries)
+      list.push_back(entry.headword + " " + matchName(entry.match));
+    return list;
+  };
+  EXPECT_EQ(found("ビール"), (Strings{"ビール exact", "ビル near", "びる near"}));
+  EXPECT_EQ(found("ビル"), (Strings{"ビル exact", "びる exact", "ビール near"}));
+  EXPECT_EQ(found("びる"), (Strings{"びる exact", "ビル exact", "ビール near"}));
+}
+
+TEST_F(LookTest, AnInflectedJapaneseWordLeadsToItsDictionaryForm) {
+  struct {
+    const char* typed;
+    const char* headword;
+    Strings via;
+  } const cases[] = {
+      {"行った", "行く", {"past"}},
+      {"いった", "行く", {"past"}},
+      {"行きます", "行く", {"polite"}},
+      {"食べたい", "食べる", {"desire (たい)"}},
+      {"食べられなかった", "食べる", {"past", "negative", "potential or passive"}},
+      {"美しく", "美しい", {"adverbial"}},
+      {"勉強する", "勉強", {"verb with する"}},
+      {"勉強しました", "勉強", {"past", "polite", "verb with する"}},
+      {"来ない", "来る", {"negative"}},
+      {"きた", "来る", {"past"}},
+      {"した", "為る", {"past"}},
+  };
+  for (const auto& row : cases) {
+    const LookResult result = look(row.typed);
+    ASSERT_EQ(result.entries.size(), 1u) << row.typed;
+    EXPECT_EQ(result.entries[0].headword, row.headword) << row.typed;
+    EXPECT_EQ(result.entries[0].match, Match::kInflected) << row.typed;
+    EXPECT_EQ(result.entries[0].via, row.via) << row.typed;
+  }
+  EXPECT_EQ(look("行った").origin, "行く");
+}
+
+TEST_F(LookTest, NoWordInflectsInAWayThatIsNotItsOwn) {
+  // A noun, a godan verb as an ichidan one, an adjective as a verb.
+  for (const char* word : {"人人た", "行くた", "行きた", "美しいた", "美しった", "食べった", "勉強た"}) {
+    EXPECT_FALSE(look(word).found()) << word;
+  }
+}
+
+TEST_F(LookTest, AQueryIsFoldedOnlyWhereNothingIsFoundAsItStands) {
+  EXPECT_EQ(look("人々").entries.at(0).headword, "人人");
+  EXPECT_EQ(look("人々").query, "人々");
+  EXPECT_EQ(look("人々").origin, "人人");
+  EXPECT_EQ(look("１月").entries.at(0).headword, "一月");
+  EXPECT_EQ(look("café").entries.at(0).headword, "cafe");
+  EXPECT_EQ(look("ｃｈｕｒｃｈ").entries.at(0).headword, "church");
+  EXPECT_EQ(look("ﾊﾟﾝ").entries.at(0).headword, "パン");
+  EXPECT_EQ(look("「行く」。").entries.at(0).headword, "行く");
+  EXPECT_EQ(look("church?").entries.at(0).headword, "church");
+  EXPECT_EQ(look("cürch").suggestions.at(0), "church");
+}
+
+TEST_F(LookTest, AListOfAShortBeginningHoldsTheLongerOnes) {
+  LookRequest request;
+  request.wantEntries = false;
+  const auto words = [&](const std::string& word) {
+    request.word = word;
+    Strings list;
+    for (const Headword& headword : look(request).headwords) list.push_back(headword.keyword);
+    return list;
+  };
+  EXPECT_EQ(words("c"), (Strings{"cafe", "can", "cant", "Cape Town", "child", "church", "color", "colour"}));
+  EXPECT_EQ(words("ch"), (Strings{"child", "church"}));
+  EXPECT_EQ(words("goes"), Strings{});
+  EXPECT_EQ(words("こ"), (Strings{"こう", "こう"}));
 }
 
 TEST_F(LookTest, FormsAreTheWholeTable) {

@@ -1,0 +1,83 @@
+#include "QueryText.h"
+
+#include <gtest/gtest.h>
+
+namespace zavel::host {
+namespace {
+
+TEST(FoldedQuery, LeavesPlainWordsAlone) {
+  for (const char* word : {"", "go", "Cape Town", "run-up", "行く", "ビール", "can't", "\xFF"}) {
+    EXPECT_EQ(foldedQuery(word), word);
+  }
+}
+
+TEST(FoldedQuery, BringsWidthsTogether) {
+  EXPECT_EQ(foldedQuery("ｇｏ"), "go");
+  EXPECT_EQ(foldedQuery("ＣＤ"), "CD");
+  EXPECT_EQ(foldedQuery("Ｃａｐｅ　Ｔｏｗｎ"), "Cape Town");
+  EXPECT_EQ(foldedQuery("ﾈｺ"), "ネコ");
+  EXPECT_EQ(foldedQuery("ｺﾝﾋﾟｭｰﾀ"), "コンピュータ");
+  EXPECT_EQ(foldedQuery("ｳﾞｧｲｵﾘﾝ"), "ヴァイオリン");
+  EXPECT_EQ(foldedQuery("ｱﾞ"), "アﾞ");  // no sound of that kind
+}
+
+TEST(FoldedQuery, JoinsCombiningSoundMarks) {
+  EXPECT_EQ(foldedQuery("か\xE3\x82\x99っこう"), "がっこう");
+  EXPECT_EQ(foldedQuery("ハ\xE3\x82\x9Aン"), "パン");
+}
+
+TEST(FoldedQuery, TakesAccentsOff) {
+  EXPECT_EQ(foldedQuery("café"), "cafe");
+  EXPECT_EQ(foldedQuery("naïve"), "naive");
+  EXPECT_EQ(foldedQuery("résumé"), "resume");
+  EXPECT_EQ(foldedQuery("cafe\xCC\x81"), "cafe");
+  EXPECT_EQ(foldedQuery("œuvre"), "oeuvre");
+  EXPECT_EQ(foldedQuery("Ångström"), "Angstrom");
+  EXPECT_EQ(foldedQuery("Łódź"), "Lodz");
+  EXPECT_EQ(foldedQuery("Žižek"), "Zizek");
+  EXPECT_EQ(foldedQuery("Straße"), "Strasse");
+}
+
+TEST(FoldedQuery, TypographicSignsAreAscii) {
+  EXPECT_EQ(foldedQuery("don’t"), "don't");
+  EXPECT_EQ(foldedQuery("run‐up"), "run-up");
+}
+
+TEST(FoldedQuery, TakesSignsOffBothEnds) {
+  EXPECT_EQ(foldedQuery("go?"), "go");
+  EXPECT_EQ(foldedQuery("\"go\""), "go");
+  EXPECT_EQ(foldedQuery("“go”,"), "go");
+  EXPECT_EQ(foldedQuery("'go'"), "go");
+  EXPECT_EQ(foldedQuery("行く。"), "行く");
+  EXPECT_EQ(foldedQuery("「猫」"), "猫");
+  EXPECT_EQ(foldedQuery("dogs'"), "dogs'");
+  EXPECT_EQ(foldedQuery("?!"), "");
+}
+
+TEST(FoldedQuery, WritesRepeatedKanjiOut) {
+  EXPECT_EQ(foldedQuery("人々"), "人人");
+  EXPECT_EQ(foldedQuery("我々は"), "我我は");
+  EXPECT_EQ(foldedQuery("部分々々"), "部分部分");
+  EXPECT_EQ(foldedQuery("々"), "々");  // nothing to repeat
+}
+
+TEST(FoldedQuery, WritesNumbersInKanjiInJapaneseWords) {
+  EXPECT_EQ(foldedQuery("１月"), "一月");
+  EXPECT_EQ(foldedQuery("1月"), "一月");
+  EXPECT_EQ(foldedQuery("10月"), "十月");
+  EXPECT_EQ(foldedQuery("12月"), "十二月");
+  EXPECT_EQ(foldedQuery("20日"), "二十日");
+  EXPECT_EQ(foldedQuery("100円"), "100円");
+  EXPECT_EQ(foldedQuery("１２"), "12");
+}
+
+TEST(WithoutOuterBlanks, CutsAllKindsOfBlank) {
+  EXPECT_EQ(withoutOuterBlanks("　猫　"), "猫");
+  EXPECT_EQ(withoutOuterBlanks(" \tgo on\r\n"), "go on");
+  EXPECT_EQ(withoutOuterBlanks("\xEF\xBB\xBFgo"), "go");
+  EXPECT_EQ(withoutOuterBlanks("　 "), "");
+  EXPECT_EQ(withoutOuterBlanks("\xFF "), "\xFF");
+}
+
+}  // namespace
+}  // namespace zavel::host
