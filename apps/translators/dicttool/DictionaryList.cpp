@@ -1,0 +1,138 @@
+// Tests: tests/translators/DictionaryListTest.cpp
+#include "dicttool/DictionaryList.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
+#include "dicttool/DictdDictionary.h"
+#include "foundation/Storage.h"
+#include "platform/Folders.h"
+#include "platform/Platform.h"
+#include "platform/PropertyLists.h"
+
+namespace zavel::dicttool {
+namespace {
+
+constexpr const char* kFolder = "/dictionaries/translation";
+constexpr const char* kSystemFolder = "/usr/share/dictd";
+constexpr const char* kConfiguration = "/dictionaries.plist";
+// What the user made or chose comes first, the general words next, proper nouns where the file has them.
+constexpr const char* kLists[] = {"UserDictionary", "TechnicalDictionary", "EnhancedDictionary",
+                                  "SystemDictionary"};
+
+const Value::Array* listOf(const Value& map, const std::string& key) {
+  const Value* list = map.find(key);
+  return list ? list->asArray() : nullptr;
+}
+
+// Strings of a list; nothing for what is no list.
+std::vector<std::string> stringsOf(const Value* list) {
+  std::vector<std::string> strings;
+  if (!list || !list->asArray()) return strings;
+  for (const Value& item : *list->asArray()) {
+    if (item.isString()) strings.push_back(*item.asString());
+  }
+  return strings;
+}
+
+// Index files in a folder, by name.
+std::vector<std::string> indexesIn(const std::string& folder) {
+  std::vector<std::string> paths;
+  std::error_code error;
+  for (std::filesystem::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+    const std::string path = it->path().string();
+    if (path.ends_with(".index")) paths.push_back(path);
+  }
+  std::sort(paths.begin(), paths.end());
+  return paths;
+}
+
+std::string below(const std::string& folder, const std::string& path) {
+  return path.starts_with('/') ? path : folder + "/" + path;
+}
+
+}  // namespace
+
+DictionaryPlaces DictionaryPlaces::standard() {
+  return {platform().folders().root() + kFolder, kSystemFolder};
+}
+
+bool DictionaryList::add(const std::string& path) {
+  const std::optional<std::string> index = DictdDictionary::indexOf(path);
+  if (!index) return false;
+  if (std::find(indexes_.begin(), indexes_.end(), *index) == indexes_.end()) indexes_.push_back(*index);
+  return true;
+}
+
+Failure DictionaryList::addParameterFile(const std::string& path) {
+  if (!storage().exists(path)) {
+    return {kExitEnvironment, "the parameter file " + path + " is missing"};
+  }
+  Value file;
+  if (!platform().propertyLists().readFile(path, &file) || !file.isDict()) {
+    return {kExitDamaged, "the parameter file " + path + " can't be read as a property list"};
+  }
+  for (const char* name : kLists) {
+    const Value::Array* list = listOf(file, std::string(name) + code());
+    if (!list) continue;
+    for (const Value& item : *list) {
+      const Value* place = item.find("Path");
+      if (place && place->isString()) add(*place->asString());
+    }
+  }
+  return {};
+}
+
+void DictionaryList::addStyle(const std::string& path, int64_t number) {
+  Value file;
+  if (!platform().propertyLists().readFile(path, &file)) {
+    complaints_.push_back("the style file " + path + " can't be read; its dictionaries are left out");
+    return;
+  }
+  const Value::Array* styles = listOf(file, "Style");
+  if (!styles || number < 0 || static_cast<uint64_t>(number) >= styles->size()) {
+    complaints_.push_back("the style file " + path + " has no style " + std::to_string(number) +
+                          "; its dictionaries are left out");
+    return;
+  }
+  const Value* options = (*styles)[static_cast<size_t>(number)].find(code());
+  for (const char* key : {"UD", "TD"}) {
+    for (const std::string& name : stringsOf(options ? options->find(key) : nullptr)) {
+      // A name, not a path: a style goes from hand to hand.
+      if (name.find('/') != std::string::npos) continue;
+      const std::string place = below(places_.folder, name);
+      const std::optional<std::string> index = DictdDictionary::indexOf(place);
+      if (index && storage().exists(*index)) add(*index);
+    }
+  }
+}
+
+void DictionaryList::addConfiguration() {
+  const std::string path = places_.folder + kConfiguration;
+  Value file;
+  if (storage().exists(path) && (!platform().propertyLists().readFile(path, &file) || !file.isDict())) {
+    complaints_.push_back(path + " can't be read as a property list; the standard dictionaries are used");
+    file = {};
+  }
+  const Value* own = file.find(code());
+  if (!own || !own->asArray()) {
+    addStandard();
+    return;
+  }
+  for (const std::string& place : stringsOf(own)) {
+    if (add(below(places_.folder, place))) continue;
+    complaints_.push_back(below(places_.folder, place) + ", which " + path +
+                          " names, has no index beside it");
+  }
+}
+
+void DictionaryList::addStandard() {
+  const char* general =
+      direction_ == Direction::kEnglish ? "/freedict-eng-jpn.index" : "/freedict-jpn-eng.index";
+  if (storage().exists(places_.systemFolder + general)) add(places_.systemFolder + general);
+  for (const std::string& index : indexesIn(places_.folder)) add(index);
+}
+
+}  // namespace zavel::dicttool

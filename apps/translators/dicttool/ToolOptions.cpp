@@ -1,0 +1,78 @@
+// Tests: tests/translators/DicttoolProgramTest.cpp
+#include "dicttool/ToolOptions.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+
+#include "dicttool/Failure.h"
+
+namespace zavel::dicttool {
+namespace {
+
+constexpr const char* kAbout =
+    "Looks a word up in dictionaries of dictd form, for programs that ask by files: the word stands in the\n"
+    "source file, the answer goes into the result file.\n"
+    "\n"
+    "Examples:\n"
+    "  printf cat >word; zavel-dicttool -e word -r answer.plist -w\n"
+    "  zavel-dicttool -d ZP.plist -i ZavelStyle.plist -s 0 -e word -r answer.plist -w\n"
+    "  zavel-dicttool --convert /usr/share/edict/compdic "
+    "~/.local/share/zavel/dictionaries/translation/compdic\n";
+
+constexpr const char* kExits =
+    "Exit status: 0 done, the word found or not; 2 wrong usage; 3 a file missing or not to be written, no\n"
+    "dictionary; 5 damaged data; 130 interrupted. zavel-dicttool(1) tells the rest.\n";
+
+void describe(CLI::App& app, ToolOptions* options) {
+  app.footer(kExits);
+  app.set_version_flag("-V,--version", "zavel-dicttool " ZAVEL_VERSION);
+  CLI::Option* parameters =
+      app.add_option("-d", options->parameterFile, "Parameter file: dictionaries to search")
+          ->type_name("FILE");
+  app.add_flag("-m", options->medical, "Search the configuration's dictionaries alone")->excludes(parameters);
+  app.add_option("-i", options->styleFile, "Style file: technical and user dictionaries by name")
+      ->type_name("FILE");
+  app.add_option("-s", options->styleNumber, "Place of the style in that file, from 0 on")
+      ->type_name("NUMBER");
+  app.add_option("-e", options->source, "Source file: the word, in Shift_JIS")->type_name("FILE");
+  app.add_option("-r", options->result, "Result file to write, a property list")->type_name("FILE");
+  app.add_flag("-w", options->word, "Look a word up");
+  app.add_option("--convert", options->conversion,
+                 "Make TARGET.index and TARGET.dict of a file in EDICT form")
+      ->expected(2)
+      ->type_name("SOURCE TARGET");
+}
+
+void check(const ToolOptions& options) {
+  const bool files = !options.source.empty() || !options.result.empty() || options.word;
+  if (!options.conversion.empty()) {
+    if (files) throw CLI::ValidationError("--convert stands alone");
+    return;
+  }
+  if (options.source.empty()) throw CLI::ValidationError("-e FILE is required");
+  if (options.result.empty()) throw CLI::ValidationError("-r FILE is required");
+}
+
+}  // namespace
+
+std::optional<ToolOptions> ToolOptions::parse(int argc, const char* const* argv, std::ostream& out,
+                                              std::ostream& err, int* status) {
+  ToolOptions options;
+  CLI::App app(kAbout, "zavel-dicttool");
+  describe(app, &options);
+  try {
+    app.parse(argc, argv);
+    check(options);
+    return options;
+  } catch (const CLI::Success& asked) {
+    *status = app.exit(asked, out, err);
+  } catch (const CLI::ParseError& error) {
+    std::string what = error.what();
+    std::replace(what.begin(), what.end(), '\n', ' ');
+    err << "zavel-dicttool: " << what << "; see zavel-dicttool --help\n";
+    *status = kExitUsage;
+  }
+  return std::nullopt;
+}
+
+}  // namespace zavel::dicttool
