@@ -1,0 +1,52 @@
+// The distribution's own dictionary, packed and indexed by the programs that made the format.
+#include <gtest/gtest.h>
+
+#include "dicttool/DictdDictionary.h"
+#include "foundation/Storage.h"
+
+namespace zavel::dicttool {
+namespace {
+
+constexpr const char* kIndex = "/usr/share/dictd/freedict-eng-jpn.index";
+
+TEST(DictdRealData, EveryWordOfTheIndexIsFound) {
+  std::string bytes, error;
+  ASSERT_TRUE(readWholeFile(kIndex, size_t{64} << 20, &bytes)) << "install dict-freedict-eng-jpn";
+  DictdIndex index;
+  ASSERT_TRUE(index.open(kIndex, &error)) << error;
+  EXPECT_TRUE(index.hasOption("utf8"));
+  size_t lines = 0, lost = 0;
+  std::string_view rest = bytes;
+  while (!rest.empty()) {
+    const std::optional<IndexLine> line = IndexLine::parse(rest.substr(0, rest.find('\n')));
+    ASSERT_TRUE(line);
+    rest.remove_prefix(rest.find('\n') + 1);
+    if (foldWord(line->word, index.rules()).empty()) continue;
+    bool found = false;
+    ASSERT_TRUE(index.find(
+        line->word,
+        [&](const IndexLine& other) {
+          found = found || other.offset == line->offset;
+          return !found;
+        },
+        &error))
+        << error;
+    ++lines;
+    if (!found) ++lost;
+  }
+  EXPECT_GT(lines, 30000u);
+  EXPECT_EQ(lost, 0u);
+}
+
+TEST(DictdRealData, AnEntryIsReadFromThePackedText) {
+  DictdDictionary dictionary;
+  DictdMatches matches;
+  std::string error;
+  ASSERT_TRUE(dictionary.open(kIndex, &error)) << error;
+  ASSERT_TRUE(dictionary.find("Etymology", 10, &matches, &error)) << error;
+  ASSERT_FALSE(matches.entries.empty());
+  EXPECT_NE(matches.entries.front().text.find("語源"), std::string::npos) << matches.entries.front().text;
+}
+
+}  // namespace
+}  // namespace zavel::dicttool

@@ -1,0 +1,141 @@
+#include "dicttool/EdictConversion.h"
+
+#include <gtest/gtest.h>
+#include <iconv.h>
+
+#include "dicttool/DictdDictionary.h"
+#include "support/TempFolder.h"
+
+namespace zavel::dicttool {
+namespace {
+
+constexpr const char* kNames =
+    "　？？？ /ENAMDICT - Names/Copyright Somebody/Created: 2021-02-03/\n"
+    "東京 [とうきょう] /(p,s) Tokyo/\n"
+    "東京駅 [とうきょうえき] /(st) Tokyo Station/\n";
+
+std::string inEuc(std::string text) {
+  const iconv_t handle = ::iconv_open("EUC-JP-MS", "UTF-8");
+  std::string out(text.size() * 2, '\0');
+  char* from = text.data();
+  char* to = out.data();
+  size_t left = text.size(), room = out.size();
+  EXPECT_EQ(::iconv(handle, &from, &left, &to, &room), 0u);
+  ::iconv_close(handle);
+  out.resize(out.size() - room);
+  return out;
+}
+
+class EdictConversionTest : public ::testing::Test {
+ protected:
+  Failure convert(const std::string& bytes, const std::string& target = "d") {
+    folder_.write("source", bytes);
+    return convertEdict(folder_.file("source"), folder_.file(target), nullptr, &account_);
+  }
+
+  std::vector<std::string> find(const std::string& word) {
+    DictdDictionary dictionary;
+    DictdMatches matches;
+    std::string error;
+    std::vector<std::string> texts;
+    EXPECT_TRUE(dictionary.open(folder_.file("d.index"), &error)) << error;
+    EXPECT_TRUE(dictionary.find(word, 10, &matches, &error)) << error;
+    for (const DictdEntry& entry : matches.entries) texts.push_back(entry.text);
+    return texts;
+  }
+
+  std::string withoutFolder(std::string text) const {
+    for (size_t at; (at = text.find(folder_.prefix())) != std::string::npos;) {
+      text.erase(at, folder_.prefix().size());
+    }
+    return text;
+  }
+
+  using Texts = std::vector<std::string>;
+  test::TempFolder folder_;
+  ConversionAccount account_;
+};
+
+const std::vector<std::string> kTokyo = {"東京 [とうきょう]\n(place, surname) Tokyo\n",
+                                         "東京駅 [とうきょうえき]\n(station) Tokyo Station\n"};
+
+TEST_F(EdictConversionTest, LeadsFromBothLanguages) {
+  ASSERT_FALSE(convert(inEuc(kNames)));
+  EXPECT_EQ(account_.indexPath, folder_.file("d.index"));
+  EXPECT_EQ(account_.entries, 2u);
+  EXPECT_EQ(account_.leftOut, 0u);
+  EXPECT_EQ(account_.words, 11u);  // 3 of the dictionary's own; 東京 とうきょう tokyo; 東京駅 とうきょうえき
+                                   // and "tokyo station" "tokyo" "station"
+  EXPECT_EQ(find("東京"), Texts{kTokyo[0]});
+  EXPECT_EQ(find("とうきょう"), Texts{kTokyo[0]});
+  EXPECT_EQ(find("tokyo"), kTokyo);  // the whole gloss ahead of the single word
+  EXPECT_EQ(find("Tokyo Station"), Texts{kTokyo[1]});
+  EXPECT_EQ(find("station"), Texts{kTokyo[1]});
+}
+
+TEST_F(EdictConversionTest, ReadsUtf8Alike) {
+  ASSERT_FALSE(convert(inEuc(kNames)));
+  const std::string index = folder_.read("d.index"), text = folder_.read("d.dict");
+  ASSERT_FALSE(convert(kNames));
+  EXPECT_EQ(folder_.read("d.index"), index);
+  EXPECT_EQ(folder_.read("d.dict"), text);
+}
+
+TEST_F(EdictConversionTest, TellsItsTitleAndHolder) {
+  ASSERT_FALSE(convert(kNames));
+  EXPECT_EQ(find("00-database-short"), Texts{"00-database-short\nENAMDICT - Names\n"});
+  EXPECT_EQ(find("00-database-info"),
+            Texts{"00-database-info\nENAMDICT - Names/Copyright Somebody/Created: 2021-02-03/\n"});
+  ASSERT_FALSE(convert("猫 [ねこ] /(n) cat/\n"));
+  EXPECT_EQ(find("00-database-short"), Texts{"00-database-short\nd\n"});
+  EXPECT_EQ(find("猫"), Texts{"猫 [ねこ]\n(noun) cat\n"});
+}
+
+TEST_F(EdictConversionTest, TakesTheEndingOffAndMakesTheFolder) {
+  ASSERT_FALSE(convert(kNames, "new/place/n.index"));
+  EXPECT_EQ(account_.indexPath, folder_.file("new/place/n.index"));
+  EXPECT_NE(folder_.read("new/place/n.dict"), "(none)");
+}
+
+TEST_F(EdictConversionTest, LeavesStrayLinesOut) {
+  std::string many = kNames;
+  for (int i = 0; i < 20; ++i) many += "犬 [いぬ] /(n) dog/\r\n";
+  ASSERT_FALSE(convert(many + "no entry\n\n"));
+  EXPECT_EQ(account_.entries, 22u);
+  EXPECT_EQ(account_.leftOut, 1u);
+}
+
+TEST_F(EdictConversionTest, RefusesWhatIsNoEdict) {
+  Failure failure = convert("one\ntwo\n");
+  EXPECT_EQ(failure.status, 5);
+  EXPECT_EQ(withoutFolder(failure.message), "source is no EDICT file: 2 of 2 lines are of another form");
+  failure = convert("");
+  EXPECT_EQ(withoutFolder(failure.message), "source is no EDICT file: 0 of 0 lines are of another form");
+  failure = convert("猫 [ねこ] /(n) cat/\n犬 [いぬ] /(n) do");
+  EXPECT_EQ(failure.status, 5);
+  EXPECT_EQ(withoutFolder(failure.message), "source is cut short: its last line breaks off");
+  EXPECT_EQ(folder_.names(), Texts{"source"});
+}
+
+TEST_F(EdictConversionTest, RefusesAMissingSourceAndAnUnwritableTarget) {
+  Failure failure = convertEdict(folder_.file("none"), folder_.file("d"), nullptr, &account_);
+  EXPECT_EQ(failure.status, 3);
+  EXPECT_EQ(withoutFolder(failure.message), "none can't be read");
+  failure = convert(kNames, "source/d");  // a file stands where the folder should
+  EXPECT_EQ(failure.status, 3);
+  EXPECT_EQ(withoutFolder(failure.message), "source/d.index and .dict can't be written");
+}
+
+TEST_F(EdictConversionTest, LeavesTheOldOneWhenInterrupted) {
+  ASSERT_FALSE(convert(kNames));
+  const volatile std::sig_atomic_t stop = 1;
+  folder_.write("source", "犬 [いぬ] /(n) dog/\n");
+  const Failure failure = convertEdict(folder_.file("source"), folder_.file("d"), &stop, &account_);
+  EXPECT_EQ(failure.status, 130);
+  EXPECT_EQ(failure.message, "interrupted; nothing was changed");
+  EXPECT_EQ(find("東京"), Texts{kTokyo[0]});
+  EXPECT_EQ(folder_.names(), (Texts{"d.dict", "d.index", "source"}));
+}
+
+}  // namespace
+}  // namespace zavel::dicttool
