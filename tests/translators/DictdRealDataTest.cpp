@@ -1,8 +1,12 @@
-// The distribution's own dictionary, packed and indexed by the programs that made the format.
+// The distribution's own dictionaries, one of them packed and indexed by the programs that made the format.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "dicttool/DictdDictionary.h"
+#include "dicttool/EdictConversion.h"
 #include "foundation/Storage.h"
+#include "support/TempFolder.h"
 
 namespace zavel::dicttool {
 namespace {
@@ -36,6 +40,27 @@ TEST(DictdRealData, EveryWordOfTheIndexIsFound) {
   }
   EXPECT_GT(lines, 30000u);
   EXPECT_EQ(lost, 0u);
+}
+
+// A line of the file reads: オンライン・テスト /(n) online test/online testing/
+TEST(DictdRealData, TheTechnicalDictionaryIsFoundFromBothSides) {
+  test::TempFolder folder;
+  ConversionAccount account;
+  const Failure failure = convertEdict("/usr/share/edict/compdic", folder.file("compdic"), nullptr, &account);
+  ASSERT_FALSE(failure) << failure.message << "; install edict";
+  EXPECT_GT(account.entries, 14000u);
+  EXPECT_EQ(account.leftOut, 0u);
+  DictdDictionary dictionary;
+  DictdMatches matches;
+  std::string error;
+  ASSERT_TRUE(dictionary.open(folder.file("compdic.index"), &error)) << error;
+  for (const char* word : {"オンライン・テスト", "online testing"}) {
+    ASSERT_TRUE(dictionary.find(word, 100, &matches, &error)) << error;
+    const auto sought = [](const DictdEntry& entry) {
+      return entry.text == "オンライン・テスト\n(noun) online test; online testing\n";
+    };
+    EXPECT_EQ(std::count_if(matches.entries.begin(), matches.entries.end(), sought), 1) << word;
+  }
 }
 
 TEST(DictdRealData, AnEntryIsReadFromThePackedText) {

@@ -64,16 +64,16 @@ TEST_F(WordAnswerTest, NamesADamagedDictionaryAndAsksTheOthers) {
   EXPECT_EQ(found.groups[0].lines, std::vector<std::string>{"猫 [ねこ] (noun) cat"});
 }
 
-TEST_F(WordAnswerTest, ShowsFortyLinesAndCountsTheRest) {
+TEST_F(WordAnswerTest, ShowsTwentyLinesAndCountsTheRest) {
   test::DictdFiles many;
-  for (int i = 10; i < 53; ++i) many.entry("a" + std::to_string(i) + "\n", {"a"});
+  for (int i = 10; i < 33; ++i) many.entry("a" + std::to_string(i) + "\n", {"a"});
   many.write(folder_.file("many"));
   const WordAnswer found = WordAnswer::of("a", {folder_.file("many.index")});
   ASSERT_EQ(found.groups.size(), 1u);
-  ASSERT_EQ(found.groups[0].lines.size(), 41u);
+  ASSERT_EQ(found.groups[0].lines.size(), 21u);
   EXPECT_EQ(found.groups[0].lines[0], "a10");
-  EXPECT_EQ(found.groups[0].lines[39], "a49");
-  EXPECT_EQ(found.groups[0].lines[40], "… and 3 more");
+  EXPECT_EQ(found.groups[0].lines[19], "a29");
+  EXPECT_EQ(found.groups[0].lines[20], "… and 3 more");
 }
 
 }  // namespace

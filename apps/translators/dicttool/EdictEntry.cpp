@@ -12,7 +12,7 @@ namespace {
 
 constexpr size_t kMostWords = 6;  // a longer gloss is an explanation
 constexpr size_t kLongestKey = 200;
-enum Rank { kWritten = 0, kWholeGloss = 0, kReading = 1, kWordOfGloss = 1 };
+enum Rank { kWritten = 0, kWholeGloss = 0, kReading = 1 };  // that of a single word: the words of its gloss
 
 std::vector<std::string_view> split(std::string_view text, char separator) {
   std::vector<std::string_view> parts;
@@ -101,7 +101,9 @@ bool isLetter(unsigned char byte) {
          (byte >= 'a' && byte <= 'z') || byte == '\'';
 }
 
-std::vector<std::string> singleWords(const std::string& gloss) {
+// Words of a gloss of several, each with the number of them all: the shorter the gloss, the more it is about
+// the word.
+std::vector<EdictKey> singleWords(const std::string& gloss) {
   std::vector<std::string> words;
   std::string word;
   for (const char byte : gloss + " ") {
@@ -112,10 +114,13 @@ std::vector<std::string> singleWords(const std::string& gloss) {
       word.clear();
     }
   }
-  if (words.size() > kMostWords) return {};
-  std::erase_if(words,
-                [](const std::string& one) { return one.size() < 2 || saysNothing(foldWord(one, {})); });
-  return words;
+  if (words.size() < 2 || words.size() > kMostWords) return {};
+  std::vector<EdictKey> keys;
+  for (std::string& one : words) {
+    if (one.size() < 2 || saysNothing(foldWord(one, {}))) continue;
+    keys.push_back({std::move(one), static_cast<int>(words.size())});
+  }
+  return keys;
 }
 
 void addJapanese(std::vector<EdictKey>& keys, const std::string& word, int rank) {
@@ -167,7 +172,7 @@ std::vector<EdictKey> EdictEntry::keys() const {
     const std::string whole = plain(gloss);
     if (whole.empty()) continue;
     keys.push_back({whole, kWholeGloss});
-    for (std::string& word : singleWords(whole)) keys.push_back({std::move(word), kWordOfGloss});
+    for (EdictKey& key : singleWords(whole)) keys.push_back(std::move(key));
   }
   std::erase_if(keys, [](const EdictKey& key) { return key.word.size() > kLongestKey; });
   return keys;

@@ -28,7 +28,7 @@ struct EdictEntry {
   std::string text(bool names) const;
 
   // The written forms, the readings; each gloss without what stands in parentheses and without "to", "a",
-  // "an", "the" in front; then the single words of glosses of up to six, but for those that every gloss has.
+  // "an", "the" in front; and the single words of glosses of two to six, but for those that every gloss has.
   // A Japanese word with full-width letters or digits is found by the usual ones too.
   std::vector<EdictKey> keys() const;
 };

@@ -9,7 +9,7 @@
 namespace zavel::dicttool {
 namespace {
 
-constexpr size_t kMostLines = 40;
+constexpr size_t kMostLines = 20;
 
 // What whoever shows a Japanese answer puts in front of headings and lines.
 constexpr const char* kHeading = "★";

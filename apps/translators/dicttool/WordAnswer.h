@@ -20,7 +20,7 @@ struct WordAnswer {
   std::vector<std::string> complaints;  // one sentence for each dictionary that can't be searched
   size_t searched = 0;                  // dictionaries that could be searched
 
-  // Looks `word` (UTF-8, tidy) up in the dictionaries at these index paths. Each gives at most forty lines,
+  // Looks `word` (UTF-8, tidy) up in the dictionaries at these index paths. Each gives at most twenty lines,
   // and one more that counts the rest.
   static WordAnswer of(const std::string& word, const std::vector<std::string>& indexes);
 
