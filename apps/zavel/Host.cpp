@@ -2,6 +2,7 @@
 #include "Host.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -51,12 +52,13 @@ class SilentOutput {
   int saved_ = -1;
 };
 
-std::string helperFolder() {
-#ifdef ZAVEL_LIBEXEC
-  return ZAVEL_LIBEXEC;
-#else
-  return "/usr/libexec/zavel";
-#endif
+constexpr size_t kLongestFolder = 254;  // bytes, what the module takes
+
+// The failure of a table that is there and is none; none where it says where the dictionary is.
+Failure damagedPathTable() {
+  if (pathTableNamesDictionary()) return {};
+  return {kExitDamaged, "damaged_path_table", "the path table " + pathTableFile() + " can't be used",
+          "Remove it: a new one is written at the next start."};
 }
 
 }  // namespace
@@ -64,7 +66,12 @@ std::string helperFolder() {
 DictionaryState dictionaryIn(const std::string& folder) {
   DictionaryState state;
   for (const char* name : kDictionaryFiles) {
-    if (access((folder + "/" + name).c_str(), R_OK) == 0) continue;
+    const std::string path = folder + "/" + name;
+    struct stat about = {};
+    if (access(path.c_str(), R_OK) == 0 && stat(path.c_str(), &about) == 0) {
+      if (about.st_size == 0 && state.hollow.empty()) state.hollow = name;
+      continue;
+    }
     if (errno == ENOENT || errno == ENOTDIR) {
       ++state.absent;
       if (state.missing.empty()) state.missing = name;
@@ -91,6 +98,11 @@ Failure dictionaryFailure(const std::string& folder, const DictionaryState& stat
     return {kExitDamaged, "damaged_dictionary",
             "the dictionary in " + folder + " lacks the file " + state.missing, "Run: zavel dict build"};
   }
+  if (!state.hollow.empty()) {
+    return {kExitDamaged, "damaged_dictionary",
+            "the file " + state.hollow + " of the dictionary in " + folder + " is empty",
+            "Run: zavel dict build"};
+  }
   return {};
 }
 
@@ -106,6 +118,7 @@ Host::Host() : places_(findPlaces()) {
 }
 
 Host::~Host() {
+  own_.reset();
   module_.reset();
   zavelPathTerminate();
 }
@@ -114,62 +127,67 @@ Failure Host::open() {
   if (places_.data.empty()) return noHome();
   // The table that is there says where the dictionary is. Before there is one it is where it gets built.
   const bool firstStart = access(pathTableFile().c_str(), F_OK) != 0;
+  dictionary_ = places_.dictionary;
   if (firstStart) {
-    if (Failure failure = dictionaryFailure(places_.dictionary, dictionaryIn(places_.dictionary)))
-      return failure;
+    if (Failure failure = checkDictionary()) return failure;
   }
-  if (Failure failure = loadPathTable()) return failure;
+  const bool loaded = loadPathTable();
+  if (!loaded && !firstStart) {
+    if (Failure failure = damagedPathTable()) return failure;
+  }
   if (!firstStart) {
-    Failure failure = dictionaryFailure(dictionary_, dictionaryIn(dictionary_));
-    if (failure && dictionary_ != places_.dictionary) {
-      failure.message += "; the path table " + pathTableFile() + " names that folder";
-      failure.hint = "Remove the path table if the folder has moved: a new one is written at the next start.";
-    }
-    if (failure) return failure;
+    if (Failure failure = checkDictionary()) return failure;
   }
+  if (loaded) openByModule();
   return openDictionary();
 }
 
-Failure Host::loadPathTable() {
-  PathTableRoots roots;
-  roots.data = places_.data;
-  roots.cache = places_.cache;
-  roots.preferences = places_.config;
-  roots.documents = places_.data + "/documents";
-  roots.helpers = helperFolder();
-  if (!writePathTableIfMissing(defaultPathTablePath(), roots)) {
-    return {kExitEnvironment, "no_path_table", "the path table " + pathTableFile() + " can't be written",
-            "See whether the disk is full, or the folder not yours."};
-  }
-  const int code = zavelPathLoadDictAndHelper(nullptr);
+// False when the folders that the table names can't be used, in whole or in part: `dictionary_` then is what
+// is known without them.
+bool Host::loadPathTable() {
+  const PathTableRoots roots = pathTableRoots(places_);
+  const std::string table = defaultPathTablePath();
+  // A table of other folders than these must not be loaded: loading would make them again.
+  if (!writePathTableIfMissing(table, roots) || !renewPathTable(table, roots)) return false;
+  zavelPathLoadDictAndHelper(nullptr);
   const char* dictionary = zavelPathKenkyuDicFolderURL();
-  if (!dictionary || !zavelPathCacheFolderURL()) {
-    return {kExitDamaged, "damaged_path_table",
-            "the path table " + pathTableFile() + " can't be used (code " + std::to_string(code) + ")",
-            "Remove it: a new one is written at the next start."};
-  }
-  dictionary_ = dictionary;
+  dictionary_ = dictionary ? dictionary : placesInUse().dictionary;
   while (dictionary_.size() > 1 && dictionary_.back() == '/') dictionary_.pop_back();
-  return {};
+  return dictionary && zavelPathCacheFolderURL();
+}
+
+Failure Host::checkDictionary() const {
+  Failure failure = dictionaryFailure(dictionary_, dictionaryIn(dictionary_));
+  if (failure && dictionary_ != places_.dictionary) {
+    failure.message += "; the path table " + pathTableFile() + " names that folder";
+    failure.hint = "Remove the path table if the folder has moved: a new one is written at the next start.";
+  }
+  return failure;
+}
+
+void Host::openByModule() {
+  module_ = std::make_unique<MirellModule>();
+  const SilentOutput silent;
+  if (!module_->load(kResultFile)) module_.reset();
+}
+
+void Host::openWithoutResultFile() {
+  own_ = std::make_unique<MirellDictionaryManager>();
+  const SilentOutput silent;
+  own_->InitializeDictionaries((dictionary_ + "/").c_str(), nullptr, nullptr, nullptr);
 }
 
 Failure Host::openDictionary() {
-  module_ = std::make_unique<MirellModule>();
-  bool loaded = false;
-  {
-    const SilentOutput silent;
-    loaded = module_->load(kResultFile);
+  if (dictionary_.size() > kLongestFolder) {
+    return {kExitEnvironment, "long_path",
+            "the dictionary's folder has a path of more than " + std::to_string(kLongestFolder) +
+                " bytes: " + dictionary_,
+            "Keep it in a folder with a shorter path: set ZAVEL_ROOT."};
   }
-  if (!loaded) {
-    return {kExitEnvironment, "no_cache",
-            "the result file in " + std::string(zavelPathCacheFolderURL()) + " can't be made",
-            "See whether the disk is full, or the folder not yours."};
-  }
-  if (!module_->objectODM()->initialized) {
-    return {kExitDamaged, "damaged_dictionary", "the dictionary in " + dictionary_ + " is damaged",
-            "Run: zavel dict verify, then zavel dict build"};
-  }
-  return {};
+  if (!module_) openWithoutResultFile();
+  if (manager().initialized) return {};
+  return {kExitDamaged, "damaged_dictionary", "the dictionary in " + dictionary_ + " is damaged",
+          "Run: zavel dict verify, then zavel dict build"};
 }
 
 }  // namespace zavel::host

@@ -2,7 +2,6 @@
 #include "PlacesInUse.h"
 
 #include "config/PathTableRows.h"
-#include "config/WorkPathTable.h"
 #include "config/ZavelPath.h"
 #include "platform/Platform.h"
 #include "platform/PropertyLists.h"
@@ -17,19 +16,21 @@ const char* groupKey(PathGroup group) {
   return nullptr;
 }
 
-// Replaces `*folder` by what `table` has for `entry`, if it has anything.
-void takeFrom(const Value& table, PathEntry entry, std::string* folder) {
+// Replaces `*folder` by what `table` has for `entry`; false when it has nothing.
+bool takeFrom(const Value& table, PathEntry entry, std::string* folder) {
   for (const PathRow& row : kPathRows) {
     if (row.entry != entry) continue;
     const char* key = groupKey(row.group);
     const Value* group = key ? table.find(key) : nullptr;
-    if (!group) return;
+    if (!group) return false;
     const std::optional<std::string> path =
         ZavelPath().extractFromDictionaryCreateCopy(*group, row.key, false);
-    if (path && !path->empty()) *folder = *path;
+    if (!path || path->empty()) return false;
+    *folder = *path;
     while (folder->size() > 1 && folder->back() == '/') folder->pop_back();
-    return;
+    return true;
   }
+  return false;
 }
 
 }  // namespace
@@ -38,10 +39,32 @@ std::string pathTableFile() {
   return defaultPathTablePath() + ".plist";
 }
 
+PathTableRoots pathTableRoots(const Places& places) {
+  PathTableRoots roots;
+  roots.data = places.data;
+  roots.cache = places.cache;
+  roots.preferences = places.config;
+  roots.documents = places.data + "/documents";
+#ifdef ZAVEL_LIBEXEC
+  roots.helpers = ZAVEL_LIBEXEC;
+#else
+  roots.helpers = "/usr/libexec/zavel";
+#endif
+  return roots;
+}
+
+bool pathTableNamesDictionary() {
+  Value table;
+  std::string folder;
+  return platform().propertyLists().readFile(pathTableFile(), &table) &&
+         takeFrom(table, PathEntry::kKenkyuDictionaryFolder, &folder);
+}
+
 Places placesInUse() {
   Places places = findPlaces();
   Value table;
-  if (places.data.empty() || !platform().propertyLists().readFile(pathTableFile(), &table)) return places;
+  if (places.data.empty() || !renewPathTable(defaultPathTablePath(), pathTableRoots(places))) return places;
+  if (!platform().propertyLists().readFile(pathTableFile(), &table)) return places;
   takeFrom(table, PathEntry::kKenkyuDictionaryFolder, &places.dictionary);
   takeFrom(table, PathEntry::kCacheFolder, &places.cache);
   return places;

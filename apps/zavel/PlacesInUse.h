@@ -5,13 +5,21 @@
 #include <string>
 
 #include "Places.h"
+#include "config/WorkPathTable.h"
 
 namespace zavel::host {
 
 // The property list that names the library's folders, written on the first start.
 std::string pathTableFile();
 
-// findPlaces(), with the dictionary and the cache where the path table says. Makes no folder.
+// What this program's path table is made with.
+PathTableRoots pathTableRoots(const Places& places);
+
+// Whether there is a table that tells where the dictionary is.
+bool pathTableNamesDictionary();
+
+// findPlaces(), with the dictionary and the cache where the path table says. Makes no folder. A table that
+// was made for other places is renewed, or passed over where it can't be written.
 Places placesInUse();
 
 }  // namespace zavel::host

@@ -1,6 +1,8 @@
 // Tests: tests/config/WorkPathTableTest.cpp
 #include "config/WorkPathTable.h"
 
+#include <cstring>
+
 #include "config/PathTableRows.h"
 #include "config/TwcServices.h"
 #include "config/ZavelPath.h"
@@ -109,6 +111,13 @@ const char* groupKey(PathGroup group) {
   return nullptr;
 }
 
+// A path below the home folder begins with "~", so that the table moves along with that folder.
+std::string fromHome(const std::string& path) {
+  const std::string home = platform().folders().home();
+  const bool below = !home.empty() && path.starts_with(home + "/");
+  return below ? "~" + path.substr(home.size()) : path;
+}
+
 Value::Dict applications(const PathTableRoots& roots) {
   ZavelPath keys;
   Value::Dict map;
@@ -127,9 +136,9 @@ Value defaultPathTable(const PathTableRoots& roots) {
     const std::string value = defaultValue(row.entry, roots);
     if (value.empty()) continue;
     const char* group = groupKey(row.group);
-    (group ? groups[group] : table)[row.key] = value;
+    (group ? groups[group] : table)[row.key] = row.kind == PathKind::kName ? value : fromHome(value);
   }
-  groups[groupKey(PathGroup::kTwed)][kSecondTwedApplicationKey] = roots.helpers + kBookBrowser;
+  groups[groupKey(PathGroup::kTwed)][kSecondTwedApplicationKey] = fromHome(roots.helpers + kBookBrowser);
   groups[kApplicationPathKey] = applications(roots);
   for (auto& [key, group] : groups) table[key] = std::move(group);
   return table;
@@ -142,6 +151,93 @@ bool writePathTableIfMissing(const std::string& path, const PathTableRoots& root
   if (name != std::string::npos && name > 0 && twcCreateFolder(file.substr(0, name).c_str()) != 0)
     return false;
   return platform().propertyLists().writeFile(file, defaultPathTable(roots), PropertyListFormat::kXml);
+}
+
+namespace {
+
+std::string pathIn(const Value& table, PathEntry entry) {
+  for (const PathRow& row : kPathRows) {
+    if (row.entry != entry) continue;
+    const char* key = groupKey(row.group);
+    const Value* group = key ? table.find(key) : &table;
+    if (!group) return {};
+    return ZavelPath().extractFromDictionaryCreateCopy(*group, row.key, false).value_or(std::string());
+  }
+  return {};
+}
+
+// The root of an entry: its value without what the default table puts behind the root. Empty when the value
+// does not end so.
+std::string rootOf(const Value& table, PathEntry entry) {
+  const std::string value = pathIn(table, entry);
+  for (const Default& row : kDefaults) {
+    if (row.entry != entry) continue;
+    return value.ends_with(row.rest) ? value.substr(0, value.size() - std::strlen(row.rest)) : std::string();
+  }
+  return {};
+}
+
+// The roots that a default table was made with, as far as a value of each tells.
+PathTableRoots rootsOf(const Value& table) {
+  PathTableRoots roots;
+  roots.data = rootOf(table, PathEntry::kKenkyuDictionaryFolder);
+  roots.cache = rootOf(table, PathEntry::kCacheFolder);
+  roots.preferences = rootOf(table, PathEntry::kPreferencesFolder);
+  roots.documents = rootOf(table, PathEntry::kDocumentsFolder);
+  roots.helpers = rootOf(table, PathEntry::kKModule);
+  roots.support = pathIn(table, PathEntry::kSupport);
+  roots.homepage = pathIn(table, PathEntry::kHomepage);
+  return roots;
+}
+
+// The table with every path expanded, so that two ways of writing one path compare equal.
+Value expanded(const Value& table) {
+  if (const std::string* text = table.asString()) {
+    const bool home = text->starts_with("~/");
+    return home ? platform().folders().home() + text->substr(1) : *text;
+  }
+  if (!table.isDict()) return table;
+  Value::Dict out;
+  for (const auto& [key, value] : *table.asDict()) out[key] = expanded(value);
+  return out;
+}
+
+// Whether the host alone wrote the table: every value follows from the roots, and the documents stand to the
+// data as they do in `roots`. A table in which the user changed a folder doesn't hold together so.
+bool isUntouched(const Value& table, const PathTableRoots& made, const PathTableRoots& roots) {
+  if (expanded(table) != expanded(defaultPathTable(made))) return false;
+  const bool below = roots.documents.starts_with(roots.data + "/");
+  return !below || made.documents == made.data + roots.documents.substr(roots.data.size());
+}
+
+// Whether the file holds a value of each root as it stands in the table of `roots`. That is so at nearly
+// every start, and a look at the bytes tells it in a tenth of the time that parsing them takes. A path that
+// XML writes otherwise is only found by parsing.
+bool plainlyNames(const std::string& file, const PathTableRoots& roots) {
+  constexpr size_t kLongestTable = 1 << 20;
+  std::string text;
+  if (!readWholeFile(file, kLongestTable, &text)) return false;
+  for (const PathEntry entry :
+       {PathEntry::kKenkyuDictionaryFolder, PathEntry::kCacheFolder, PathEntry::kPreferencesFolder,
+        PathEntry::kDocumentsFolder, PathEntry::kKModule}) {
+    const std::string value = fromHome(defaultValue(entry, roots));
+    if (text.find("<string>" + value + "</string>") == std::string::npos) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+bool renewPathTable(const std::string& path, const PathTableRoots& roots) {
+  if (plainlyNames(path + ".plist", roots)) return true;
+  Value table;
+  if (!platform().propertyLists().readFile(path + ".plist", &table) || !table.isDict()) return true;
+  const PathTableRoots made = rootsOf(table);
+  const Value now = defaultPathTable(roots);
+  if (table == now || !isUntouched(table, made, roots)) return true;
+  // One that says the same in other words, whole paths for "~", is no worse for staying.
+  return platform().propertyLists().writeFile(path + ".plist", now, PropertyListFormat::kXml) ||
+         expanded(table) == expanded(now);
 }
 
 std::string defaultPathTablePath() {

@@ -109,6 +109,128 @@ TEST_F(WorkPathTable, ATableThatIsThereStays) {
   EXPECT_EQ(readText(at("ZavelPath.plist")), "mine");
 }
 
+TEST_F(WorkPathTable, PathsBelowTheHomeFolderMoveAlongWithIt) {
+  const std::string home = platform.folders().home();
+  PathTableRoots roots{home + "/data",
+                       home + "/cache",
+                       home + "/config",
+                       home + "/data/documents",
+                       "/usr/libexec/zavel",
+                       "",
+                       ""};
+  const Value table = defaultPathTable(roots);
+  EXPECT_EQ(table.find("PreferencesFolder")->string(), "~/config");
+  EXPECT_EQ(table.find("DocumentsFolder")->string(), "~/data/documents");
+  EXPECT_EQ(table.find("CachePath")->find("RSSCacheFolder")->string(), "~/cache/rss");
+  EXPECT_EQ(table.find("DictionaryPath")->find("KenkyuDictionaryFolder")->string(),
+            "~/data/dictionaries/basic");
+  EXPECT_EQ(table.find("DictionaryPath")->find("UserDictionaryEJName")->string(), "UserDictionaryEJ");
+  EXPECT_EQ(table.find("ModulePath")->find("PathKModule")->string(), "/usr/libexec/zavel/zavel-dicttool");
+  EXPECT_EQ(table.find("ApplicationPath")->find("VX")->string(), "/usr/libexec/zavel/zavel-browser");
+  ASSERT_TRUE(writePathTableIfMissing(at("ZavelPath"), roots));
+  EXPECT_EQ(zavelPathLoadDictAndHelper(at("ZavelPath").c_str()), 0);
+  EXPECT_EQ(zavelPathKenkyuDicFolderURL(), home + "/data/dictionaries/basic");
+}
+
+TEST_F(WorkPathTable, AFolderThatOnlyBeginsLikeTheHomeFolderIsNotBelowIt) {
+  const std::string home = platform.folders().home();
+  PathTableRoots roots = rootsBelow("r");
+  roots.preferences = home + "2/config";
+  EXPECT_EQ(defaultPathTable(roots).find("PreferencesFolder")->string(), home + "2/config");
+}
+
+class RenewedPathTable : public WorkPathTable {
+ protected:
+  // As a host arranges its folders.
+  PathTableRoots placesBelow(const std::string& base) const {
+    return {at(base + "/data"),
+            at(base + "/cache"),
+            at(base + "/config"),
+            at(base + "/data/documents"),
+            "/usr/libexec/zavel",
+            "",
+            ""};
+  }
+  Value read() {
+    Value table;
+    EXPECT_TRUE(platform.propertyLists().readFile(at("ZavelPath.plist"), &table));
+    return table;
+  }
+  void write(const Value& table) {
+    EXPECT_TRUE(platform.propertyLists().writeFile(at("ZavelPath.plist"), table, PropertyListFormat::kXml));
+  }
+};
+
+TEST_F(RenewedPathTable, ATableOfOtherFoldersIsWrittenAnew) {
+  ASSERT_TRUE(writePathTableIfMissing(at("ZavelPath"), placesBelow("old")));
+  EXPECT_TRUE(renewPathTable(at("ZavelPath"), placesBelow("new")));
+  EXPECT_EQ(read(), defaultPathTable(placesBelow("new")));
+}
+
+TEST_F(RenewedPathTable, NewHelpersAndOneMovedFolderAreTakenOver) {
+  ASSERT_TRUE(writePathTableIfMissing(at("ZavelPath"), placesBelow("old")));
+  PathTableRoots roots = placesBelow("old");
+  roots.helpers = "/opt/zavel";
+  roots.cache = at("fast/cache");
+  EXPECT_TRUE(renewPathTable(at("ZavelPath"), roots));
+  EXPECT_EQ(read(), defaultPathTable(roots));
+}
+
+TEST_F(RenewedPathTable, ATableThatSomebodyChangedStays) {
+  struct {
+    const char* group;
+    const char* key;
+  } const places[] = {{"CachePath", "CacheFolder"},
+                      {"CachePath", "RSSCacheFolder"},
+                      {"DictionaryPath", "KenkyuDictionaryFolder"},
+                      {"DictionaryPath", "UserDictionaryEJName"},
+                      {"ModulePath", "PathKModule"},
+                      {nullptr, "PreferencesFolder"},
+                      {nullptr, "DocumentsFolder"}};
+  for (const auto& place : places) {
+    Value table = defaultPathTable(placesBelow("old"));
+    Value::Dict& all = *table.asDict();
+    (place.group ? *all[place.group].asDict() : all)[place.key] = "/mine";
+    write(table);
+    EXPECT_TRUE(renewPathTable(at("ZavelPath"), placesBelow("new")));
+    EXPECT_EQ(read(), table) << place.key;
+  }
+}
+
+TEST_F(RenewedPathTable, AnAddedKeyIsAChange) {
+  Value table = defaultPathTable(placesBelow("old"));
+  (*table.asDict())["Mine"] = "kept";
+  write(table);
+  EXPECT_TRUE(renewPathTable(at("ZavelPath"), placesBelow("new")));
+  EXPECT_EQ(read(), table);
+}
+
+TEST_F(RenewedPathTable, ATableOfTheseFoldersIsNotWritten) {
+  ASSERT_TRUE(writePathTableIfMissing(at("ZavelPath"), placesBelow("old")));
+  const std::string before = readText(at("ZavelPath.plist"));
+  writeText(at("ZavelPath.plist"), before + "\n");
+  EXPECT_TRUE(renewPathTable(at("ZavelPath"), placesBelow("old")));
+  EXPECT_EQ(readText(at("ZavelPath.plist")), before + "\n");
+}
+
+TEST_F(RenewedPathTable, WholePathsBelowTheHomeFolderBecomeRelative) {
+  PathTableRoots roots = placesBelow("old");
+  Value old = defaultPathTable(roots);
+  write(old);
+  platform.fakeFolders.homePath = at("old");
+  EXPECT_TRUE(renewPathTable(at("ZavelPath"), roots));
+  EXPECT_EQ(read().find("CachePath")->find("CacheFolder")->string(), "~/cache");
+  EXPECT_NE(read(), old);
+}
+
+TEST_F(RenewedPathTable, WhatIsNoTableStays) {
+  EXPECT_TRUE(renewPathTable(at("ZavelPath"), placesBelow("new")));
+  EXPECT_FALSE(exists(at("ZavelPath.plist")));
+  writeText(at("ZavelPath.plist"), "mine");
+  EXPECT_TRUE(renewPathTable(at("ZavelPath"), placesBelow("new")));
+  EXPECT_EQ(readText(at("ZavelPath.plist")), "mine");
+}
+
 TEST_F(WorkPathTable, IsNotWrittenWhereNoFolderCanBeMade) {
   writeText(at("file"), "");
   EXPECT_FALSE(writePathTableIfMissing(at("file/below/ZavelPath"), rootsBelow("r")));

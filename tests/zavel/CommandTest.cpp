@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "support/DicWriter.h"
 #include "support/TempFolder.h"
 #include "zavel/HostDictionary.h"
 
@@ -20,6 +21,8 @@ namespace {
 
 using test::Command;
 using test::Outcome;
+using test::readFile;
+using test::writeFile;
 namespace fs = std::filesystem;
 
 constexpr const char* kTable = "/Library/Application Support/Tarnwick/ZavelLex/ZavelPath.plist";
@@ -58,6 +61,13 @@ std::vector<std::string> lines(const std::string& text) {
     at = end + 1;
   }
   return out;
+}
+
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+  for (size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
+    text.replace(at, from.size(), to);
+  }
+  return text;
 }
 
 // Help and wrong usage
@@ -430,7 +440,7 @@ TEST_F(CommandTest, AMissingFileIsDamage) {
 }
 
 TEST_F(CommandTest, DamageBehindAWordIsNotMistakenForAMissingWord) {
-  std::ofstream(basic() + "/ej.ix3", std::ios::trunc).close();
+  writeFile(basic() + "/ej.ix3", "xx");
   const Outcome outcome = zavel({"look", "church"}).run();
   EXPECT_EQ(outcome.status, 5);
   EXPECT_EQ(outcome.err,
@@ -447,7 +457,7 @@ TEST_F(CommandTest, DamageBehindAWordIsNotMistakenForAMissingWord) {
 }
 
 TEST_F(CommandTest, DamagedFormsAreDamageOfTheWordsThatNeedThem) {
-  std::ofstream(basic() + "/katu.dic", std::ios::trunc).close();
+  writeFile(basic() + "/katu.dic", "xx");
   EXPECT_EQ(zavel({"look", "went"}).run().status, 5);
   EXPECT_EQ(zavel({"look", "--forms", "went"}).run().status, 5);
   EXPECT_EQ(zavel({"look", "church"}).run().status, 0);
@@ -466,40 +476,88 @@ TEST_F(CommandTest, APathTableThatIsNoneIsDamaged) {
   EXPECT_EQ(zavel({"look", "church"}).run().status, 0);
 }
 
-TEST_F(CommandTest, AFolderThatMovedIsTold) {
+TEST_F(CommandTest, ARootThatIsCopiedOrMovedAnswersFromItself) {
   ASSERT_EQ(zavel({"look", "church"}).run().status, 0);
   const std::string moved = folder_.path() + "/moved";
-  fs::rename(root(), moved);
   const auto there = [&](std::vector<std::string> words) {
     return Command(std::move(words)).env("ZAVEL_ROOT", moved).run();
   };
-  const Outcome outcome = there({"look", "church"});
-  EXPECT_EQ(outcome.status, 3);
-  EXPECT_EQ(outcome.err,
-            "zavel: there is no dictionary in " + basic() + " yet; the path table " + moved + kTable +
-                " names that folder\nRemove the path table if the folder has moved: a new one is "
-                "written at the next start.\n");
-  EXPECT_NE(there({"paths"}).out.find("dictionary  " + basic() + "\n"), std::string::npos);
-  fs::remove(moved + kTable);
+  fs::copy(root(), moved, fs::copy_options::recursive);
+  fs::remove_all(root() + "/dictionaries");
   EXPECT_EQ(there({"look", "church"}).status, 0);
+  fs::remove_all(root());
+  EXPECT_EQ(there({"look", "church"}).status, 0);
+  EXPECT_NE(there({"paths"}).out.find("dictionary  " + moved + "/dictionaries/basic\n"), std::string::npos);
+  EXPECT_FALSE(fs::exists(root())) << "the folders of the old place were made again";
 }
 
-TEST_F(CommandTest, FoldersThatCannotBeMadeAreTold) {
-  test::writeHostDictionary(folder_.path() + "/other/dictionaries/basic");
-  std::ofstream(folder_.path() + "/other/Library") << "a file in the way";
-  const auto run = [&](std::vector<std::string> words) {
-    return Command(std::move(words))
-        .env("ZAVEL_ROOT", folder_.path() + "/other")
-        .env("ZAVEL_MKDICT", "/bin/true")
-        .run();
-  };
-  const Outcome table = run({"look", "church"});
-  EXPECT_EQ(table.status, 3);
-  EXPECT_TRUE(
-      table.err.ends_with("can't be written\nSee whether the disk is full, or the folder not yours.\n"));
-  fs::remove(folder_.path() + "/other/Library");
-  std::ofstream(folder_.path() + "/other/cache") << "a file in the way";
-  EXPECT_NE(run({"look", "church"}).status, 0);
+// Tables that hold whole paths, as earlier versions wrote them.
+TEST_F(CommandTest, ATableOfAnotherPlaceIsRenewed) {
+  ASSERT_EQ(zavel({"look", "church"}).run().status, 0);
+  writeFile(table(), replaced(readFile(table()), "<string>~/", "<string>" + folder_.path() + "/gone/"));
+  EXPECT_NE(readFile(table()).find("/gone/cache"), std::string::npos);
+  EXPECT_EQ(zavel({"look", "church"}).run().status, 0);
+  EXPECT_EQ(readFile(table()).find("/gone/"), std::string::npos);
+  EXPECT_FALSE(fs::exists(folder_.path() + "/gone"));
+}
+
+TEST_F(CommandTest, ATableThatTheUserChangedIsKept) {
+  ASSERT_EQ(zavel({"look", "church"}).run().status, 0);
+  const std::string elsewhere = folder_.path() + "/elsewhere";
+  fs::rename(basic(), elsewhere);
+  const Outcome missing = zavel({"look", "church"}).run();
+  EXPECT_EQ(missing.status, 3);
+  writeFile(table(), replaced(readFile(table()), "~/dictionaries/basic", elsewhere));
+  const std::string changed = readFile(table());
+  EXPECT_EQ(zavel({"look", "church"}).run().status, 0);
+  EXPECT_EQ(readFile(table()), changed);
+  fs::remove_all(elsewhere);
+  EXPECT_EQ(zavel({"look", "church"}).run().err,
+            "zavel: there is no dictionary in " + elsewhere + " yet; the path table " + table() +
+                " names that folder\nRemove the path table if the folder has moved: a new one is "
+                "written at the next start.\n");
+}
+
+TEST_F(CommandTest, ALookUpNeedsNothingThatCanBeWritten) {
+  const std::string expected = zavel({"look", "church"}).run().out;
+  ASSERT_TRUE(expected.starts_with("church"));
+  // The cache can't be made.
+  fs::remove_all(root() + "/cache");
+  std::ofstream(root() + "/cache") << "a file in the way";
+  EXPECT_EQ(zavel({"look", "church"}).run().out, expected);
+  EXPECT_EQ(zavel({"look", "church"}).run().status, 0);
+  EXPECT_EQ(zavel({"look", "church"}).run().err, "");
+  // The path table can't be made either.
+  fs::remove_all(root() + "/Library");
+  std::ofstream(root() + "/Library") << "a file in the way";
+  EXPECT_EQ(zavel({"look", "church"}).run().out, expected);
+  EXPECT_EQ(zavel({"look", "goes"}).run().status, 0);
+  EXPECT_EQ(zavel({"look", "curch"}).run().status, 1);
+}
+
+TEST_F(CommandTest, AFileThatHoldsNothingIsDamage) {
+  for (const char* file : {"ej.dic", "ej.ix3", "ej.idx", "hase.ix3", "hase.idx", "katu.dic", "katu.ix3",
+                           "katu.idx", "je.dic", "je.ix3", "je.idx", "ke.ix3", "ke.idx"}) {
+    const std::string path = basic() + "/" + file, before = readFile(path);
+    writeFile(path, "");
+    for (const char* word : {"church", "zzzz", "行く"}) {
+      const Outcome outcome = zavel({"look", word}).run();
+      EXPECT_EQ(outcome.status, 5) << file << " " << word;
+      EXPECT_EQ(outcome.err, "zavel: the file " + std::string(file) + " of the dictionary in " + basic() +
+                                 " is empty\nRun: zavel dict build\n");
+    }
+    writeFile(path, before);
+  }
+  EXPECT_EQ(zavel({"look", "church"}).run().status, 0);
+}
+
+TEST_F(CommandTest, APathThatIsTooLongIsTold) {
+  const std::string deep = root() + "/" + std::string(200, 'a') + "/" + std::string(60, 'b');
+  fs::create_directories(deep + "/dictionaries");
+  fs::copy(basic(), deep + "/dictionaries/basic", fs::copy_options::recursive);
+  const Outcome outcome = Command({"look", "--json", "church"}).env("ZAVEL_ROOT", deep).run();
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_NE(outcome.out.find(R"("code":"long_path")"), std::string::npos) << outcome.out;
 }
 
 TEST_F(CommandTest, ABuildThatHasNoPlaceIsTold) {
