@@ -1,4 +1,4 @@
-// Tests: tests/prefs/ZFWPrefControllerTest.cpp
+// Tests: tests/prefs/ZFWDictTabViewTest.cpp
 #include "prefs/ZFWPrefController.h"
 
 #include "platform/Bundle.h"

@@ -1,4 +1,4 @@
-// Tests: tests/shell/ProcessObjectsTest.cpp
+// Tests: tests/shell/ControllerTest.cpp
 #include "shell/ProcessObjects.h"
 
 #include <memory>

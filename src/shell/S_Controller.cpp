@@ -1,5 +1,5 @@
 // The tab itself: its widgets, its settings, the list. Searching and showing stand beside it.
-// Tests: tests/shell/S_ControllerTest.cpp
+// Tests: tests/shell/DetailTest.cpp
 #include "shell/S_Controller.h"
 
 #include <algorithm>

@@ -216,6 +216,7 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
   void changeRss();
   void selectRssModeMenu(const std::string& url);
   void giveMenu(const std::shared_ptr<Menu>& menu);
+  MenuItem::Action whileAlive(MenuItem::Action action) const;
   int checkedTag(int first, int end) const;
 
   const void* zavelParent_ = nullptr;
@@ -247,6 +248,7 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
 
   std::vector<NotificationCenter::Subscription> subscriptions_;
   std::vector<Connection> connections_;
+  std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };
 
 }  // namespace zavel

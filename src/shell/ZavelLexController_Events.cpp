@@ -76,6 +76,7 @@ int ZavelLexController::selectedSegment() const {
 }
 
 void ZavelLexController::selectMode() {
+  if (!sController_) return;
   if (zfwPrefController_) zfwPrefController_->hide();
   for (const ModeRow& mode : kModes) {
     if (isUp(this->*mode.number)) return show(mode);

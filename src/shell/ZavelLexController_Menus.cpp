@@ -1,4 +1,6 @@
 // The search field's menus. Tests: tests/shell/MenusTest.cpp
+#include <utility>
+
 #include "feed/RSSSubscriber2.h"
 #include "platform/Bundle.h"
 #include "platform/Platform.h"
@@ -80,6 +82,13 @@ std::string ZavelLexController::urlSearch() const {
   }
 }
 
+// Menus are shared with hosts, and may outlive this.
+MenuItem::Action ZavelLexController::whileAlive(MenuItem::Action action) const {
+  return [alive = std::weak_ptr<const bool>(alive_), act = std::move(action)](const MenuItem& item) {
+    if (!alive.expired()) act(item);
+  };
+}
+
 void ZavelLexController::giveMenu(const std::shared_ptr<Menu>& menu) {
   searchField_->setMenu(menu);
 }
@@ -114,7 +123,7 @@ void ZavelLexController::addDisplayModes(int kept) {
   oMenuNumber_ = kFirstDisplayTag;
   for (const char* title : titles) {
     dMenu_->addItem(itemOf(localized(title), oMenuNumber_++,
-                           [this](const MenuItem& item) { selectDictModeMenu(item.tag); }));
+                           whileAlive([this](const MenuItem& item) { selectDictModeMenu(item.tag); })));
   }
   checkAmong(dMenu_.get(), kFirstDisplayTag, oMenuNumber_, kept == 0 ? kFirstDisplayTag : kept);
 }
@@ -126,7 +135,7 @@ void ZavelLexController::addDirections(int kept, bool separated) {
   sMenuNumber_ = kFirstDirectionTag;
   for (const char* title : titles) {
     dMenu_->addItem(itemOf(localized(title), sMenuNumber_++,
-                           [this](const MenuItem& item) { selectDictModeMenu(item.tag); }));
+                           whileAlive([this](const MenuItem& item) { selectDictModeMenu(item.tag); })));
   }
   checkAmong(dMenu_.get(), kFirstDirectionTag, sMenuNumber_, kept == 0 ? kFirstDirectionTag : kept);
 }
@@ -137,7 +146,7 @@ void ZavelLexController::addOutsideDirections() {
   oMenuNumber_ = kFirstDisplayTag;
   for (const char* title : titles) {
     dMenu_->addItem(itemOf(localized(title), oMenuNumber_++,
-                           [this](const MenuItem& item) { selectDictModeMenu(item.tag); }));
+                           whileAlive([this](const MenuItem& item) { selectDictModeMenu(item.tag); })));
   }
   checkAmong(dMenu_.get(), kFirstDisplayTag, oMenuNumber_, kFirstDisplayTag);
 }
@@ -155,7 +164,7 @@ void ZavelLexController::selectDictModeMenu(int tag) {
 
 void ZavelLexController::makeTransMenu() {
   tMenu_ = std::make_shared<Menu>("tMenu");
-  const auto chosen = [this](const MenuItem& item) { selectTransModeMenu(item.tag); };
+  const auto chosen = whileAlive([this](const MenuItem& item) { selectTransModeMenu(item.tag); });
   tMenu_->addItem(itemOf(localized("AutoTranslate"), kAutoTranslateTag, chosen));
   tMenu_->addItem(itemOf(localized("EtoJTranslate"), kEtoJTranslateTag, chosen));
   tMenu_->addItem(itemOf(localized("JtoETranslate"), kJtoETranslateTag, chosen));
@@ -176,7 +185,8 @@ void ZavelLexController::makeSearchMenu() {
     } else if (title.starts_with(">>")) {
       wMenu_->addItem(itemOf(title.substr(2), kHeadingTag));
     } else {
-      MenuItem item = itemOf(title, ++tag, [this](const MenuItem& i) { selectSearchModeMenu(i.tag); });
+      MenuItem item =
+          itemOf(title, ++tag, whileAlive([this](const MenuItem& i) { selectSearchModeMenu(i.tag); }));
       item.representedText = stringAt(site, "SearchItemURL");
       item.checked = tag == 1;
       wMenu_->addItem(item);
@@ -196,7 +206,7 @@ void ZavelLexController::changeRss() {
   for (const RSSSubscriber2::Site& site : gRSSSubscriber2->sites()) {
     const std::string unread = site.rssUnRead >= 1 ? "(" + std::to_string(site.rssUnRead) + ")" : "";
     MenuItem item = itemOf(unread + site.rssSiteName, tag++,
-                           [this](const MenuItem& i) { selectRssModeMenu(i.representedText); });
+                           whileAlive([this](const MenuItem& i) { selectRssModeMenu(i.representedText); }));
     item.representedText = site.rssURL;
     rMenu_->addItem(item);
   }

@@ -1,0 +1,343 @@
+// Set-up in its four forms, what controllers share, and their end.
+#include <filesystem>
+
+#include "config/WorkPaths.h"
+#include "config/ZFWPlistController.h"
+#include "config/ZavelApplet.h"
+#include "config/ZavelCommonModule.h"
+#include "config/ZavelCommunication.h"
+#include "config/ZavelPath.h"
+#include "config/ZavelStyle.h"
+#include "feed/RSSSubscriber2.h"
+#include "platform/PropertyLists.h"
+#include "research/ZFWiPodController.h"
+#include "shell/ProcessObjects.h"
+#include "shell/ShellTesting.h"
+#include "translate/TranslationController2.h"
+
+namespace zavel::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class Controller : public ShellTest {
+ protected:
+  static std::vector<int> numbers(const ZavelLexController& c) {
+    return {c.segmentDict(), c.segmentTrans(), c.segmentTexttrans(), c.segmentSearch(),
+            c.segmentRss(),  c.segmentQuick(), c.segmentDocu(),      c.segmentArch()};
+  }
+};
+
+// --- Numbers of modes ---
+
+TEST_F(Controller, BeforeTheSetUpFourModesAreAbsent) {
+  ZavelLexController controller;
+  EXPECT_EQ(numbers(controller), (std::vector<int>{-1, -1, -1, -1, 0, 0, 0, 0}));
+}
+
+TEST_F(Controller, ModesAreNumberedInTheHostsOrder) {
+  Window window({"zfQuickTab", "zfDictTab", "zfArchTab"});
+  EXPECT_EQ(numbers(*window.controller), (std::vector<int>{1, -1, -1, -1, -1, 0, -1, 2}));
+  EXPECT_EQ(window.controller->modeControl()->segments().size(), 3u);
+  EXPECT_EQ(window.tab(), "qTab");
+}
+
+TEST_F(Controller, AnUnknownModeTakesNoNumber) {
+  Window window({"zfDictTab", "zfNoTab", "zfRssTab"});
+  EXPECT_EQ(numbers(*window.controller), (std::vector<int>{0, -1, -1, -1, 1, -1, -1, 0}));
+  EXPECT_EQ(window.controller->modeControl()->segments().size(), 2u);
+}
+
+TEST_F(Controller, HiddenModesAreNumberedFromAHundred) {
+  Window window({"zfDictTab"}, {"zfRssTab", "unknown", "zfTransTab"});
+  EXPECT_EQ(numbers(*window.controller), (std::vector<int>{0, 101, -1, -1, 100, -1, -1, 0}));
+  EXPECT_EQ(window.controller->modeControl()->segments().size(), 1u);
+}
+
+TEST_F(Controller, OfTwoNumbersForAModeTheLastOneCounts) {
+  Window window({"zfDictTab", "zfTransTab", "zfDictTab"}, {"zfTransTab"});
+  EXPECT_EQ(numbers(*window.controller), (std::vector<int>{2, 100, -1, -1, -1, -1, -1, 0}));
+}
+
+TEST_F(Controller, AHostWithItsOwnFieldHasFourModes) {
+  FieldHost host;
+  EXPECT_EQ(numbers(*host.controller), (std::vector<int>{0, 1, -1, 2, 3, -1, -1, 0}));
+  EXPECT_EQ(host.controller->modeControl(), nullptr);
+  EXPECT_EQ(host.controller->tabView(), nullptr);
+  EXPECT_EQ(host.controller->searchField(), &host.input);
+  EXPECT_EQ(host.controller->progressSpinning(), &host.progress);
+  EXPECT_EQ(host.input.menu(), host.controller->dMenu());
+}
+
+TEST_F(Controller, AHostWithoutModesGetsAnEmptyWindow) {
+  Window window(Lines{});
+  EXPECT_EQ(numbers(*window.controller), (std::vector<int>{-1, -1, -1, -1, -1, -1, -1, 0}));
+  EXPECT_EQ(window.segment(), -1);
+  window.look("take");
+  EXPECT_EQ(window.field(), "");
+}
+
+TEST_F(Controller, ASecondSetUpDoesNothing) {
+  Window window({"zfDictTab"});
+  window.controller->initController(Rect(), &window.token, kAllModes);
+  SearchField input;
+  BusyIndicator progress;
+  window.controller->initController(Rect(), &window.token, input, progress, "other");
+  EXPECT_EQ(numbers(*window.controller), (std::vector<int>{0, -1, -1, -1, -1, -1, -1, 0}));
+  EXPECT_EQ(window.controller->modeControl()->segments().size(), 1u);
+  EXPECT_NE(window.controller->searchField(), &input);
+}
+
+// --- The window ---
+
+TEST_F(Controller, TheTabsStandInTheOrderOfTheModes) {
+  Window window({"zfRssTab"});
+  Lines identifiers;
+  for (const TabView::Item& tab : window.controller->tabView()->items())
+    identifiers.push_back(tab.identifier);
+  EXPECT_EQ(identifiers, (Lines{"sTab", "tTab", "eTab", "wTab", "rTab", "qTab", "dTab", "aTab"}));
+}
+
+TEST_F(Controller, AllIsBelowTheRootViewWhichHearsOfItsChanges) {
+  Window window(kAllModes);
+  size_t changes = 0;
+  const Connection heard = window.controller->mainView().changed.connect([&](View&) { ++changes; });
+  window.look("zebra");
+  EXPECT_GT(changes, 0u);
+  changes = 0;
+  window.controller.reset();
+  EXPECT_EQ(changes, 0u);  // nothing is told of the end
+}
+
+TEST_F(Controller, EachSetUpRaisesTheViewNumber) {
+  const int before = viewID;
+  Window window(kAllModes);
+  EXPECT_EQ(viewID, before + 1);
+  FieldHost host;
+  EXPECT_EQ(viewID, before + 2);
+}
+
+TEST_F(Controller, TheQuickTabIsLaidOutAsTheHostAsked) {
+  Window window;
+  window.controller->setQuickTransLayoutUpDown(false);
+  window.controller->initController(Rect(), &window.token, kAllModes);
+  EXPECT_EQ(window.controller->qController().layout(), (Q_Controller::Layout{false, false, false}));
+  window.controller->setQuickTransTransportButtonHide(true);
+  window.controller->setQuickTransLayoutUpDown(true);
+  EXPECT_EQ(window.controller->qController().layout(), (Q_Controller::Layout{true, true, false}));
+  EXPECT_EQ(&window.controller->QTSrcView(), &window.controller->qController().srcView());
+  EXPECT_EQ(&window.controller->QTDstView(), &window.controller->qController().dstView());
+}
+
+TEST_F(Controller, TheQuickTabKnowsTheBrowser) {
+  platform.ownBundle.signature = "yVX8";
+  Window window(kAllModes);
+  EXPECT_EQ(window.controller->qController().layout(), (Q_Controller::Layout{true, false, true}));
+}
+
+TEST_F(Controller, TheCorrespondenceClientsFieldHasTheStoredLayout) {
+  struct Case {
+    Value stored;
+    const char* signature;
+    Q_Controller::Layout expected;
+  };
+  for (const Case& each :
+       {Case{Value(0), "zFQ8", {true, true, false}}, Case{Value(1), "zFQ8", {false, true, false}},
+        Case{Value(), "zFQ8", {true, true, false}}, Case{Value(1), "zQN8", {true, false, false}}}) {
+    platform.ownBundle.signature = each.signature;
+    writeStore(Value::Dict{{"ZFWTransTabKey", Value::Dict{{"ZFWTransTabModeItem", each.stored}}}});
+    FieldHost host;
+    EXPECT_EQ(host.controller->qController().layout(), each.expected);
+    Window window(kAllModes);
+    EXPECT_EQ(window.controller->qController().layout(), (Q_Controller::Layout{true, false, false}));
+  }
+}
+
+// --- What is shared ---
+
+TEST_F(Controller, TheFirstControllerMakesWhatIsSharedAndTheLastTakesItAway) {
+  EXPECT_EQ(gCallCount, 0);
+  EXPECT_EQ(gZavelCommonModule, nullptr);
+  {
+    Window first(kAllModes);
+    Window second(kAllModes);
+    EXPECT_EQ(gCallCount, 2);
+    EXPECT_EQ(gS_CallCount, 2);
+    first.controller.reset();
+    EXPECT_EQ(gCallCount, 1);
+    EXPECT_EQ(gS_CallCount, 1);
+    EXPECT_NE(gZavelCommonModule, nullptr);
+    EXPECT_NE(gZavelCommunication, nullptr);
+    EXPECT_TRUE(gZavelCommunication->cDic().isNull());
+    EXPECT_NE(gZFWPlist, nullptr);
+    EXPECT_NE(gTranslationController2, nullptr);
+    EXPECT_NE(gRSSSubscriber2, nullptr);
+    EXPECT_NE(gMirellModule, nullptr);
+    EXPECT_NE(zavelPathCacheFolderURL(), nullptr);
+  }
+  EXPECT_EQ(gCallCount, 0);
+  EXPECT_EQ(gZavelCommonModule, nullptr);
+  EXPECT_EQ(gZavelCommunication, nullptr);
+  EXPECT_EQ(gZFWPlist, nullptr);
+  EXPECT_EQ(gTranslationController2, nullptr);
+  EXPECT_EQ(gRSSSubscriber2, nullptr);
+  EXPECT_EQ(gMirellModule, nullptr);
+  EXPECT_EQ(zavelPathCacheFolderURL(), nullptr);
+  EXPECT_EQ(zavelStyleBaseURL(), nullptr);
+  EXPECT_NE(gZFWiPod, nullptr);  // stays
+}
+
+TEST_F(Controller, WithTheLastControllerNobodyListensAnyMore) {
+  const size_t before = NotificationCenter::shared().count();
+  {
+    Window window(kAllModes);
+    FieldHost host;
+  }
+  EXPECT_EQ(NotificationCenter::shared().count(), before);
+}
+
+TEST_F(Controller, ASecondControllerSharesTheDictionaryAndItsResultFile) {
+  writeDictionary();
+  FieldHost first("first-result");
+  MirellModule* const module = gMirellModule;
+  MirellDictionaryManager* const manager = module->objectODM();
+  FieldHost second("second-result");
+  EXPECT_EQ(gMirellModule, module);
+  EXPECT_EQ(module->objectODM(), manager);
+  EXPECT_EQ(module->cachePath(), at("cache/first-result"));
+  EXPECT_FALSE(std::filesystem::exists(at("cache/second-result")));
+  first.controller.reset();  // the second goes on
+  second.look("take");
+  EXPECT_EQ(second.rows().size(), 2u);
+}
+
+TEST_F(Controller, TheShortFormNamesTheResultFile) {
+  Window window(kAllModes);
+  EXPECT_EQ(gMirellModule->cachePath(), at("cache/ZEFWresultO2008"));
+}
+
+TEST_F(Controller, TwoWindowsLookUpSideBySide) {
+  writeDictionary();
+  Window one(kAllModes), other({"zfDictTab"});
+  one.look("take");
+  other.look("みち");
+  EXPECT_EQ(one.rows().size(), 2u);
+  EXPECT_EQ(other.rows().size(), 3u);
+  EXPECT_TRUE(one.dictionary().hwListView().choose(1));
+  EXPECT_EQ(one.detail(), "taken\r\r-[形]\r取られた\n\r\r");
+  EXPECT_EQ(other.detail(), "みち 道\rroad\n\r\r");
+}
+
+TEST_F(Controller, AProcessMayBeginAnew) {
+  writeDictionary();
+  for (int i = 0; i < 3; ++i) {
+    Window window(kAllModes);
+    window.look("take");
+    EXPECT_EQ(window.rows().size(), 2u);
+  }
+}
+
+TEST_F(Controller, TheFeedsAreFetchedOncePerProcess) {
+  {
+    Window without({"zfDictTab"});
+    EXPECT_EQ(gRSSSubscriber2->updates(), 0u);
+    Window first({"zfDictTab", "zfRssTab"});
+    EXPECT_EQ(gRSSSubscriber2->updates(), 1u);
+    EXPECT_TRUE(first.controller->rController().alertSkip());
+    Window second({"zfRssTab"});
+    EXPECT_EQ(gRSSSubscriber2->updates(), 1u);
+    EXPECT_FALSE(second.controller->rController().alertSkip());
+  }
+  rssTimerFlag = false;
+  {
+    Window hidden({"zfDictTab"}, {"zfRssTab"});
+    EXPECT_EQ(gRSSSubscriber2->updates(), 1u);
+  }
+  rssTimerFlag = false;
+  FieldHost host;
+  EXPECT_EQ(gRSSSubscriber2->updates(), 1u);
+}
+
+TEST_F(Controller, TheWorkPathsAreSettled) {
+  Window window(kAllModes);
+  EXPECT_EQ(ownedApplet, 6);
+  EXPECT_EQ(gSourcePath, at("cache/fq/SourceFile.txt"));
+  EXPECT_EQ(gResultPath, at("cache/fq/ResultFile.plist"));
+  EXPECT_EQ(gDictPath, at("preferences/ZP.plist"));
+  EXPECT_EQ(gStylePath, at("preferences/ZavelStyle.plist"));
+  EXPECT_EQ(gEJEnginePath, at("helpers/zavel-text-ej"));
+  EXPECT_EQ(gJEEnginePath, at("helpers/zavel-text-je"));
+}
+
+TEST_F(Controller, WithoutAPathTableItWorksInTheCommonTemporaryFolder) {
+  setHostPathTable(at("no-table"));
+  FieldHost host;
+  EXPECT_EQ(gSourcePath, "/tmp/SourceFile.txt");
+  host.look("take");  // no dictionary, no tool
+  EXPECT_EQ(host.detail(), "No entries");
+}
+
+struct CacheCase {
+  const char* signature;
+  int applet;
+  const char* folder;  // below the cache; "" for the cache itself
+  bool emptied;
+};
+
+TEST_F(Controller, TheTranslationControllerHasTheApplicationsFolderEmptied) {
+  for (const CacheCase& each : {CacheCase{"zQN8", 1, "/qn", true}, CacheCase{"yOS8", 3, "/other", true},
+                                CacheCase{"zVN8", 4, "", false}, CacheCase{"zGX8", 5, "", false},
+                                CacheCase{"zFQ8", 6, "/fq", true}, CacheCase{"yVX8", 17, "/vx", true}}) {
+    platform.ownBundle.signature = each.signature;
+    const std::string cacheFolder = at("cache") + each.folder;
+    std::filesystem::create_directories(cacheFolder + "/below");
+    writeFile(cacheFolder + "/old", "x");
+    writeFile(cacheFolder + "/below/old", "x");
+    Window window(kAllModes);
+    EXPECT_EQ(ownedApplet, each.applet);
+    EXPECT_EQ(gTranslationController2->cacheFolder(), cacheFolder);
+    EXPECT_EQ(gTranslationController2->rssCacheFolder(), at("cache/rss"));
+    EXPECT_EQ(std::filesystem::exists(cacheFolder + "/old"), !each.emptied) << each.signature;
+    EXPECT_TRUE(std::filesystem::exists(cacheFolder + "/below/old"));
+    writeFile(cacheFolder + "/old", "x");
+    Window second(kAllModes);
+    EXPECT_TRUE(std::filesystem::exists(cacheFolder + "/old"));
+  }
+}
+
+TEST_F(Controller, TheTranslationControllerKnowsItsApplication) {
+  platform.ownBundle.signature = "zQN8";
+  Window window(kAllModes);
+  EXPECT_EQ(gTranslationController2->ownserPath(), at("helpers/zavel-translation-editor"));
+}
+
+TEST_F(Controller, ALaterControllerReadsThePathTableAgain) {
+  Window first(kAllModes);
+  Value table;
+  ASSERT_TRUE(platform.propertyLists().readFile(at("table.plist"), &table));
+  (*(*table.asDict())["ModulePath"].asDict())["PathTEModule"] = "/elsewhere/engine";
+  ASSERT_TRUE(platform.propertyLists().writeFile(at("table.plist"), table, PropertyListFormat::kXml));
+  Window second(kAllModes);
+  EXPECT_EQ(gEJEnginePath, "/elsewhere/engine");
+}
+
+// --- Preferences at the start ---
+
+TEST_F(Controller, ADamagedStoreIsKeptAsideAndTheListIsThatOfAFirstStart) {
+  writeFile(storePath(), "garbage");
+  Window window(kAllModes);
+  EXPECT_EQ(readFile(storePath() + ".damaged"), "garbage");
+  EXPECT_EQ(window.controller->zfwPrefController().dictTab().selectedDict(), 5);
+}
+
+TEST_F(Controller, TheListIsStoredAtTheFirstStart) {
+  Window window(kAllModes);
+  const Value all = readStore();
+  const Value* items = all.find("ZFWDictTabKey")->find("ZFWDictTabTWEDItem");
+  ASSERT_NE(items, nullptr);
+  EXPECT_EQ(*items, Value(Value::Array{item("oType", "StandardDictionary", "YES"),
+                                       item("tType", "TranslationDictionary", "YES")}));
+}
+
+}  // namespace
+}  // namespace zavel::test

@@ -1,0 +1,285 @@
+// The translation dictionary: its helper tool's command line, its answers, and the ways in which it fails.
+#include <signal.h>
+#include <sys/time.h>
+
+#include <filesystem>
+
+#include "config/WorkPaths.h"
+#include "config/ZavelApplet.h"
+#include "platform/PropertyLists.h"
+#include "platform/TextEncoding.h"
+#include "shell/ShellTesting.h"
+
+namespace zavel::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+// The translation dictionary alone.
+class Tool : public ShellTest {
+ protected:
+  Tool() {
+    writeDictList({item("tType", "TranslationDictionary", "YES"), item("oType", "StandardDictionary", "NO")});
+  }
+
+  LookupStatus search(Window& window, const std::string& query) {
+    window.dictionary().clear();
+    return window.dictionary().lookup(TextEncoding::adoptSjis(query), item("tType", "", "YES"), true, 0);
+  }
+
+  std::string cache(const std::string& name) const { return at("cache/fq/" + name); }
+};
+
+// --- Command line ---
+
+TEST_F(Tool, TheEnglishToolGetsItsSixOptionsInOrder) {
+  writeEnglishTool(answering("<string>an answer</string>"));
+  Window window(kAllModes);
+  window.look("take");
+  EXPECT_EQ(platform.watched.runs,
+            (std::vector<Lines>{{at("helpers/zavel-text-ej"), "-d", at("preferences/ZP.plist"), "-i",
+                                 at("preferences/ZavelStyle.plist"), "-s", "0", "-e", cache("SourceFile.txt"),
+                                 "-r", cache("ResultFile.plist"), "-w"}}));
+  EXPECT_TRUE(std::filesystem::exists(at("preferences/ZP.plist")));
+}
+
+TEST_F(Tool, AJapaneseQueryGoesToTheJapaneseTool) {
+  writeJapaneseTool(answering("<string>go</string>"));
+  Window window(kAllModes);
+  window.look("行く");
+  ASSERT_EQ(platform.watched.runs.size(), 1u);
+  EXPECT_EQ(platform.watched.runs[0][0], at("helpers/zavel-text-je"));
+  EXPECT_EQ(window.rows(), Lines{"行く"});
+  EXPECT_EQ(readFile(cache("SourceFile.txt")), sjis("行く"));
+}
+
+TEST_F(Tool, TheMedicalEditionHasTheOptionMFirstAndNoParameterFile) {
+  useMedicalEdition();
+  writeEnglishTool(answering("<string>an answer</string>"));
+  Window window(kAllModes);
+  window.look("take");
+  EXPECT_EQ(
+      platform.watched.runs,
+      (std::vector<Lines>{{at("helpers/zavel-text-ej"), "-m", "-i", at("preferences/ZavelStyle.plist"), "-s",
+                           "0", "-e", cache("SourceFile.txt"), "-r", cache("ResultFile.plist"), "-w"}}));
+  EXPECT_FALSE(std::filesystem::exists(at("preferences/ZP.plist")));
+  EXPECT_EQ(window.rows(), Lines{"take"});
+}
+
+TEST_F(Tool, TheToolGetsAllBytesOfTheQuery) {
+  const std::string sixty(60, 'q');
+  writeEnglishTool("cp '" + cache("SourceFile.txt") + "' '" + at("copy") + "'\n" +
+                   answering("<string>an answer</string>"));
+  Window window(kAllModes);
+  window.look(sixty);
+  EXPECT_EQ(readFile(at("copy")), sixty);
+}
+
+TEST_F(Tool, TheStyleStaysAsItWasAtTheStartInMostApplications) {
+  writeEnglishTool(answering("<string>an answer</string>"));
+  Window window(kAllModes);
+  window.controller->setDocStyle(3);
+  window.look("take");
+  EXPECT_EQ(platform.watched.runs.at(0).at(6), "0");
+}
+
+TEST_F(Tool, TheTranslationEditorAndTheBrowserUseTheStyleOfTheDocument) {
+  for (const char* signature : {"zQN8", "zVX8"}) {
+    platform.watched.runs.clear();
+    platform.ownBundle.signature = signature;
+    writeEnglishTool("exit 1");
+    Window window(kAllModes);
+    window.controller->setDocStyle(3);
+    window.look("take");
+    EXPECT_EQ(platform.watched.runs.at(0).at(6), "3");
+  }
+}
+
+// --- Answers ---
+
+TEST_F(Tool, AnEnglishAnswerIsTheFirstElementAlone) {
+  writeEnglishTool(answering("<string>first</string><string>second</string>"));
+  Window window(kAllModes);
+  window.look("take");
+  EXPECT_EQ(window.rows(), Lines{"take"});
+  EXPECT_EQ(window.sources(), Lines{"TranslationDictionary"});
+  EXPECT_EQ(window.detail(), "first");
+  EXPECT_EQ(window.dictionary().resultType(), S_Controller::kTransRow);
+}
+
+TEST_F(Tool, AJapaneseAnswerIsGroupedByDictionary) {
+  platform.ownBundle.texts["StarMark"] = "*";
+  writeJapaneseTool(
+      answering("<integer>2</integer><string>go</string><string>walk</string>"
+                "<integer>11</integer><string>run</string>",
+                "<key>2</key><string>/d/Standard.sdje</string>"
+                "<key>11</key><string>/d/Computer.v2.sdje</string>"));
+  Window window(kAllModes);
+  window.look("行く");
+  EXPECT_EQ(window.detail(), "*Standard\n    go\n    walk\n\n*Computer.v2\n    run\n");
+}
+
+TEST_F(Tool, AnAnswerWithoutTextAddsNoRow) {
+  for (const std::string& answer :
+       {answering(""), answering("<string></string>"), answering("<integer>5</integer>")}) {
+    writeEnglishTool(answer);
+    Window window(kAllModes);
+    window.look("take");
+    EXPECT_EQ(window.rows(), Lines{});
+    EXPECT_EQ(window.detail(), "No entries");
+  }
+}
+
+// --- Failures ---
+
+TEST_F(Tool, AToolThatFailsGivesItsStatusOnlyBesideOtherRows) {
+  writeDictionary();
+  for (const char* script : {"exit 1", "kill -SEGV $$", "exit 255"}) {
+    writeEnglishTool(script);
+    Window window(kAllModes);
+    EXPECT_EQ(search(window, "take"), LookupNotFound);  // nothing is listed
+    window.dictionary().lookup(TextEncoding::adoptSjis("take"), item("oType", "", "YES"), true, 0);
+    EXPECT_EQ(window.dictionary().lookup(TextEncoding::adoptSjis("take"), item("tType", "", "YES"), true, 0),
+              LookupEngineFailed);
+    EXPECT_EQ(window.rows().size(), 2u);
+    EXPECT_FALSE(window.controller->progressSpinning()->running());
+  }
+}
+
+TEST_F(Tool, AToolThatIsMissingIsAToolThatFailed) {
+  Window window(kAllModes);
+  window.look("take");
+  EXPECT_EQ(window.detail(), "No entries");
+  EXPECT_FALSE(window.controller->progressSpinning()->running());
+}
+
+TEST_F(Tool, AToolThatFailsLosesItsAnswer) {
+  writeEnglishTool(answering("<string>an answer</string>") + "\nexit 3");
+  Window window(kAllModes);
+  EXPECT_EQ(search(window, "take"), LookupNotFound);
+}
+
+TEST_F(Tool, GarbageInTheResultFileAddsNoRow) {
+  for (const char* script :
+       {"printf 'garbage' >\"$result\"", "printf 'bplist00\\377\\377' >\"$result\"", ": >\"$result\"",
+        "echo '<plist version=\"1.0\"><array/></plist>' >\"$result\""}) {
+    writeEnglishTool(script);
+    Window window(kAllModes);
+    EXPECT_EQ(search(window, "take"), LookupNotFound);
+  }
+}
+
+TEST_F(Tool, ASilentToolWithoutAResultFileAddsNoRow) {
+  writeEnglishTool("exit 0");
+  Window window(kAllModes);
+  EXPECT_EQ(search(window, "take"), LookupNotFound);
+}
+
+// The result file isn't removed ahead of a run.
+TEST_F(Tool, ASilentToolLeavesTheAnswerBeforeToBeReadAgain) {
+  writeEnglishTool(answering("<string>an answer</string>"));
+  Window window(kAllModes);
+  window.look("take");
+  writeEnglishTool("exit 0");
+  window.look("walk");
+  EXPECT_EQ(window.rows(), Lines{"walk"});
+  EXPECT_EQ(window.detail(), "an answer");
+}
+
+TEST_F(Tool, ASlowToolIsWaitedFor) {
+  writeEnglishTool("sleep 0.3\n" + answering("<string>an answer</string>"));
+  Window window(kAllModes);
+  window.look("take");
+  EXPECT_EQ(window.detail(), "an answer");
+}
+
+TEST_F(Tool, AToolThatHangsCanBeInterruptedAndTheOtherRowsStay) {
+  writeDictionary();
+  writeEnglishTool("exec sleep 60");
+  writeDictList({item("oType", "StandardDictionary", "YES"), item("tType", "TranslationDictionary", "YES")});
+  Window window(kAllModes);
+  ::signal(SIGALRM, [](int) { defaultPlatform().tools().interrupt(); });
+  const itimerval soon{{0, 0}, {0, 200000}};
+  ::setitimer(ITIMER_REAL, &soon, nullptr);
+  window.look("take");
+  ::signal(SIGALRM, SIG_DFL);
+  EXPECT_EQ(platform.watched.runs.size(), 1u);
+  EXPECT_EQ(window.rows(), (Lines{"take [取る]", "taken [取られた]"}));
+  EXPECT_EQ(window.detail(), "take\r\r-[動]\r取る\n\r\r");
+  EXPECT_FALSE(window.controller->progressSpinning()->running());
+}
+
+TEST_F(Tool, AToolThatWritesMuchToItsOutputIsNotHeldUpByIt) {
+  writeEnglishTool("head -c 300000 /dev/zero\n" + answering("<string>an answer</string>"));
+  Window window(kAllModes);
+  window.look("take");
+  EXPECT_EQ(window.detail(), "an answer");
+}
+
+TEST_F(Tool, TheBusyIndicatorRunsWhileTheToolDoes) {
+  writeEnglishTool(answering("<string>an answer</string>"));
+  FieldHost host;
+  Lines states;
+  const Connection heard = host.progress.changed.connect(
+      [&](View&) { states.push_back(host.progress.running() ? "runs" : "stands"); });
+  host.look("take");
+  EXPECT_EQ(states, (Lines{"runs", "stands"}));
+}
+
+TEST_F(Tool, AQueryThatCannotBeWrittenIsLoggedAndLeavesTheBusyIndicatorOn) {
+  writeDictionary();
+  Window window(kAllModes);
+  std::filesystem::remove_all(at("cache/fq"));
+  writeFile(at("cache/fq"), "no folder");
+  logLines.clear();
+  EXPECT_EQ(search(window, "take"), LookupSourceWriteFailed);
+  EXPECT_EQ(logLines, Lines{"Source write error"});
+  EXPECT_TRUE(window.controller->progressSpinning()->running());
+  EXPECT_TRUE(platform.watched.runs.empty());
+  // The next search's end stops it.
+  window.dictionary().lookup(TextEncoding::adoptSjis("take"), item("oType", "", "YES"), true, 0);
+  EXPECT_FALSE(window.controller->progressSpinning()->running());
+}
+
+TEST_F(Tool, AStyleFileThatCannotBeReadIsLoggedAndLeavesTheBusyIndicatorOn) {
+  Window window(kAllModes);
+  writeFile(at("preferences/ZavelStyle.plist"), "garbage");
+  logLines.clear();
+  EXPECT_EQ(search(window, "take"), LookupParameterFileFailed);
+  EXPECT_EQ(logLines, Lines{"Error [" + at("preferences/ZavelStyle.plist") + "]"});
+  EXPECT_TRUE(window.controller->progressSpinning()->running());
+  EXPECT_EQ(readFile(cache("SourceFile.txt")), "take");  // written before
+  EXPECT_TRUE(platform.watched.runs.empty());
+}
+
+TEST_F(Tool, AFailingDictionaryStopsNoOther) {
+  writeDictionary();
+  writeDictList({item("tType", "TranslationDictionary", "YES"), item("oType", "StandardDictionary", "YES")});
+  Window window(kAllModes);
+  writeFile(at("preferences/ZavelStyle.plist"), "garbage");
+  window.look("take");
+  EXPECT_EQ(window.rows(), (Lines{"take [取る]", "taken [取られた]"}));
+  EXPECT_FALSE(window.controller->progressSpinning()->running());
+}
+
+// Rows of before make the list not empty: the search that adds nothing counts as found.
+TEST_F(Tool, AnEmptyAnswerBehindOtherRowsCountsAsFound) {
+  writeDictionary();
+  writeEnglishTool(answering(""));
+  Window window(kAllModes);
+  window.dictionary().lookup(TextEncoding::adoptSjis("take"), item("oType", "", "YES"), true, 0);
+  EXPECT_EQ(window.dictionary().lookup(TextEncoding::adoptSjis("take"), item("tType", "", "YES"), true, 0),
+            LookupFound);
+}
+
+TEST_F(Tool, SaveZPWritesTheParameterFileOfAStyle) {
+  Window window(kAllModes);
+  EXPECT_TRUE(ZavelLexController::saveZP(0));
+  Value parameters;
+  ASSERT_TRUE(platform.propertyLists().readFile(gDictPath, &parameters));
+  EXPECT_EQ(parameters.asDict()->size(), 5u);
+  EXPECT_FALSE(ZavelLexController::saveZP(10));
+}
+
+}  // namespace
+}  // namespace zavel::test
