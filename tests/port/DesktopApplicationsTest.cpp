@@ -311,6 +311,25 @@ TEST_F(DesktopApplicationsTest, AnApplicationThatHangsDoesNotKeepTheListLong) {
   EXPECT_EQ(all[0].path, peerProgram());
 }
 
+TEST_F(DesktopApplicationsTest, ComesBackWhenTheBusDoes) {
+  const auto none = [](const Message&) { return std::optional<Message>(Message{}); };
+  EXPECT_TRUE(applications_.announce({{}, "zCB8", "APPL", "Me", ""}, none, {}));
+  theBus().start();
+  // The end of the old bus is told a moment later.
+  bool back = false;
+  for (int i = 0; i < 500 && !back; ++i) {
+    ::usleep(10000);
+    back = applications_.announce({{}, "zCB8", "APPL", "Me", ""}, none, {}) &&
+           applications_.find("zCB8", "APPL") == applications_.current()->process;
+  }
+  EXPECT_TRUE(back);
+  const auto one = peer("zCC8");
+  Message reply;
+  EXPECT_EQ(applications_.send(*applications_.find("zCC8", "APPL"), text("echo", "x"), &reply),
+            SendResult::kSent);
+  EXPECT_EQ(reply.parameters.at(0).value, "x");
+}
+
 // Starting applications. Each is a script that becomes the peer, so that signature and path are the test's.
 class LaunchTest : public DesktopApplicationsTest {
  protected:

@@ -10,6 +10,7 @@
 #include <chrono>
 #include <stdexcept>
 
+#include "support/NoProcessDescriptors.h"
 #include "support/TempFolder.h"
 
 namespace zavel {
@@ -56,6 +57,16 @@ TEST_F(LoopChildProcessesTest, TellsOutputAndEndThroughTheLoop) {
   EXPECT_FALSE(child->isRunning());
   EXPECT_FALSE(loop_.runUntil([] { return false; }, 0.05));
   EXPECT_EQ(ends_, 1);
+}
+
+TEST_F(LoopChildProcessesTest, NeedsNoProcessDescriptors) {
+  EXPECT_TRUE(test::withoutProcessDescriptors([this] {
+    const auto child = shell("cat; sleep 0.1; exit 3", "input");
+    const bool ended = loop_.runUntil([this] { return ends_ > 0; }, 20);
+    auto other = shell("exec sleep 30");
+    other.reset();
+    return ended && output_ == "input" && status_ == 3 && !child->isRunning();
+  }));
 }
 
 TEST_F(LoopChildProcessesTest, OutputComesAsItIsWritten) {

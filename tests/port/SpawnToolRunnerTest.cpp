@@ -9,6 +9,7 @@
 
 #include <chrono>
 
+#include "support/NoProcessDescriptors.h"
 #include "support/TempFolder.h"
 
 namespace zavel {
@@ -132,6 +133,16 @@ class HelpedTools : public testing::Test {
   SpawnToolRunner tools_{limits()};
   double took_ = 0;  // seconds, of the last run
 };
+
+TEST_F(HelpedTools, NeedNoProcessDescriptors) {
+  EXPECT_TRUE(test::withoutProcessDescriptors([this] {
+    const ToolResult ended = shell("echo a; sleep 0.1; exit 7");
+    const ToolResult closed = shell("exec sleep 30 >&-");
+    const ToolResult left = shell("sleep 3 & exit 5");
+    return ended.output == "a\n" && ended.exitStatus == 7 && closed.exitStatus == 128 + SIGTERM &&
+           left.exitStatus == 5 && took_ < 2;
+  }));
+}
 
 TEST_F(HelpedTools, NeedNoHelpWhenTheyEnd) {
   const ToolResult result = shell("echo a; sleep 0.5; echo b; exit 7");

@@ -20,7 +20,7 @@ struct Self {
   ZavelReceiveCall receive = nullptr;
   ZavelFrontCall front = nullptr;
   void* data = nullptr;
-  GDBusConnection* connection = nullptr;  // borrowed, to tell whether it is still the same
+  GDBusConnection* connection = nullptr;  // where `object` is; held, so that no other gets its address
   guint object = 0;
 };
 
@@ -88,7 +88,7 @@ GDBusInterfaceInfo* interfaceInfo() {
 bool registerObject() {
   static const GDBusInterfaceVTable kCalls = {methodCalled, propertyRead, nullptr, {}};
   if (self().object != 0 && self().connection == bus()) return true;
-  self().connection = bus();
+  g_set_object(&self().connection, bus());
   self().object =
       g_dbus_connection_register_object(bus(), kObject, interfaceInfo(), &kCalls, nullptr, nullptr, nullptr);
   return self().object != 0;

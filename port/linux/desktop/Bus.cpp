@@ -54,16 +54,24 @@ std::vector<std::string> stringsOf(GVariant* answer) {
   return found;
 }
 
+// A connection of this module's own: the one that GIO shares out stays the same when it is closed.
+GDBusConnection* connect() {
+  char* const address = g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
+  if (!address) return nullptr;
+  const auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                                       G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+  GDBusConnection* const made =
+      g_dbus_connection_new_for_address_sync(address, flags, nullptr, nullptr, nullptr);
+  g_free(address);
+  return made;
+}
+
 }  // namespace
 
 GDBusConnection* bus() {
   static GDBusConnection* connection = nullptr;
   if (connection && g_dbus_connection_is_closed(connection)) g_clear_object(&connection);
-  if (!connection) {
-    connection = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
-    // The end of the bus is no reason to end with it.
-    if (connection) g_dbus_connection_set_exit_on_close(connection, FALSE);
-  }
+  if (!connection) connection = connect();
   return connection;
 }
 
