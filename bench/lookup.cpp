@@ -17,11 +17,18 @@
 #include <string>
 #include <vector>
 
+#include "config/WorkPathTable.h"
+#include "config/WorkStyles.h"
 #include "engine/DicFormat.h"
 #include "engine/EngineAPI.h"
 #include "foundation/ByteReader.h"
 #include "limit.h"
-#include "lookup/MirellDictionaryManager.h"
+#include "lookup/MirellModule.h"
+#include "platform/Log.h"
+#include "platform/Platform.h"
+#include "platform/PropertyLists.h"
+#include "shell/ProcessObjects.h"
+#include "shell/ZavelLexController.h"
 
 namespace {
 
@@ -319,15 +326,38 @@ long managerRoad(zavel::MirellDictionaryManager& manager, const std::string& wor
   return manager.NewGetImiE(keyword, 0, line) ? static_cast<long>(manager.outputText.size()) : -1;
 }
 
-void raceManager(const std::string& folder, const std::vector<Row>& rows, const Paths& paths,
-                 const std::string& work) {
+// A host with a field of its own and the bilingual dictionary alone switched on.
+struct Host {
+  Host() { controller.initController(zavel::Rect(), this, input, progress, "bench-result"); }
+
+  long look(const std::string& word) {
+    input.setText(word);
+    controller.lookupButton();
+    const std::string& shown = controller.sController().hwResultView().text().text();
+    return controller.sController().nowSelectedRow() == 0 ? static_cast<long>(shown.size()) : -1;
+  }
+
+  zavel::SearchField input;
+  zavel::BusyIndicator progress;
+  zavel::ZavelLexController controller;
+};
+
+void usePlaces(const std::string& folder, const std::string& work) {
+  setenv("ZAVEL_ROOT", work.c_str(), 1);
+  zavel::Value table =
+      zavel::defaultPathTable({work, work + "/cache", work + "/preferences", work, work, "", ""});
+  (*(*table.asDict())["DictionaryPath"].asDict())["KenkyuDictionaryFolder"] = folder;
+  zavel::platform().propertyLists().writeFile(work + "/table.plist", table, zavel::PropertyListFormat::kXml);
+  zavel::writeStylesIfMissing(work + "/preferences/ZavelStyle", zavel::StyleLanguage::kEnglish);
+  zavel::setHostPathTable(work + "/table");
+}
+
+void raceManager(Host& host, const std::vector<Row>& rows, const Paths& paths) {
   const std::vector<size_t> words = chooseWords(rows);
   std::vector<limit_plan> plans;
   for (size_t i : words) plans.push_back(planOf(rows[i], paths));
   static char entry[65536];
-  zavel::MirellDictionaryManager manager;
-  const zavel::FileReference file(work + "/result");
-  if (!manager.InitializeDictionaries((folder + "/").c_str(), nullptr, nullptr, &file)) std::exit(3);
+  zavel::MirellDictionaryManager& manager = *zavel::gMirellModule->objectODM();
   std::vector<Contestant> all;
   all.push_back({"bare limit: 3 opens, 2 preads",
                  [&](size_t i) { return limit_look(&plans[i], entry, sizeof entry); },
@@ -337,8 +367,35 @@ void raceManager(const std::string& folder, const std::vector<Row>& rows, const 
                  [&](size_t i) { return managerRoad(manager, rows[words[i]].key); },
                  {},
                  0});
+  all.push_back(
+      {"controller: field to shown row", [&](size_t i) { return host.look(rows[words[i]].key); }, {}, 0});
   race(all, words.size());
   print("The manager's whole road (target: median under 300 us)", all);
+  std::printf("controller / manager (target: at most 1.2): %.2f\n",
+              all[2].sample.percentile(0.5) / all[1].sample.percentile(0.5));
+}
+
+// Beside the one that lives already, set-up included.
+void timeSecondController() {
+  Sample sample;
+  for (int i = 0; i < 200; ++i) {
+    const auto start = Clock::now();
+    const Host second;
+    const std::chrono::duration<double, std::micro> took = Clock::now() - start;
+    sample.times.push_back(took.count());
+  }
+  std::printf("\nA second controller (target: under 1,000 us): median %.1f us, p99 %.1f us\n",
+              sample.percentile(0.5), sample.percentile(0.99));
+}
+
+void benchController(const std::string& folder, const std::vector<Row>& rows, const Paths& paths,
+                     const std::string& work) {
+  usePlaces(folder, work);
+  zavel::setLogSink([](const std::string&) {});
+  Host host;
+  host.controller.zfwPrefController().dictTab().setSelected(1, false);
+  raceManager(host, rows, paths);
+  timeSecondController();
 }
 
 void timeInit(const std::string& folder) {
@@ -376,7 +433,7 @@ int main(int argc, char** argv) {
     raceExact(rows, paths, sqlite);
     raceList(rows, paths, sqlite);
     EndAPI();
-    raceManager(folder, rows, paths, work);
+    benchController(folder, rows, paths, work);
   }
   std::filesystem::remove_all(work);
   return 0;
