@@ -25,7 +25,8 @@ class ToolRunner {
   virtual ToolResult run(const std::string& program, const std::vector<std::string>& arguments) = 0;
 
   // Ends the tool that runs, so that run() returns soon. Without one it does nothing, to later ones neither.
-  // May be called from a signal handler and from another thread.
+  // May be called from a signal handler and from another thread, on a runner that was asked for before:
+  // making services is no work for a handler.
   virtual void interrupt() {}
 };
 

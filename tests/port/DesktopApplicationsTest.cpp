@@ -197,9 +197,9 @@ TEST_F(DesktopApplicationsTest, WaitsForASlowAnswer) {
 TEST_F(DesktopApplicationsTest, DoesNotWaitForAnAnswerThatNobodyWants) {
   const auto one = peer("zNW8");
   const auto begin = std::chrono::steady_clock::now();
-  EXPECT_EQ(applications_.send(*applications_.find("zNW8", "APPL"), text("slow"), nullptr),
+  EXPECT_EQ(applications_.send(*applications_.find("zNW8", "APPL"), text("long"), nullptr),
             SendResult::kSent);
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(1000));
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(4));
 }
 
 TEST_F(DesktopApplicationsTest, TellsWhatWasNotSent) {
@@ -302,10 +302,10 @@ TEST_F(DesktopApplicationsTest, IsNotKnownAnyMoreOnceItIsGone) {
 TEST_F(DesktopApplicationsTest, AnApplicationThatHangsDoesNotKeepTheListLong) {
   const auto one = peer("zHA8");
   const auto process = *applications_.find("zHA8", "APPL");
-  EXPECT_EQ(applications_.send(process, text("slow"), nullptr), SendResult::kSent);
+  EXPECT_EQ(applications_.send(process, text("long"), nullptr), SendResult::kSent);
   const auto begin = std::chrono::steady_clock::now();
   const auto all = applications_.running();
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(1400));
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(4));
   ASSERT_EQ(all.size(), 1u);
   EXPECT_EQ(all[0].name, "");
   EXPECT_EQ(all[0].path, peerProgram());

@@ -138,9 +138,9 @@ TEST_F(HelpedTools, NeedNoProcessDescriptors) {
   EXPECT_TRUE(test::withoutProcessDescriptors([this] {
     const ToolResult ended = shell("echo a; sleep 0.1; exit 7");
     const ToolResult closed = shell("exec sleep 30 >&-");
-    const ToolResult left = shell("sleep 3 & exit 5");
+    const ToolResult left = shell("sleep 8 & exit 5");
     return ended.output == "a\n" && ended.exitStatus == 7 && closed.exitStatus == 128 + SIGTERM &&
-           left.exitStatus == 5 && took_ < 2;
+           left.exitStatus == 5 && took_ < 6;
   }));
 }
 
@@ -163,7 +163,10 @@ TEST_F(HelpedTools, AreAskedToEndWhenTheyRunOnWithTheirOutputClosed) {
 }
 
 TEST_F(HelpedTools, MayRunOnForAMomentWithTheirOutputClosed) {
-  const ToolResult result = shell("exec >&-; sleep 0.05; exit 3");
+  ToolLimits patient = limits();
+  patient.closed = std::chrono::seconds(20);
+  SpawnToolRunner tools(patient);
+  const ToolResult result = tools.run("/bin/sh", {"-c", "exec >&-; sleep 0.05; exit 3"});
   EXPECT_EQ(result.exitStatus, 3);
   EXPECT_FALSE(result.stopped);
 }
@@ -177,16 +180,19 @@ TEST_F(HelpedTools, AreKilledWhenTheyDontEndOnRequest) {
 }
 
 TEST_F(HelpedTools, AreNotWaitedForByWhatTheyLeaveBehind) {
-  const ToolResult result = shell("sleep 3 & echo a; exit 5");
+  const ToolResult result = shell("sleep 8 & echo a; exit 5");
   EXPECT_EQ(result.output, "a\n");
   EXPECT_EQ(result.exitStatus, 5);
   EXPECT_FALSE(result.stopped);
   EXPECT_GE(took_, 0.2);
-  EXPECT_LT(took_, 2);
+  EXPECT_LT(took_, 6);
 }
 
 TEST_F(HelpedTools, GetTheOutputOfWhatTheyLeaveBehindForAMoment) {
-  const ToolResult result = shell("(sleep 0.05; echo late) & echo a; exit 0");
+  ToolLimits patient = limits();
+  patient.leftBehind = std::chrono::seconds(20);
+  SpawnToolRunner tools(patient);
+  const ToolResult result = tools.run("/bin/sh", {"-c", "(sleep 0.1; echo late) & echo a; exit 0"});
   EXPECT_EQ(result.output, "a\nlate\n");
 }
 

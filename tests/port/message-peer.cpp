@@ -26,7 +26,8 @@ std::optional<Message> receive(zavel::DesktopApplications& applications, const M
   if (id == "void") return Message{};
   if (id == "frnt") return number(g_fronts);
   if (id == "slow") ::usleep(1500000);
-  if (id == "slow") return number(1);
+  if (id == "long") ::usleep(6000000);
+  if (id == "slow" || id == "long") return number(1);
   if (id == "die!") ::_exit(3);
   if (id == "thrw") throw std::runtime_error("thrown by a receiver");
   if (id == "badr") return Message{"", "", {{"five!", "TEXT", ""}}};
