@@ -9,6 +9,7 @@
 #include "JsonView.h"
 #include "Pager.h"
 #include "PlainView.h"
+#include "QueryText.h"
 #include "Terminal.h"
 #include "Utf8.h"
 
@@ -17,13 +18,6 @@ namespace {
 
 constexpr size_t kDefaultSuggestions = 5;
 constexpr size_t kLongestEcho = 60;  // bytes of a query in a message
-
-std::string_view trimmed(std::string_view text) {
-  const auto ink = [](char c) { return static_cast<unsigned char>(c) > 0x20; };
-  while (!text.empty() && !ink(text.front())) text.remove_prefix(1);
-  while (!text.empty() && !ink(text.back())) text.remove_suffix(1);
-  return text;
-}
 
 // A query as a message shows it, on one line.
 std::string echo(std::string_view query) {
@@ -48,7 +42,7 @@ Answerer::Answerer(const LookOptions& options, MirellDictionaryManager& manager,
 }
 
 void Answerer::answer(std::string_view query, bool tooLong) {
-  const std::string_view word = trimmed(query);
+  const std::string_view word = withoutOuterBlanks(query);
   LookResult result;
   Failure failure;
   if (tooLong) {

@@ -35,9 +35,9 @@ std::string parentOf(const std::string& folder) {
   return folder.substr(0, folder.rfind('/'));
 }
 
-// Runs mkdict and waits for it; what it says it says itself.
-int passOn(const std::string& program, const std::vector<std::string>& arguments, bool json) {
-  const MkdictEnd end = runMkdict(program, arguments);
+// Runs mkdict and waits for it; what it says it says itself. `keptOpen` as in runMkdict().
+int passOn(const std::string& program, const std::vector<std::string>& arguments, bool json, int keptOpen) {
+  const MkdictEnd end = runMkdict(program, arguments, keptOpen);
   if (!end.started) return report(noMkdict(), json);
   if (end.signal == 0) return end.status;
   if (end.signal == SIGINT || end.signal == SIGTERM || end.signal == SIGHUP) return 128 + end.signal;
@@ -104,7 +104,7 @@ int runDictBuild(const DictBuildOptions& options) {
   if (options.quiet) arguments.push_back("--quiet");
   if (options.json) arguments.push_back("--json");
   arguments.push_back(places.dictionary);
-  return passOn(program, arguments, options.json);
+  return passOn(program, arguments, options.json, lock.descriptor());
 }
 
 int runDictVerify(bool json) {
@@ -116,7 +116,7 @@ int runDictVerify(bool json) {
   if (program.empty()) return report(noMkdict(), json);
   std::vector<std::string> arguments{"--verify", places.dictionary};
   if (json) arguments.push_back("--json");
-  return passOn(program, arguments, json);
+  return passOn(program, arguments, json, -1);
 }
 
 int runDictInfo(bool json) {

@@ -23,6 +23,14 @@ constexpr const char* kShortHelp =
     "\n"
     "`zavel help COMMAND` and `man zavel` tell more.\n";
 
+// What each help ends with.
+const std::map<std::string, const char*> kNotes = {
+    {"look",
+     "\nWords are matched whole: wildcards (? and *) and Japanese in Latin letters (romaji) are not "
+     "supported.\n"
+     "A word that begins with a hyphen stands behind two: zavel look -- -able\n"},
+};
+
 // What each help begins with.
 const std::map<std::string, const char*> kExamples = {
     {"look",
@@ -56,6 +64,8 @@ int printHelp(CLI::App& app, const std::vector<std::string>& commands) {
   const auto examples = kExamples.find(joined(commands));
   if (examples != kExamples.end()) std::printf("Examples:\n%s\n", examples->second);
   std::fputs(shown->help(parent).c_str(), stdout);
+  const auto notes = kNotes.find(joined(commands));
+  if (notes != kNotes.end()) std::fputs(notes->second, stdout);
   return kExitFound;
 }
 

@@ -6,7 +6,7 @@
 
 namespace zavel::host {
 
-// Held until destroyed or the process ends. The file itself stays: removing it would let two processes
+// Held until destroyed or the process ends, and as long as a child has the descriptor. The file itself stays: removing it would let two processes
 // hold two files of one name.
 class LockFile {
  public:
@@ -16,6 +16,8 @@ class LockFile {
   LockFile& operator=(const LockFile&) = delete;
 
   bool held() const { return held_; }
+  // Of the open file; -1 where it could not be opened. A child that inherits it holds the lock too.
+  int descriptor() const { return fd_; }
   // Who holds it instead ("process 4711"), where it is not held.
   const std::string& holder() const { return holder_; }
 

@@ -1,6 +1,8 @@
 // Tests: tests/zavel/CommandTest.cpp, zavel-test.sh
 #include "LookCommand.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <cstdio>
 #include <string_view>
@@ -23,6 +25,7 @@ bool outputFailed() {
 
 // False when standard input could not be read.
 bool answerStandardInput(bool nul, Answerer* answerer) {
+  if (isTerminal(STDIN_FILENO)) std::fputs("Reading words, one a line. Ctrl-D ends.\n", stderr);
   QueryReader reader(nul);
   std::string query;
   bool tooLong = false;

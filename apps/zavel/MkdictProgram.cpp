@@ -1,8 +1,9 @@
 // Tests: tests/zavel/CommandTest.cpp
 #include "MkdictProgram.h"
 
+#include <fcntl.h>
 #include <signal.h>
-#include <spawn.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -10,8 +11,6 @@
 #include <climits>
 #include <cstdlib>
 #include <iterator>
-
-extern char** environ;
 
 namespace zavel::host {
 namespace {
@@ -50,6 +49,15 @@ class HandOn {
   struct sigaction before_[std::size(kSignals)] = {};
 };
 
+// What the child does. When this process is killed, which it can't hand on, the child is asked to end.
+[[noreturn]] void become(const std::string& program, char* const* argv, pid_t parent, int keptOpen) {
+  prctl(PR_SET_PDEATHSIG, SIGTERM);
+  if (getppid() != parent) _exit(kNotStarted);  // it was killed already
+  if (keptOpen >= 0) fcntl(keptOpen, F_SETFD, 0);
+  execv(program.c_str(), argv);
+  _exit(kNotStarted);
+}
+
 std::string folderOfThisProgram() {
   char path[PATH_MAX];
   const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
@@ -71,17 +79,19 @@ std::string findMkdict() {
   return {};
 }
 
-MkdictEnd runMkdict(const std::string& program, const std::vector<std::string>& arguments) {
+MkdictEnd runMkdict(const std::string& program, const std::vector<std::string>& arguments, int keptOpen) {
   std::vector<char*> argv{const_cast<char*>(program.c_str())};
   for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
   argv.push_back(nullptr);
   const HandOn signals;
   MkdictEnd end;
-  pid_t child = 0;
-  if (posix_spawn(&child, program.c_str(), nullptr, nullptr, argv.data(), environ) != 0) {
+  const pid_t parent = getpid();
+  const pid_t child = fork();
+  if (child < 0) {
     end.started = false;
     return end;
   }
+  if (child == 0) become(program, argv.data(), parent, keptOpen);
   g_child = child;
   if (g_signal != 0) kill(child, g_signal);  // it came before there was a child
   int status = 0;

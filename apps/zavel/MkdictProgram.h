@@ -19,8 +19,9 @@ struct MkdictEnd {
 };
 
 // Runs it and waits. SIGINT, SIGTERM and SIGHUP are handed on to it, so that it can remove what it has begun
-// before this process ends.
-MkdictEnd runMkdict(const std::string& program, const std::vector<std::string>& arguments);
+// before this process ends; when this process is killed, it gets SIGTERM. `keptOpen`, a descriptor or -1, stays
+// open in it: a lock on that file is held until both have ended.
+MkdictEnd runMkdict(const std::string& program, const std::vector<std::string>& arguments, int keptOpen);
 
 }  // namespace zavel::host
 

@@ -94,25 +94,43 @@ std::string tidyReference(std::string row) {
   return row.erase(cut, end - cut);
 }
 
-size_t leadingBlanks(std::string_view line) {
-  return std::min(line.find_first_not_of(' '), line.size());
+// A line that begins a sense: its number, and where the text behind the number begins.
+struct SenseLine {
+  int number = 0;  // 0 for other lines
+  size_t indent = 0;
+};
+
+SenseLine senseLineOf(std::string_view line) {
+  SenseLine sense;
+  sense.indent = std::min(line.find_first_not_of(' '), line.size());
+  size_t end = sense.indent;
+  while (end < line.size() && line[end] >= '0' && line[end] <= '9' && end - sense.indent < 3) ++end;
+  if (sense.indent == 0 || end == sense.indent || end >= line.size() || line[end] != ' ') return sense;
+  sense.number = std::stoi(std::string(line.substr(sense.indent, end - sense.indent)));
+  sense.indent = end + 1;
+  return sense;
 }
 
 std::string entryText(const Entry& entry, const TextLook& look) {
   std::string out;
   size_t begin = 0;
-  bool first = true;
+  bool first = true, afterBlank = false;
+  int number = 0;
   while (begin <= entry.text.size()) {
     const size_t end = std::min(entry.text.find('\n', begin), entry.text.size());
     const std::string_view line = std::string_view(entry.text).substr(begin, end - begin);
-    const size_t indent = leadingBlanks(line);
-    const std::vector<ByteRange> rows = breakLines(line, look.width, indent);
+    const SenseLine sense = senseLineOf(line);
+    // The layout parts the first nine senses by a blank line; so are the others here.
+    if (sense.number > 1 && sense.number == number + 1 && !afterBlank) out += '\n';
+    if (sense.number > 0) number = sense.number;
+    const std::vector<ByteRange> rows = breakLines(line, look.width, sense.indent);
     for (size_t i = 0; i < rows.size(); ++i) {
-      if (i > 0) out += std::string(look.width > indent + 10 ? indent : 0, ' ');
+      if (i > 0) out += std::string(look.width > sense.indent + 10 ? sense.indent : 0, ' ');
       out += tidyReference(styled(entry, begin + rows[i].begin, begin + rows[i].end, look.colour));
       if (first && i == 0 && !entry.headword.empty()) out += headwordMarks(entry);
       out += '\n';
     }
+    afterBlank = line.empty();
     first = false;
     begin = end + 1;
   }
@@ -205,7 +223,10 @@ std::string formsText(const LookResult& result, const TextLook& look) {
   size_t width = 0;
   for (const Form& form : result.forms) width = std::max(width, columns(form.form));
   std::string out;
+  const std::string* base = nullptr;
   for (const Form& form : result.forms) {
+    if (base && *base != form.base) out += '\n';  // the table of another word
+    base = &form.base;
     const std::string gap(width - columns(form.form) + 2, ' ');
     const bool asked = form.form == result.query;
     const std::string word = asked && look.colour ? "\x1b[1m" + form.form + kReset : form.form;

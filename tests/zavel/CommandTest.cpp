@@ -189,7 +189,7 @@ TEST_F(CommandTest, LinesAreWrappedToTheTerminalAndNotInAPipe) {
   const Outcome narrow =
       zavel({"look", "goes", "--color", "never"}).terminal(50, 24).env("TERM", "xterm").run();
   // "    1 行く, 動く (of a" has 22 columns; "machine," would pass 24.
-  EXPECT_NE(narrow.out.find("    1 行く, 動く (of a\n    machine, to work)\n"), std::string::npos)
+  EXPECT_NE(narrow.out.find("    1 行く, 動く (of a\n      machine, to work)\n"), std::string::npos)
       << narrow.out;
 }
 
@@ -269,6 +269,41 @@ TEST_F(CommandTest, AHyphenAmongWordsReadsStandardInputThere) {
   EXPECT_EQ(outcome.out,
             "make\tmake\t\tv\t作る\t\nchurch\tchurch\t\tn,countable\t教会\t\n"
             "color\tcolor\t\tn\t色彩\t\n");
+}
+
+TEST_F(CommandTest, BlanksOfAllKindsAndAByteOrderMarkBelongToNoWord) {
+  const std::string input =
+      "\xEF\xBB\xBF"
+      "church\n　行く　\n";
+  EXPECT_EQ(zavel({"look", "--plain"}).input(input).run().out.substr(0, 7), "church\t");
+  EXPECT_NE(zavel({"look", "--plain"}).input(input).run().out.find("\n行く\t行く\tいく\t"),
+            std::string::npos);
+}
+
+TEST_F(CommandTest, ALineWithANulIsNoWord) {
+  const Outcome outcome = zavel({"look", "--json"}).input(std::string("church\0x\nchurch\n", 16)).run();
+  EXPECT_EQ(lines(outcome.out).size(), 2u);
+  EXPECT_NE(lines(outcome.out).at(0).find(R"("status":"not_found")"), std::string::npos);
+  EXPECT_NE(lines(outcome.out).at(1).find(R"("status":"found")"), std::string::npos);
+}
+
+TEST_F(CommandTest, AnInflectionTableThatIsThereNeedsNoSuggestions) {
+  const std::string found = zavel({"look", "--json", "--forms", "went"}).run().out;
+  EXPECT_TRUE(found.ends_with("\"suggestions\":[]}\n")) << found;
+}
+
+TEST_F(CommandTest, HelpTellsWhatIsNotSupported) {
+  const std::string help = zavel({"look", "--help"}).run().out;
+  EXPECT_TRUE(
+      help.ends_with("\nWords are matched whole: wildcards (? and *) and Japanese in Latin letters "
+                     "(romaji) are not supported.\n"
+                     "A word that begins with a hyphen stands behind two: zavel look -- -able\n"))
+      << help;
+}
+
+TEST_F(CommandTest, WordsFromATerminalAreAskedFor) {
+  const Outcome outcome = onTerminal({"look", "-"}).signalAt(root() + "/cache/LookResult", SIGTERM).run();
+  EXPECT_NE(outcome.out.find("Reading words, one a line. Ctrl-D ends.\n"), std::string::npos) << outcome.out;
 }
 
 TEST_F(CommandTest, StandardInputThatCannotBeReadIsTold) {
@@ -353,6 +388,23 @@ TEST_F(CommandTest, AnInterruptedBuildLetsTheCompilerCleanUp) {
     EXPECT_TRUE(fs::exists(cleaned)) << "the program ended ahead of its child";
   }
   EXPECT_EQ(zavel({"look", "church"}).run().status, 0);
+}
+
+TEST_F(CommandTest, ABuildWhoseProgramIsKilledEndsItsCompilerAndIsLockedTillThen) {
+  const std::string started = folder_.file("started"), go = folder_.file("go"),
+                    cleaned = folder_.file("cleaned");
+  const std::string compiler =
+      script("trap 'while [ ! -e \"" + go + "\" ]; do sleep 0.02; done; : >\"" + cleaned +
+             "\"; exit 143' TERM\n: >\"" + started + "\"\nwhile :; do sleep 0.05; done\n");
+  const Outcome killed =
+      zavel({"dict", "build"}).env("ZAVEL_MKDICT", compiler).signalAt(started, SIGKILL).run();
+  EXPECT_EQ(killed.status, 128 + SIGKILL);
+  const Outcome second = zavel({"dict", "build"}).env("ZAVEL_MKDICT", script("exit 0\n")).run();
+  EXPECT_EQ(second.status, 3);
+  EXPECT_TRUE(second.err.starts_with("zavel: another build is running: process ")) << second.err;
+  writeFile(go, "");
+  for (int waited = 0; waited < 2000 && !fs::exists(cleaned); ++waited) usleep(10000);
+  EXPECT_TRUE(fs::exists(cleaned)) << "the compiler was not asked to end";
 }
 
 TEST_F(CommandTest, ACompilerThatIsKilledIsTold) {

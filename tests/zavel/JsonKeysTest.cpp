@@ -205,6 +205,19 @@ TEST_F(JsonKeysTest, EveryFailureCodeIsDocumented) {
   }
 }
 
+TEST_F(JsonKeysTest, EveryPartOfSpeechIsDocumented) {
+  std::ifstream in(ZAVEL_DOCS "/json.md");
+  const std::string documented{std::istreambuf_iterator<char>(in), {}};
+  for (const char* pos : {"n",        "countable", "pn",     "n-temporal", "n-adv",    "pron",
+                          "num",      "counter",   "adj",    "adj-na",     "adj-no",   "adj-attributive",
+                          "adj-taru", "adj-nari",  "adj-ku", "adj-shiku",  "adj-kari", "aux-adj",
+                          "adv",      "adv-to",    "v",      "vs",         "vt",       "vi",
+                          "aux",      "part",      "prep",   "conj",       "int",      "art",
+                          "det",      "pref",      "suf",    "exp",        "symbol"}) {
+    EXPECT_NE(documented.find("\"" + std::string(pos) + "\""), std::string::npos) << pos;
+  }
+}
+
 TEST_F(JsonKeysTest, FailuresOfEachCommandAreDocumentsToo) {
   EXPECT_EQ(document({"look", "--json", "--nonsense"})["error"]["code"], "usage");
   EXPECT_EQ(document({"lok", "--json"})["error"]["code"], "usage");

@@ -59,6 +59,65 @@ TEST(Senses, JapaneseVerbsAreVerbs) {
   EXPECT_EQ(entries[0][0].pos, (Glosses{"v", "vi"}));
 }
 
+TEST(Senses, EveryPartOfSpeechHasItsAbbreviation) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"名", "n"},
+      {"Ｃ", "countable"},
+      {"固", "pn"},
+      {"固名", "pn"},
+      {"時名", "n-temporal"},
+      {"名副", "n-adv"},
+      {"代", "pron"},
+      {"数", "num"},
+      {"助数", "counter"},
+      {"形", "adj"},
+      {"形動", "adj-na"},
+      {"の形", "adj-no"},
+      {"連体", "adj-attributive"},
+      {"形動タル", "adj-taru"},
+      {"形動ナリ", "adj-nari"},
+      {"形ク", "adj-ku"},
+      {"形シク", "adj-shiku"},
+      {"形カリ", "adj-kari"},
+      {"補形", "aux-adj"},
+      {"副", "adv"},
+      {"副ト", "adv-to"},
+      {"動", "v"},
+      {"動カ五", "v"},
+      {"動一段", "v"},
+      {"動サ変", "v"},
+      {"サ変", "vs"},
+      {"他", "vt"},
+      {"自", "vi"},
+      {"助動", "aux"},
+      {"補助", "aux"},
+      {"助", "part"},
+      {"小辞", "part"},
+      {"前", "prep"},
+      {"接", "conj"},
+      {"間", "int"},
+      {"感", "int"},
+      {"冠", "art"},
+      {"限", "det"},
+      {"接頭", "pref"},
+      {"接尾", "suf"},
+      {"句", "exp"},
+      {"成句", "exp"},
+      {"記号", "symbol"},
+      {"新種", "新種"},
+  };
+  for (const auto& [label, pos] : rows) {
+    const auto entries = sensesFromLabels("【見出し】a\r【品詞】-[" + std::string(label) + "]\r【訳語】b\r");
+    EXPECT_EQ(entries.at(0).at(0).pos, Glosses{pos}) << label;
+    EXPECT_EQ(entries.at(0).at(0).labels, Glosses{label}) << label;
+  }
+}
+
+TEST(Senses, TwoKindsOfVerbAreOneAbbreviation) {
+  const auto entries = sensesFromLabels("【見出し】a\r【品詞】-[動カ四][動カ下二][他]\r【訳語】b\r");
+  EXPECT_EQ(entries.at(0).at(0).pos, (Glosses{"v", "vt"}));
+}
+
 TEST(Senses, ExamplesHaveTwoSides) {
   const auto entries =
       sensesFromLabels("【見出し】go\r【訳語】行く\r【用例･句例】go home【和訳：用例】 家に帰る\r");

@@ -95,6 +95,46 @@ TEST(AnswerText, WrapsWithTheIndentKept) {
             "go\n    aaaa bbbb cccc\n    dddd eeee\n");
 }
 
+TEST(AnswerText, SensesAreWrappedBehindTheirNumber) {
+  TextLook look;
+  look.width = 20;
+  EXPECT_EQ(answerText(result({entry("go", "go\n    1 aaaa bbbb cccc dddd\n\n    2 eeee")}), look),
+            "go\n    1 aaaa bbbb cccc\n      dddd\n\n    2 eeee\n");
+}
+
+TEST(AnswerText, EverySenseStandsByItself) {
+  EXPECT_EQ(answerText(result({entry("go", "go\n    8 a\n\n    9 b\n    10 c\n    11 d")}), {}),
+            "go\n    8 a\n\n    9 b\n\n    10 c\n\n    11 d\n");
+  // A number that does not count on begins no sense.
+  EXPECT_EQ(answerText(result({entry("go", "go\n    1 a\n    1990 b")}), {}), "go\n    1 a\n    1990 b\n");
+}
+
+TEST(AnswerText, AJapaneseChainIsReadFromItsEnd) {
+  Entry made = entry("食べる", "たべる 食べる");
+  made.match = Match::kInflected;
+  made.via = {"past", "negative"};
+  made.base = "食べる";
+  LookResult look = result({made});
+  look.query = "食べなかった";
+  look.english = false;
+  EXPECT_EQ(answerText(look, {}), "食べなかった: past of negative of 食べる\n\nたべる 食べる\n");
+}
+
+TEST(AnswerText, TellsTheBaseOfEachEntry) {
+  Entry own = entry("saw", "saw"), see = entry("see", "see");
+  see.match = Match::kInflected;
+  see.via = {"past"};
+  see.base = "see";
+  EXPECT_EQ(answerText(result({own, see}), {}), "saw\n\nsaw: past of see\n\nsee\n");
+}
+
+TEST(AnswerText, TellsWhatIsNear) {
+  Entry near = entry("ビル", "ビル");
+  near.match = Match::kNear;
+  EXPECT_EQ(answerText(result({entry("ビール", "ビール"), near}), {}),
+            "ビール\n\nビル: near ビール\n\nビル\n");
+}
+
 TEST(HeadwordText, IsALineEach) {
   LookResult look;
   look.headwords = {{"go [行く]", "go"}, {"goal [目標]", "goal"}};
@@ -106,6 +146,13 @@ TEST(FormsText, AlignsLabels) {
   look.query = "went";
   look.forms = {{6, "go", "[動　詞：現在分詞]"}, {8, "went", "[動　詞：過去形]"}};
   EXPECT_EQ(formsText(look, {}), "go    [動　詞：現在分詞]\nwent  [動　詞：過去形]\n");
+}
+
+TEST(FormsText, PartsTheTablesOfSeveralWords) {
+  LookResult look;
+  look.query = "saw";
+  look.forms = {{6, "saw", "[現]", "saw"}, {6, "see", "[現]", "see"}, {8, "saw", "[過]", "see"}};
+  EXPECT_EQ(formsText(look, {}), "saw  [現]\n\nsee  [現]\nsaw  [過]\n");
 }
 
 }  // namespace
