@@ -27,6 +27,7 @@
 #include "ui/SegmentedControl.h"
 #include "ui/TabView.h"
 #include "ui/ZEFView.h"
+#include "ui/ZFNotifications.h"
 
 namespace zavel {
 

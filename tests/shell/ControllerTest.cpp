@@ -321,6 +321,21 @@ TEST_F(Controller, ALaterControllerReadsThePathTableAgain) {
   EXPECT_EQ(gEJEnginePath, "/elsewhere/engine");
 }
 
+// The host that docs/hosting.md shows.
+TEST_F(Controller, TheHostOfTheGuideFindsItsWord) {
+  writeDictionary();
+  int token = 0;
+  ZavelLexController controller;
+  controller.initController({0, 0, 800, 600}, &token, {ZFDictTab, ZFSearchTab});
+  NotificationObject look;
+  look.value = Value::Dict{{ZFTextKey, "took"}};
+  look.identities[ZFParentKey] = &token;
+  NotificationCenter::shared().post("zfDictLookupNotification", look);
+  S_Controller& tab = controller.sController();
+  EXPECT_EQ(tab.hwListView().cell(0, S_Controller::kItemColumn).string(), "take [取る]");
+  EXPECT_EQ(tab.hwResultView().text().text(), "take\r\r-[動]\r取る\n\r\r");
+}
+
 // --- Preferences at the start ---
 
 TEST_F(Controller, ADamagedStoreIsKeptAsideAndTheListIsThatOfAFirstStart) {
