@@ -91,7 +91,9 @@ LookupStatus S_Controller::lookupTrans(const SjisBytes& query, bool english, boo
   *finishes = true;
   const std::string program = english ? gEJEnginePath : gJEEnginePath;
   const ToolResult tool = platform().tools().run(program, toolArguments());
-  if (!tool.started || tool.exitStatus != 0) return LookupEngineFailed;
+  // One that was ended may say that all went well, with an answer from before or half of one.
+  const bool ended = tool.interrupted || tool.stopped;
+  if (!tool.started || ended || tool.exitStatus != 0) return LookupEngineFailed;
   TransData row;
   row.initWithIndexTitleData(query, gResultPath, english);
   if (row.isAvailable()) hwResultArray_.emplace_back(std::move(row));

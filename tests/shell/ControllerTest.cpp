@@ -42,6 +42,13 @@ TEST_F(Controller, ModesAreNumberedInTheHostsOrder) {
   EXPECT_EQ(window.tab(), "qTab");
 }
 
+TEST_F(Controller, SegmentsHaveTheirModesNames) {
+  platform.ownBundle.texts["zfDictTab"] = "Dictionary";
+  Window window({"zfRssTab", "zfDictTab"});
+  EXPECT_EQ(window.controller->modeControl()->segments()[0].label, "zfRssTab");
+  EXPECT_EQ(window.controller->modeControl()->segments()[1].label, "Dictionary");
+}
+
 TEST_F(Controller, AnUnknownModeTakesNoNumber) {
   Window window({"zfDictTab", "zfNoTab", "zfRssTab"});
   EXPECT_EQ(numbers(*window.controller), (std::vector<int>{0, -1, -1, -1, 1, -1, -1, 0}));

@@ -195,9 +195,12 @@ TEST_F(Tool, ASlowToolIsWaitedFor) {
 
 TEST_F(Tool, AToolThatHangsCanBeInterruptedAndTheOtherRowsStay) {
   writeDictionary();
-  writeEnglishTool("exec sleep 60");
   writeDictList({item("oType", "StandardDictionary", "YES"), item("tType", "TranslationDictionary", "YES")});
   Window window(kAllModes);
+  writeEnglishTool(answering("<string>an answer of before</string>"));
+  window.look("walk");
+  platform.watched.runs.clear();
+  writeEnglishTool("trap 'kill $!; exit 0' TERM\nsleep 60 & wait");  // says that all is well
   ::signal(SIGALRM, [](int) { defaultPlatform().tools().interrupt(); });
   const itimerval soon{{0, 0}, {0, 200000}};
   ::setitimer(ITIMER_REAL, &soon, nullptr);
