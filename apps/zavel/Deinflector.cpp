@@ -59,6 +59,9 @@ constexpr std::pair<const char*, const char*> kOddTe[] = {
     {"行っ", "行く"}, {"いっ", "いく"}, {"逝っ", "逝く"}, {"往っ", "往く"},
     {"問う", "問う"}, {"請う", "請う"}, {"乞う", "乞う"}};
 
+// Verbs in る whose stem ends in い instead of り.
+constexpr const char* kOddStems[] = {"いらっしゃ", "おっしゃ", "仰", "くださ", "下さ", "なさ", "ござ"};
+
 // What follows the form ahead of て, て and た included; where the form is voiced, て is で and た is だ.
 struct TeEnding {
   const char *ending, *voiced;
@@ -85,6 +88,10 @@ constexpr TeEnding kTeEndings[] = {
     {"て来る", "で来る", kKuru, "coming to (てくる)"},
     {"ていく", "でいく", kGodan, "going on (ていく)"},
     {"て行く", "で行く", kGodan, "going on (ていく)"},
+    {"てもらう", "でもらう", kGodan, "favour received (てもらう)"},
+    {"ていただく", "でいただく", kGodan, "favour received (ていただく)"},
+    {"てくれる", "でくれる", kIchidan, "favour done to one (てくれる)"},
+    {"てあげる", "であげる", kIchidan, "favour done (てあげる)"},
     {"てください", "でください", kLast, "request (てください)"},
     {"て下さい", "で下さい", kLast, "request (てください)"},
     {"ては", "では", kLast, "topic (ては)"},
@@ -99,12 +106,19 @@ struct StemEnding {
 };
 
 constexpr StemEnding kStemEndings[] = {
-    {"たい", kAdjective, "desire (たい)"},      {"たがる", kGodan, "desire (たがる)"},
-    {"なさい", kLast, "polite imperative"},     {"ながら", kLast, "while (ながら)"},
-    {"すぎる", kIchidan, "excess (すぎる)"},    {"過ぎる", kIchidan, "excess (すぎる)"},
-    {"やすい", kAdjective, "ease (やすい)"},    {"にくい", kAdjective, "difficulty (にくい)"},
-    {"そう", kLast, "appearance (そう)"},       {"そうな", kLast, "appearance (そう)"},
-    {"始める", kIchidan, "beginning (始める)"}, {"はじめる", kIchidan, "beginning (始める)"},
+    {"たい", kAdjective, "desire (たい)"},
+    {"たがる", kGodan, "desire (たがる)"},
+    {"なさい", kLast, "polite imperative"},
+    {"ながら", kLast, "while (ながら)"},
+    {"すぎる", kIchidan, "excess (すぎる)"},
+    {"過ぎる", kIchidan, "excess (すぎる)"},
+    {"やすい", kAdjective, "ease (やすい)"},
+    {"にくい", kAdjective, "difficulty (にくい)"},
+    {"に", kLast, "purpose (に)"},
+    {"そう", kLast, "appearance (そう)"},
+    {"そうな", kLast, "appearance (そう)"},
+    {"始める", kIchidan, "beginning (始める)"},
+    {"はじめる", kIchidan, "beginning (始める)"},
 };
 
 constexpr const char* kNegative = "negative";
@@ -127,6 +141,8 @@ class Rules {
     // Ahead of the rows: 行った is rather 行く than 行う.
     for (const auto& [te, base] : kOddTe) addTe(te, false, base, kGodan);
     for (const GodanRow& row : kGodanRows) addGodan(row);
+    for (const char* verb : kOddStems)
+      add(Text(verb) + "い", Text(verb) + "る", kStem, kGodan, "continuative", true);
     addIchidan();
     addAdjective();
     addSuru();

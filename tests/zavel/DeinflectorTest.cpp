@@ -66,6 +66,9 @@ TEST(Deinflector, EndingsOfAGodanVerb) {
          {"書かせる", "書く", Inflects::kGodan, {"causative"}},
          {"書かされた", "書く", Inflects::kGodan, {"past", "causative passive"}},
          {"書きたくなかった", "書く", Inflects::kGodan, {"past", "negative", "desire (たい)"}},
+         {"書いてもらった", "書く", Inflects::kGodan, {"past", "favour received (てもらう)"}},
+         {"書きに", "書く", Inflects::kGodan, {"purpose (に)"}},
+         {"いらっしゃいます", "いらっしゃる", Inflects::kGodan, {"polite"}},
          {"書きすぎる", "書く", Inflects::kGodan, {"excess (すぎる)"}},
          {"書きながら", "書く", Inflects::kGodan, {"while (ながら)"}}});
 }

@@ -163,7 +163,7 @@ while read -r line; do
   (cd "$work" && printf 'church\n' >words.txt && PATH=$(dirname "$zavel"):$PATH bash -c "$line" >/dev/null 2>"$work/err" </dev/null)
   status=$?
   [ "$status" -le 1 ] || fail "the example \"$line\" ends in $status: $(cat "$work/err")"
-done < <({ sed -n '/^```sh/,/^```/p' "$source/README.md"; sed -n '/^# EXAMPLES/,/^# SEE/p' "$source"/docs/man/zavel*.1.scd; } |
+done < <({ sed -n '/^```sh/,/^```/p' "$source/README.md"; sed -n '/^# EXAMPLES/,/^# SEE/p' "$source"/docs/man/zavel{,-look,-dict,-paths,-about}.1.scd; } |
   sed -E 's/^[[:space:]]+//; s/\\\\/\\/g; s/ +# .*//' | grep -E '^(zavel|printf|xargs)' | grep -vE 'dict build|\| (verify|info)' | sort -u)
 
 # bash: completion of commands, options, values and headwords.
