@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 namespace zavel {
 namespace {
 
@@ -109,6 +111,34 @@ TEST_F(IconvTextEncodingTest, WritesLongTextsInAnyMixture) {
   std::string kana(100000, '\xB1'), wide;
   for (int i = 0; i < 100000; ++i) wide += "ｱ";
   EXPECT_EQ(encoding_.fromSjisLossy(kana), wide);
+}
+
+TEST_F(IconvTextEncodingTest, CutsNoCharacterOfALongText) {
+  for (const std::string& shift : {""s, "a"s, "ab"s, "abc"s}) {
+    std::string utf8 = "😀" + shift, sjis = "?" + shift;  // pieces are smallest behind what is lacking
+    for (int i = 0; i < 100000; ++i) {
+      utf8 += "行";
+      sjis += "\x8D\x73";
+    }
+    EXPECT_EQ(lossy(utf8), sjis);
+    EXPECT_EQ(lossy(utf8 + "\xE3\x81"), sjis + "?");
+    EXPECT_EQ(encoding_.fromSjisLossy("\xFF" + sjis.substr(1)), "\uFFFD" + utf8.substr(4));
+    EXPECT_EQ(decodeStrict(sjis + "\x82", Encoding::kShiftJis), "(none)");
+  }
+}
+
+// A damaged dictionary can bring millions of such bytes.
+TEST_F(IconvTextEncodingTest, TakesTextsOfBadBytesInItsStride) {
+  constexpr size_t kBytes = size_t{2} << 20;
+  const auto begin = std::chrono::steady_clock::now();
+  const std::string marks = encoding_.fromSjisLossy(std::string(kBytes, '\xFF'));
+  std::string faces;
+  for (size_t i = 0; i < kBytes / 4; ++i) faces += "😀";
+  const std::string questions = lossy(faces);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
+  EXPECT_EQ(marks.size(), 3 * kBytes);
+  EXPECT_EQ(marks.substr(3 * kBytes - 6), "\uFFFD\uFFFD");
+  EXPECT_EQ(questions, std::string(kBytes / 4, '?'));
 }
 
 TEST_F(IconvTextEncodingTest, ReadsShiftJisWithAMarkForEachBadByte) {

@@ -16,6 +16,12 @@ namespace {
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 const iconv_t kNoHandle = reinterpret_cast<iconv_t>(-1);
 
+// Bytes given to iconv at once. It may read far beyond a character that doesn't convert, and room for its
+// answer is made beforehand, so that behind each such character it gets little until it gets on again. The
+// smallest piece is longer than any character.
+constexpr size_t kSmallestPiece = 64;
+constexpr size_t kLargestPiece = 65536;
+
 // Characters that iconv takes for something else or drops without a word, though code page 932 lacks
 // them: the yen sign (0x5C), the overline (0x7E), the tag characters U+E0000 to U+E007F (nothing).
 bool beginsRefused(std::string_view utf8) {
@@ -66,6 +72,17 @@ bool IconvHandle::open() {
 
 size_t IconvHandle::convert(std::string_view in, std::string* out) {
   if (in.empty() || !open()) return 0;
+  size_t done = 0;
+  while (done < in.size()) {
+    const size_t converted = convertPiece(in.substr(done, piece_), out);
+    done += converted;
+    piece_ = converted == 0 ? kSmallestPiece : std::min(2 * piece_, kLargestPiece);
+    if (converted == 0) break;  // else what didn't convert may be a character that the piece's end cut
+  }
+  return done;
+}
+
+size_t IconvHandle::convertPiece(std::string_view in, std::string* out) {
   char* from = const_cast<char*>(in.data());  // iconv reads through it only
   size_t left = in.size();
   size_t used = out->size();

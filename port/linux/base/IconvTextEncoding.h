@@ -20,16 +20,19 @@ class IconvHandle {
   IconvHandle& operator=(const IconvHandle&) = delete;
 
   // Appends the conversion of `in` to `out`, up to the first byte that does not convert. Result: bytes of
-  // `in` converted. A system that lacks the encoding converts nothing.
+  // `in` converted. A system that lacks the encoding converts nothing. The time is that of what converts,
+  // however much stands behind it.
   size_t convert(std::string_view in, std::string* out);
 
  private:
   bool open();
+  size_t convertPiece(std::string_view in, std::string* out);
 
   const char* to_;
   const char* from_;
   iconv_t handle_ = nullptr;
   bool opened_ = false;  // open() ran, whatever came of it
+  size_t piece_ = 4096;  // bytes given to iconv next; any text that is shown goes in one piece
 };
 
 // Details that the interface leaves open: UTF-16 without a byte order mark is read little end first, as
