@@ -4,7 +4,10 @@
 #include <algorithm>
 #include <initializer_list>
 #include <string_view>
+#include <utility>
 #include <vector>
+
+#include "Utf8.h"
 
 #include "WordForms.h"
 
@@ -23,7 +26,10 @@ std::string record(std::initializer_list<std::string_view> fields) {
   for (const std::string_view field : fields) {
     if (!first) out += '\t';
     first = false;
-    for (const char c : field) out += c == '\t' || c == '\n' ? ' ' : c;
+    std::string one(field);
+    std::replace_if(
+        one.begin(), one.end(), [](char c) { return c == '\t' || c == '\n'; }, ' ');
+    out += withoutControls(std::move(one));
   }
   return out + '\n';
 }

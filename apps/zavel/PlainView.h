@@ -11,7 +11,7 @@ namespace zavel::host {
 
 // A record for each sense: query, headword, reading, parts of speech (parted by ","), translations (parted by
 // "; "), note. A record for each example: query, headword, reading, "example", source, target. `limit` counts
-// entries, 0 gives all. Tabs and line ends inside a field become blanks.
+// entries, 0 gives all. Tabs and line ends inside a field become blanks, other control characters U+FFFD.
 std::string plainEntries(const LookResult& result, size_t limit);
 
 // word, line as the list shows it.

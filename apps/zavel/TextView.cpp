@@ -145,22 +145,23 @@ std::string joined(const std::vector<std::string>& words, const char* between) {
 
 // One quiet line that says why an entry of another word answers.
 std::string reason(const LookResult& result, const Entry& entry) {
+  const std::string query = withoutControls(result.query);
   const std::string& base = entry.base.empty() ? result.origin : entry.base;
   switch (entry.match) {
     case Match::kExact:
       return {};
     case Match::kInflected:
       // English names are alternatives, Japanese ones a chain.
-      return result.query + ": " +
+      return query + ": " +
              (entry.via.empty() ? "inflected form" : joined(entry.via, result.english ? ", " : " of ")) +
              " of " + base;
     case Match::kDerived:
-      return result.query + ": derived from " + entry.headword;
+      return query + ": derived from " + entry.headword;
     case Match::kSpelling:
       return entry.headword + ": other spelling of " + base;
     case Match::kNear:
       return (entry.reading.empty() ? entry.headword : entry.reading + " " + entry.headword) + ": near " +
-             result.query;
+             query;
   }
   return {};
 }

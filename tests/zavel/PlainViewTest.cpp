@@ -24,6 +24,13 @@ TEST(PlainEntries, ARecordForEachSenseAndEachExample) {
             "いく\t行く\tいく\texample\talone\t\n");
 }
 
+TEST(PlainEntries, AFieldSteersNoTerminal) {
+  LookResult result = iku();
+  result.query = "i\x1b[1mku\x7F";
+  result.entries[0].senses = {{{}, "1", {"\u009B to go"}, "a\rb", {}}};
+  EXPECT_EQ(plainEntries(result, 1), "i\uFFFD[1mku\uFFFD\t行く\tいく\t\t\uFFFD to go\ta\uFFFDb\n");
+}
+
 TEST(PlainEntries, WithoutALimitAllEntries) {
   EXPECT_EQ(plainEntries(iku(), 0).size(), 2 * plainEntries(iku(), 1).size());
   EXPECT_EQ(plainEntries({}, 0), "");

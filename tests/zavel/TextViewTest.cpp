@@ -63,6 +63,14 @@ TEST(AnswerText, TellsWhyAnInflectedWordAnswers) {
   EXPECT_EQ(answerText(look, {}), "went: past of go\n\ngo\n");
 }
 
+TEST(AnswerText, AQuerySteersNoTerminal) {
+  Entry made = entry("go", "go");
+  made.match = Match::kDerived;
+  LookResult look = result({made});
+  look.query = "go\x1b[1mer";
+  EXPECT_EQ(answerText(look, {}), "go\uFFFD[1mer: derived from go\n\ngo\n");
+}
+
 TEST(AnswerText, TellsOtherSpellings) {
   Entry other = entry("color", "color");
   other.match = Match::kSpelling;
