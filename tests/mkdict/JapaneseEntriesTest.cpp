@@ -106,11 +106,11 @@ TEST(JapaneseEntries, AccentsFall) {
 }
 
 TEST(JapaneseEntries, FilesUnderWhatAQueryCanHold) {
-  const Made made({"時々 [ときどき] /(adv) sometimes/", "ＣＤ [シーディー] /(n) CD/", "犬 [いぬ] /(n) dog/",
+  const Made made({"〆切 [しめきり] /(n) deadline/", "ＣＤ [シーディー] /(n) CD/", "犬 [いぬ] /(n) dog/",
                    "きゃりー [キャリー] /(n) x/", "カーボン・コピー /(n) carbon copy/"});
   ASSERT_EQ(5u, made.entries.size());
-  EXPECT_EQ(sjis("ときどき"), made.entries[0].kana);
-  EXPECT_EQ("", made.entries[0].kanji);  // 々 is no kanji to the readers
+  EXPECT_EQ(sjis("しめきり"), made.entries[0].kana);
+  EXPECT_EQ("", made.entries[0].kanji);  // 〆 is no kanji to the readers
   EXPECT_EQ(sjis("シーディー"), made.entries[1].kana);
   EXPECT_EQ("", made.entries[1].kanji);
   EXPECT_EQ(sjis("犬"), made.entries[2].kanji);
@@ -119,6 +119,51 @@ TEST(JapaneseEntries, FilesUnderWhatAQueryCanHold) {
   EXPECT_EQ(3u,
             made.summary.leftOutCount("Japanese words found by reading only (digits, letters or signs in the "
                                       "written form)"));
+}
+
+// 々 is no kanji to the readers: by its written form the word is shown as they can search it.
+TEST(JapaneseEntries, AWordWithTheMarkIsTwoEntries) {
+  const Made made({"人々 [ひとびと] /(n) people/(P)/", "時々 [ときどき] /(adv) sometimes/",
+                   "人人 [ひとびと] /(n) people/", "々 [のま] /(n) mark/"});
+  ASSERT_EQ(5u, made.entries.size());
+  const std::string people = "\n\xF5\xD3-[" + sjis("名") + "]\n\xF5\xD4people\n";
+  EXPECT_EQ(sjis("ひとびと"), made.entries[0].kana);
+  EXPECT_EQ("", made.entries[0].kanji);
+  EXPECT_EQ("\xF5\xD1" + sjis("ひとびと\x1B人々") + people, made.entries[0].text);
+  EXPECT_EQ("", made.entries[2].kana);
+  EXPECT_EQ(sjis("人人"), made.entries[2].kanji);
+  EXPECT_EQ(
+      "\xF5\xD1" + sjis("ひとびと\x1B人人") + "\n\xF5\xD7(usually written " + sjis("人々") + ")" + people,
+      made.entries[2].text);
+  EXPECT_LT(made.entries[2].rank, 200u);  // common, by the line with the mark
+
+  // EDICT lacks 時時 here.
+  EXPECT_EQ("", made.entries[1].kanji);
+  EXPECT_EQ("", made.entries[4].kana);
+  EXPECT_EQ(sjis("時時"), made.entries[4].kanji);
+  EXPECT_EQ("\xF5\xD1" + sjis("ときどき\x1B時時") + "\n\xF5\xD7(usually written " + sjis("時々") + ")\n",
+            made.entries[4].text.substr(0, 2 + 8 + 1 + 4 + 1 + 2 + 17 + 4 + 2));
+
+  EXPECT_EQ("", made.entries[3].kanji);  // nothing to repeat
+  EXPECT_EQ(2u, made.summary.valueOf("Japanese words written with 々"));
+}
+
+TEST(JapaneseEntries, NeitherSpellingIsUsualWhereBothAreAsCommon) {
+  const Made made({"一杯一杯 [いっぱいいっぱい] /(n) limit/", "一杯々々 [いっぱいいっぱい] /(n) limit/"});
+  ASSERT_EQ(2u, made.entries.size());
+  EXPECT_NE(std::string::npos,
+            made.entries[0].text.find("\n\xF5\xD7(also written " + sjis("一杯々々") + ")\n"));
+}
+
+// 出々し is marked as irregular, which 出出し is not.
+TEST(JapaneseEntries, SpellingsToldUnlikeStayAsTheyAre) {
+  const Made made({"出々し [でだし] /(iK) (n) start/", "出出し [でだし] /(n) start/"});
+  ASSERT_EQ(2u, made.entries.size());
+  EXPECT_EQ(sjis("でだし"), made.entries[0].kana);
+  EXPECT_EQ("", made.entries[0].kanji);
+  EXPECT_EQ(sjis("でだし"), made.entries[1].kana);
+  EXPECT_EQ(sjis("出出し"), made.entries[1].kanji);
+  EXPECT_LT(made.entries[1].rank, made.entries[0].rank);
 }
 
 TEST(JapaneseEntries, CountsWhatNoQueryCanHold) {

@@ -59,6 +59,22 @@ Texts entriesOf(std::string word) {
   return test::takeEntries(list, size);
 }
 
+Texts japaneseEntriesOf(const char* utf8) {
+  std::string word = test::sjis(utf8);
+  uint32_t size = 0;
+  Handle list = nullptr;
+  EXPECT_EQ(1, SerchImiJ(word.data(), nullptr, 0, &size, &list, 1)) << utf8;
+  return test::takeEntries(list, size);
+}
+
+// "われわれ\x1B我々" of each entry, in order.
+Texts japaneseHeadwordsOf(const char* utf8) {
+  Texts out;
+  for (const std::string& entry : japaneseEntriesOf(utf8))
+    out.push_back(entry.substr(2, entry.find('\n') - 2));
+  return out;
+}
+
 Texts linesOf(const std::string& word, uint8_t mode = 0) {
   uint32_t size = 0;
   Handle list = nullptr;
@@ -717,6 +733,37 @@ TEST_F(RealData, KeepsAffixesOut) {
     for (const std::string& entry : entriesOf(word)) {
       EXPECT_EQ(std::string::npos, entry.find("\xF5\xD4" + test::sjis(cut))) << word;
     }
+  }
+}
+
+// A search takes no 々, so hosts ask for the kanji twice.
+TEST_F(RealData, FindsWordsWithTheRepetitionMarkByBothForms) {
+  const struct {
+    const char *reading, *marked, *repeated;
+  } words[] = {
+      {"われわれ", "我々", "我我"},
+      {"さまざま", "様々", "様様"},
+      {"ひとびと", "人々", "人人"},
+      {"ときどき", "時々", "時時"},
+      {"いろいろ", "色々", "色色"},
+      {"くにぐに", "国々", "国国"},
+      {"しょうしょう", "少々", "少少"},
+      {"なかなか", "中々", "中中"},
+      {"べつべつ", "別々", "別別"},
+      {"ますます", "益々", "益益"},
+      {"ずうずうしい", "図々しい", "図図しい"},
+  };
+  for (const auto& word : words) {
+    const std::string head = test::sjis(word.reading) + '\x1B';
+    const Texts byReading = japaneseHeadwordsOf(word.reading);
+    EXPECT_EQ(1, std::count(byReading.begin(), byReading.end(), head + test::sjis(word.marked)))
+        << word.marked;
+    EXPECT_EQ(0, std::count(byReading.begin(), byReading.end(), head + test::sjis(word.repeated)))
+        << word.marked;
+    EXPECT_EQ(head + test::sjis(word.repeated), japaneseHeadwordsOf(word.repeated).at(0)) << word.marked;
+    EXPECT_NE(std::string::npos,
+              japaneseEntriesOf(word.repeated).at(0).find(" written " + test::sjis(word.marked) + ")\n"))
+        << word.marked;
   }
 }
 

@@ -17,6 +17,7 @@
 #include "engine/MidasiCheck.h"
 #include "engine/Shim.h"
 #include "mkdict/EdictLabels.h"
+#include "mkdict/IterationMark.h"
 #include "mkdict/ToShiftJis.h"
 
 namespace zavel::mkdict {
@@ -117,6 +118,19 @@ std::string withoutDots(const std::string& utf8) {
   return out + utf8.substr(at);
 }
 
+// The written form in a headword line, empty when there is none.
+std::string_view writtenIn(std::string_view headLine) {
+  const size_t at = headLine.find(kSeparator);
+  return at == std::string_view::npos ? std::string_view() : headLine.substr(at + 1);
+}
+
+// "(usually written 人々)" or "(also written 一杯々々)", in a line of its own.
+std::string otherSpelling(std::string_view headLine, bool usual) {
+  const std::string how = usual ? "(usually written " : "(also written ";
+  const std::optional<std::string> text = toEntryText(how + toUtf8(writtenIn(headLine)) + ")");
+  return text ? tag(engine::kTagNote) + *text + "\n" : std::string();
+}
+
 }  // namespace
 
 // A word in kana alone, or one that its first sense says to be written so, is what a query in kana means.
@@ -185,7 +199,7 @@ bool JapaneseEntries::headword(const EdictLine& line, Headword* out) {
 void JapaneseEntries::file(const Headword& shown, const std::string& name, JapaneseEntry* entry) {
   if (engine::ChkMidasiStrJ(shown.kana.c_str()) == engine::kOk) entry->kana = shown.kana;
   // A reader takes a word for a written form only when it holds a kanji.
-  const std::string& written = shown.written.empty() ? shown.kana : shown.written;
+  const std::string written = withKanjiRepeated(shown.written.empty() ? shown.kana : shown.written);
   const bool kanji = engine::ChkMidasiStrK(written.c_str()) == engine::kOk && !kanjiIn(written).empty();
   if (kanji) entry->kanji = written;
   if (entry->kana.empty() && !kanji) {
@@ -239,10 +253,6 @@ void JapaneseEntries::add(const EdictLine& line) {
 }
 
 void JapaneseEntries::refineRanks() {
-  const auto written = [this](size_t i) {
-    const size_t at = headLines_[i].find(kSeparator);
-    return at == std::string::npos ? std::string_view() : std::string_view(headLines_[i]).substr(at + 1);
-  };
   // The spellings of one word share reading and meaning.
   const auto wordOf = [this](size_t i) {
     return std::hash<std::string>()(entries_[i].kana + entries_[i].text);
@@ -253,20 +263,51 @@ void JapaneseEntries::refineRanks() {
     const uint32_t rank = entries_[i].rank;
     const auto [known, isNew] = best.try_emplace(wordOf(i), rank);
     if (!isNew) known->second = std::min(known->second, rank);
-    if (rank >= kUncommon) continue;
-    for (const uint16_t kanji : kanjiIn(written(i))) ++uses[kanji];
+    if (rank >= kUncommon || entries_[i].kana.empty()) continue;  // without a reading: 人人 beside 人々
+    for (const uint16_t kanji : kanjiIn(writtenIn(headLines_[i]))) ++uses[kanji];
   }
   for (size_t i = 0; i < entries_.size(); ++i) {
     uint32_t rarity = 0;
-    for (const uint16_t kanji : kanjiIn(written(i))) rarity = std::max(rarity, rarityOf(uses[kanji]));
+    for (const uint16_t kanji : kanjiIn(writtenIn(headLines_[i])))
+      rarity = std::max(rarity, rarityOf(uses[kanji]));
     const uint32_t rank = entries_[i].rank;
     if (rank > best[wordOf(i)]) rarity += kOtherSpelling;
     entries_[i].rank = rank / kKanaFirst * 100 + rank % kKanaFirst + kRarityWeight * rarity;
   }
 }
 
+// A list line shows the written form of its entry, and what it shows must be a word that can be searched. So
+// a word written with 々 is two entries: by its reading one that shows 人々, by its written form one that
+// shows 人人 and names 人々.
+void JapaneseEntries::partSpellings() {
+  const size_t count = entries_.size();
+  for (size_t i = 0; i < count; ++i) {
+    const std::string repeated = withKanjiRepeated(headLines_[i]);
+    if (repeated != headLines_[i] && !entries_[i].kanji.empty()) partSpelling(i, repeated);
+  }
+}
+
+// EDICT itself gives most of these words both ways. Where it tells them unlike, both stay as they are.
+void JapaneseEntries::partSpelling(size_t marked, const std::string& repeated) {
+  const auto [known, isNew] = byHeadLine_.try_emplace(repeated, entries_.size());
+  if (isNew) {
+    entries_.push_back(entries_[marked]);
+    headLines_.push_back(repeated);
+  }
+  JapaneseEntry& byReading = entries_[marked];
+  JapaneseEntry& byWritten = entries_[known->second];
+  byReading.kanji.clear();
+  if (byWritten.text != byReading.text) return;
+  const bool usual = isNew || byReading.rank < byWritten.rank;
+  byWritten.kana.clear();
+  byWritten.rank = std::min(byWritten.rank, byReading.rank);
+  byWritten.text = otherSpelling(headLines_[marked], usual) + byWritten.text;
+  summary_->count("Japanese words written with 々");
+}
+
 std::vector<JapaneseEntry> JapaneseEntries::take() {
-  byHeadLine_ = {};
+  partSpellings();
+  byHeadLine_.clear();
   refineRanks();
   for (size_t i = 0; i < entries_.size(); ++i) {
     entries_[i].text = tag(engine::kTagEntry) + headLines_[i] + "\n" + entries_[i].text;

@@ -22,8 +22,9 @@ class JapaneseEntries {
   // are the more frequent ones; senses that stand there already are not repeated.
   void add(const EdictLine& line);
 
-  // The entries in the order of their first lines; this is then empty. Their ranks now also tell words in
-  // kanji that common words use from words in rare kanji, and a word from its other spellings.
+  // The entries in the order of their first lines; this is then empty. A word written with 々 is two of them,
+  // one for its reading and one for its written form. Their ranks now also tell words in kanji that common
+  // words use from words in rare kanji, and a word from its other spellings.
   std::vector<JapaneseEntry> take();
 
   // What follows the headword line, in Shift_JIS: a line on the whole word, part-of-speech lines, senses.
@@ -41,6 +42,8 @@ class JapaneseEntries {
     std::string written;  // as shown, may be empty
   };
   bool headword(const EdictLine& line, Headword* out);
+  void partSpellings();
+  void partSpelling(size_t marked, const std::string& repeated);
   void refineRanks();
   void join(JapaneseEntry* entry, const std::string& body, uint32_t rank);
   void file(const Headword& shown, const std::string& name, JapaneseEntry* entry);

@@ -9,6 +9,7 @@ list(APPEND mkdict_sources
   EntryCheck.cpp
   IndexCheck.cpp
   IndexWriter.cpp
+  IterationMark.cpp
   JapaneseEntries.cpp
   JsonString.cpp
   Options.cpp
