@@ -76,19 +76,29 @@ Value ZFWPlistController::objectForKey(const std::string& key) const {
   return found == all.end() ? Value() : std::move(found->second);
 }
 
+// One reading and one writing: a map that could not be read must not be taken for one that isn't there.
 bool ZFWPlistController::setItem(const Value& object, const std::string& key, const std::string& item) {
-  if (object.isNull()) return false;
-  Value map = objectForKey(key);
-  if (map.isNull()) map = Value::Dict();
+  Value::Dict all;
+  if (object.isNull() || !readAll(&all)) return false;
+  Value& map = all.try_emplace(key, Value::Dict()).first->second;
   if (!map.isDict()) return false;
   (*map.asDict())[item] = object;
-  return setObject(map, key);
+  return writeAll(path_, std::move(all));
 }
 
 Value ZFWPlistController::itemForKey(const std::string& key, const std::string& item) const {
-  const Value map = objectForKey(key);
-  const Value* found = map.find(item);
-  return found ? *found : Value();
+  Value object;
+  readItem(key, item, &object);
+  return object;
+}
+
+bool ZFWPlistController::readItem(const std::string& key, const std::string& item, Value* object) const {
+  Value::Dict all;
+  if (!readAll(&all)) return false;
+  const auto map = all.find(key);
+  const Value* found = map == all.end() ? nullptr : map->second.find(item);
+  *object = found ? *found : Value();
+  return true;
 }
 
 }  // namespace zavel

@@ -26,8 +26,9 @@ class ZFWPlistController {
   const std::string& damagedFile() const { return damagedFile_; }
 
   // Stores `object` at a top key. False, with the file as it was, when the file can't be read or written,
-  // when `object` is null or holds what a property list can't. A file that is gone is not made again before
-  // the next start.
+  // when `object` is null or holds what a property list can't. One failure comes later: when nothing but the
+  // syncing of the folder fails, false only says that the new content, which stands there whole, may not
+  // outlive a power cut. A file that is gone is not made again before the next start.
   bool setObject(const Value& object, const std::string& key);
 
   // A copy of the object at a top key; null when there is none or the file can't be read. A change to it
@@ -38,6 +39,10 @@ class ZFWPlistController {
   // other items as they are. False also when something else than a map stands there.
   bool setItem(const Value& object, const std::string& key, const std::string& item);
   Value itemForKey(const std::string& key, const std::string& item) const;
+
+  // As itemForKey, telling what can't be read from what isn't there: true with a null `object` when there is
+  // no such item, false with `object` as it was when the file can't be read.
+  bool readItem(const std::string& key, const std::string& item, Value* object) const;
 
  private:
   bool readAll(Value::Dict* all) const;

@@ -119,6 +119,38 @@ TEST_F(ZFWPlist, ADamagedFileIsKeptAsideAtTheStart) {
   EXPECT_EQ(readText(at(kFile) + ".damaged-3"), "third");
 }
 
+TEST_F(ZFWPlist, OfDamagedFilesAThousandAreKeptAndTheNextOneStays) {
+  makeFolder(at("home/Library/Preferences"));
+  writeText(at(kFile) + ".damaged", "old");
+  for (int number = 2; number <= 999; ++number)
+    writeText(at(kFile) + ".damaged-" + std::to_string(number), "old");
+  writeText(at(kFile), "the thousandth");
+  EXPECT_EQ(ZFWPlistController().damagedFile(), at(kFile) + ".damaged-1000");
+  EXPECT_EQ(readText(at(kFile) + ".damaged-1000"), "the thousandth");
+
+  writeText(at(kFile), "one more");
+  ZFWPlistController store;
+  EXPECT_EQ(store.damagedFile(), "");
+  EXPECT_EQ(readText(at(kFile)), "one more");
+  EXPECT_FALSE(exists(at(kFile) + ".damaged-1001"));
+  EXPECT_FALSE(store.setObject(1, "a"));
+  EXPECT_FALSE(store.setItem(1, "a", "b"));
+  EXPECT_EQ(readText(at(kFile)), "one more");
+}
+
+TEST_F(ZFWPlist, ADamagedFileThatCannotBeKeptAsideStays) {
+  makeFolder(at("home/Library/Preferences"));
+  writeText(at(kFile), "mine");
+  FaultyStorage disk;
+  disk.failAt(1, FaultyStorage::kForEver);
+  const ZFWPlistController store;
+  ASSERT_EQ(disk.count("rename"), 1);
+  disk.failAt(0);
+  EXPECT_EQ(store.damagedFile(), "");
+  EXPECT_EQ(readText(at(kFile)), "mine");
+  EXPECT_FALSE(exists(at(kFile) + ".damaged"));
+}
+
 TEST_F(ZFWPlist, AListThatIsNoMapIsDamaged) {
   writeStore(Value::Array{1});
   EXPECT_EQ(ZFWPlistController().damagedFile(), at(kFile) + ".damaged");
@@ -156,6 +188,29 @@ TEST_F(ZFWPlist, AnItemIsSetInACopyOfItsMap) {
   EXPECT_EQ(store.objectForKey(ZFWTransTabKey), Value("no map"));
 }
 
+TEST_F(ZFWPlist, ReadingAnItemTellsWhatIsMissingFromWhatCannotBeRead) {
+  ZFWPlistController store;
+  ASSERT_TRUE(store.setItem(3, ZFWDictTabKey, ZFWDictTabAppletItem));
+  ASSERT_TRUE(store.setObject("no map", ZFWTransTabKey));
+  Value object = "before";
+  EXPECT_TRUE(store.readItem(ZFWDictTabKey, ZFWDictTabAppletItem, &object));
+  EXPECT_EQ(object, Value(3));
+  EXPECT_TRUE(store.readItem(ZFWDictTabKey, ZFWDictTabTWEDItem, &object));
+  EXPECT_TRUE(object.isNull());
+  object = "before";
+  EXPECT_TRUE(store.readItem(ZFWRssTabKey, ZFWRssTabStockItem, &object));
+  EXPECT_TRUE(object.isNull());
+  object = "before";
+  EXPECT_TRUE(store.readItem(ZFWTransTabKey, ZFWTransTabModeItem, &object));
+  EXPECT_TRUE(object.isNull());
+  object = "before";
+  writeText(at(kFile), "damaged");
+  EXPECT_FALSE(store.readItem(ZFWDictTabKey, ZFWDictTabAppletItem, &object));
+  ASSERT_TRUE(storage().remove(at(kFile)));
+  EXPECT_FALSE(store.readItem(ZFWDictTabKey, ZFWDictTabAppletItem, &object));
+  EXPECT_EQ(object, Value("before"));
+}
+
 TEST_F(ZFWPlist, KeysAreWrittenAsTheyAreNamed) {
   const std::vector<std::pair<const char*, const char*>> rows = {
       {ZFWDictTabKey, "ZFWDictTabKey"},
@@ -191,30 +246,47 @@ TEST_F(ZFWPlist, KeysAreWrittenAsTheyAreNamed) {
 
 // --- Faults of the disk ---
 
-TEST_F(ZFWPlist, AFaultWhileSettingLosesNothing) {
-  ZFWPlistController store;
-  ASSERT_TRUE(store.setObject("old", "a"));
-  const Value old = Value::Dict{{"a", "old"}};
-  const Value fresh = Value::Dict{{"a", "new"}};
+// Sets with a fault at each operation of the disk in turn, and puts the file back each time.
+template <class Set>
+long failEverywhere(const std::string& path, const Value& old, const Value& fresh, Set set) {
+  PropertyLists& lists = platform().propertyLists();
   FaultyStorage disk;
-  long n = 1;
-  for (;; ++n) {
+  for (long n = 1;; ++n) {
+    EXPECT_TRUE(lists.writeFile(path, old, PropertyListFormat::kXml));
     disk.failAt(n);
-    const bool set = store.setObject("new", "a");
+    const bool stored = set();
     const long faults = disk.faults();
     const std::string failedAt = faults ? disk.history()[static_cast<size_t>(n - 1)] : "";
     disk.failAt(0);
-    if (faults == 0) {
-      EXPECT_TRUE(set);
-      break;
-    }
-    EXPECT_FALSE(set) << n;
     // Once the new file is in its place, a fault can't take it back.
-    EXPECT_EQ(content(), failedAt.starts_with("syncFolder") ? fresh : old) << n << " " << failedAt;
-    ASSERT_TRUE(store.setObject("old", "a"));
+    const bool inPlace = faults == 0 || failedAt.starts_with("syncFolder");
+    Value content;
+    EXPECT_TRUE(lists.readFile(path, &content)) << n;
+    EXPECT_EQ(content, inPlace ? fresh : old) << n << " " << failedAt;
+    EXPECT_EQ(stored, faults == 0) << n << " " << failedAt;
+    if (faults == 0) return n;
   }
+}
+
+TEST_F(ZFWPlist, AFaultWhileSettingLosesNothing) {
+  ZFWPlistController store;
+  const long n = failEverywhere(at(kFile), Value::Dict{{"a", "old"}}, Value::Dict{{"a", "new"}},
+                                [&] { return store.setObject("new", "a"); });
   EXPECT_GT(n, 6);
-  EXPECT_EQ(content(), fresh);
+}
+
+TEST_F(ZFWPlist, AFaultWhileSettingAnItemLosesNothing) {
+  ZFWPlistController store;
+  const Value list = Value::Array{"mine"};
+  const Value old = Value::Dict{
+      {"ZFWDictTabKey", Value::Dict{{"ZFWDictTabAppletItem", 3}, {"Other", "kept"}}}, {"b", "kept"}};
+  const Value fresh =
+      Value::Dict{{"ZFWDictTabKey",
+                   Value::Dict{{"ZFWDictTabAppletItem", 3}, {"Other", "kept"}, {"ZFWDictTabTWEDItem", list}}},
+                  {"b", "kept"}};
+  const long n = failEverywhere(at(kFile), old, fresh,
+                                [&] { return store.setItem(list, ZFWDictTabKey, ZFWDictTabTWEDItem); });
+  EXPECT_GT(n, 6);
 }
 
 TEST_F(ZFWPlist, AFaultWhileBeginningLosesNothing) {
