@@ -79,20 +79,23 @@ void ZFWDictTabView::setApplet(int64_t applet) {
 }
 
 void ZFWDictTabView::takeStored() {
-  const Value items = stored(ZFWDictTabTWEDItem);
+  Value items, applet;
+  if (readStored(ZFWDictTabTWEDItem, &items)) listUnread_ = false;
   if (items.isArray()) takeItems(items);
-  const Value applet = stored(ZFWDictTabAppletItem);
+  if (readStored(ZFWDictTabAppletItem, &applet)) appletUnread_ = false;
   if (!applet.isNull()) setApplet(applet.integer(applet_));
   table_.reloadData();
 }
 
-Value ZFWDictTabView::stored(const char* item) const {
-  return gZFWPlist ? gZFWPlist->itemForKey(ZFWDictTabKey, item) : Value();
+bool ZFWDictTabView::readStored(const char* item, Value* value) {
+  return !gZFWPlist || gZFWPlist->readItem(ZFWDictTabKey, item, value);
 }
 
 // What stands there already isn't written again: each window saves its list at its start.
-bool ZFWDictTabView::save(const char* item, const Value& value) const {
-  return gZFWPlist && (stored(item) == value || gZFWPlist->setItem(value, ZFWDictTabKey, item));
+bool ZFWDictTabView::save(const char* item, const Value& value, bool unread) {
+  if (!gZFWPlist || unread) return false;
+  return gZFWPlist->itemForKey(ZFWDictTabKey, item) == value ||
+         gZFWPlist->setItem(value, ZFWDictTabKey, item);
 }
 
 void ZFWDictTabView::takeItems(const Value& items) {
@@ -101,19 +104,23 @@ void ZFWDictTabView::takeItems(const Value& items) {
 }
 
 void ZFWDictTabView::loadTWED() {
-  takeItems(stored(ZFWDictTabTWEDItem));
+  Value items;
+  listUnread_ = !readStored(ZFWDictTabTWEDItem, &items);
+  takeItems(items);
 }
 
 bool ZFWDictTabView::saveTWED() const {
-  return save(ZFWDictTabTWEDItem, dictListArray_);
+  return save(ZFWDictTabTWEDItem, dictListArray_, listUnread_);
 }
 
 void ZFWDictTabView::loadApplet() {
-  setApplet(stored(ZFWDictTabAppletItem).integer(kAppletSystem));
+  Value applet;
+  appletUnread_ = !readStored(ZFWDictTabAppletItem, &applet);
+  setApplet(applet.integer(kAppletSystem));
 }
 
 bool ZFWDictTabView::saveApplet() const {
-  return save(ZFWDictTabAppletItem, applet_);
+  return save(ZFWDictTabAppletItem, applet_, appletUnread_);
 }
 
 void ZFWDictTabView::appendMirellDict() {

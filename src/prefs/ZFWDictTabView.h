@@ -50,7 +50,8 @@ class ZAVEL_API ZFWDictTabView : public TableDataSource {
   RadioGroup& appletChoice() { return choice_; }
 
   // loadPreferences:  Reads what is stored, adds the dictionaries that are there and not listed yet, takes
-  // away listed books that are gone, and stores the outcome. `books`: maps with at least a "Name".
+  // away listed books that are gone, and stores the outcome. `books`: maps with at least a "Name". Where the
+  // store can't be read the tab begins as at a first start, and stores nothing over what it could not read.
   void loadPreferences(const Value::Array& books);
 
   // Takes list and choice from the store, where somebody else changed them; keeps its own where that can't be
@@ -68,7 +69,8 @@ class ZAVEL_API ZFWDictTabView : public TableDataSource {
   int64_t getApplet() const { return applet_; }
 
   // Steps of loadPreferences, also for themselves. The store is gZFWPlist; without one nothing is read or
-  // stored.
+  // stored. A save is false when nothing was stored, as always between a load that could not read its item
+  // and the next one, or takeStored, that can.
   void loadTWED();
   bool saveTWED() const;
   void loadApplet();
@@ -88,8 +90,9 @@ class ZAVEL_API ZFWDictTabView : public TableDataSource {
   bool moveRow(size_t from, size_t to) override;
 
  private:
-  Value stored(const char* item) const;
-  bool save(const char* item, const Value& value) const;
+  // False when the store can't be read. What isn't there leaves `value` null, and so does a missing store.
+  static bool readStored(const char* item, Value* value);
+  static bool save(const char* item, const Value& value, bool unread);
   void takeItems(const Value& items);
   bool hasType(const char* type) const;
   void append(const char* type, const std::string& title, const char* status);
@@ -102,6 +105,8 @@ class ZAVEL_API ZFWDictTabView : public TableDataSource {
   Connection chosen_;
   Value::Array dictListArray_;
   int64_t applet_ = kAppletSystem;
+  bool listUnread_ = false;  // what is stored could not be read at the load, and is not written over
+  bool appletUnread_ = false;
   std::shared_ptr<const bool> alive_ =
       std::make_shared<const bool>(true);  // watched by what may destroy this
 };

@@ -13,6 +13,7 @@
 #include "platform/PropertyLists.h"
 #include "prefs/ZFWPrefController.h"
 #include "support/FakePlatform.h"
+#include "support/FaultyStorage.h"
 #include "support/TempFolder.h"
 
 namespace zavel::test {
@@ -158,6 +159,66 @@ TEST_F(DictTab, AListThatIsStoredAlreadyIsNotWrittenAgain) {
   EXPECT_EQ(std::filesystem::last_write_time(gZFWPlist->path()), written);
 }
 
+TEST_F(DictTab, AListThatCannotBeReadIsNotWrittenOver) {
+  const Value items = Value::Array{item("tType", "T", "NO"), item("oType", "O", "YES")};
+  ASSERT_TRUE(gZFWPlist->setItem(items, "ZFWDictTabKey", "ZFWDictTabTWEDItem"));
+  ASSERT_TRUE(gZFWPlist->setItem(3, "ZFWDictTabKey", "ZFWDictTabAppletItem"));
+  const Value before = gZFWPlist->objectForKey("ZFWDictTabKey");
+  FaultyStorage disk;
+  disk.failAt(1, FaultyStorage::kForEver);
+  ZFWDictTabView tab;
+  tab.loadPreferences({});
+  disk.failAt(0);
+  EXPECT_EQ(linesOf(tab), (Lines{"oType StandardDictionary YES", "tType TranslationDictionary YES"}));
+  EXPECT_EQ(tab.getApplet(), 0);
+  EXPECT_EQ(gZFWPlist->objectForKey("ZFWDictTabKey"), before);
+  // Nor by what the user does to it, which holds for this tab.
+  EXPECT_FALSE(tab.saveTWED());
+  EXPECT_FALSE(tab.saveApplet());
+  EXPECT_FALSE(tab.setSelected(0, false));
+  EXPECT_EQ(tab.selectedDict(), 4);
+  EXPECT_TRUE(tab.appletChoice().choose(0));
+  EXPECT_EQ(gZFWPlist->objectForKey("ZFWDictTabKey"), before);
+
+  tab.takeStored();
+  EXPECT_EQ(linesOf(tab), (Lines{"tType T NO", "oType O YES"}));
+  EXPECT_EQ(tab.getApplet(), 3);
+  EXPECT_TRUE(tab.setSelected(0, true));
+  EXPECT_EQ(stored(), (Lines{"tType T YES", "oType O YES"}));
+  EXPECT_TRUE(tab.appletChoice().choose(0));
+  EXPECT_EQ(storedApplet(), Value(0));
+}
+
+TEST_F(DictTab, AFaultWhileLoadingLosesNothing) {
+  const Lines old = {"tType T NO", "sType A YES", "oType O YES"};
+  const Lines grown = {"tType T NO", "sType A YES", "oType O YES", "sType B NO"};
+  FaultyStorage disk;
+  for (const bool grows : {false, true}) {
+    const Value::Array books = grows ? Value::Array{book("A"), book("B")} : Value::Array{book("A")};
+    const Value area = Value::Dict{
+        {"ZFWDictTabTWEDItem",
+         Value::Array{item("tType", "T", "NO"), item("sType", "A", "YES"), item("oType", "O", "YES")}},
+        {"ZFWDictTabAppletItem", 3},
+        {"Other", "kept"}};
+    for (long n = 1;; ++n) {
+      ASSERT_TRUE(gZFWPlist->setObject(area, "ZFWDictTabKey"));
+      disk.failAt(n);
+      ZFWDictTabView tab;
+      tab.loadPreferences(books);
+      const long faults = disk.faults();
+      disk.failAt(0);
+      const Lines found = stored();
+      EXPECT_TRUE(found == old || (grows && found == grown)) << n;
+      EXPECT_EQ(storedApplet(), Value(3)) << n;
+      EXPECT_EQ(gZFWPlist->itemForKey("ZFWDictTabKey", "Other"), Value("kept")) << n;
+      if (faults > 0) continue;
+      EXPECT_EQ(found, grows ? grown : old);
+      EXPECT_GT(n, grows ? 15 : 8);
+      break;
+    }
+  }
+}
+
 // --- What is searched ---
 
 TEST_F(DictTab, SelectedDictGathersTheKindsThatAreOn) {
@@ -207,6 +268,29 @@ TEST_F(DictTab, AStoredChoiceIsLoadedAndAnUnknownOneKept) {
   tab.loadPreferences({});
   EXPECT_EQ(tab.selectedDict(), 0);
   EXPECT_EQ(storedApplet(), Value(9));
+  // Cut to 32 bits this one would be 0, which is known.
+  ASSERT_TRUE(gZFWPlist->setItem(4294967296, "ZFWDictTabKey", "ZFWDictTabAppletItem"));
+  tab.loadPreferences({});
+  EXPECT_EQ(tab.selectedDict(), 0);
+  EXPECT_EQ(tab.getApplet(), 4294967296);
+  EXPECT_EQ(tab.appletChoice().selectedCell(), nullptr);
+  EXPECT_EQ(storedApplet(), Value(4294967296));
+}
+
+TEST_F(DictTab, ShowsTitlesAndStatusUnderItsOwnHeading) {
+  platform.ownBundle.texts["DictList"] = "Dictionaries";
+  platform.ownBundle.texts["StandardDictionary"] = "Standard";
+  platform.ownBundle.texts["TWEDbrowser"] = "Book browser";
+  ZFWDictTabView tab;
+  tab.loadPreferences({book("A")});
+  const std::vector<TableView::Column> columns = {{"selectStatus", "", true}, {"dictTitle", "Dictionaries"}};
+  EXPECT_EQ(tab.dictListView().columns(), columns);
+  EXPECT_EQ(tab.dictListView().cell(0, "dictTitle"), Value("Standard"));
+  EXPECT_EQ(tab.dictListView().cell(0, "selectStatus"), Value(true));
+  EXPECT_EQ(tab.dictListView().cell(2, "dictTitle"), Value("A"));
+  EXPECT_EQ(tab.dictListView().cell(2, "selectStatus"), Value(false));
+  const std::vector<RadioGroup::Cell> cells = {{"Standard", 0}, {"Book browser", 3}};
+  EXPECT_EQ(tab.appletChoice().cells(), cells);
 }
 
 // --- The user's changes ---
@@ -290,9 +374,15 @@ TEST_F(DictTab, WhatAnotherTabStoredCanBeTaken) {
   other.takeStored();
   EXPECT_EQ(other.selectedDict(), 4);
   EXPECT_EQ(other.dictListView().cell(0, ZFWDictTabView::kStatusColumn), Value(false));
+  one.appletChoice().choose(3);
+  EXPECT_EQ(other.selectedDict(), 4);
+  other.takeStored();
+  EXPECT_EQ(other.selectedDict(), 64);
+  EXPECT_EQ(other.appletChoice().selectedCell()->tag, 3);
   std::filesystem::remove(gZFWPlist->path());
   other.takeStored();  // nothing to take
-  EXPECT_EQ(other.selectedDict(), 4);
+  EXPECT_EQ(other.selectedDict(), 64);
+  EXPECT_EQ(other.rowCount(), 2u);
 }
 
 // --- The panel ---
