@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 
+#include "Interrupt.h"
 #include "JsonView.h"
 #include "Pager.h"
 #include "PlainView.h"
@@ -30,10 +32,22 @@ std::string echo(std::string_view query) {
   return printable(start) + "...";
 }
 
+Failure noSuchRow(size_t row, size_t count) {
+  const std::string number = std::to_string(count);
+  return {
+      kExitNothing, "no_row",
+      "there is no row " + std::to_string(row) + ": the look-up gave " +
+          (count == 0 ? "none" : number + (count == 1 ? " row" : " rows")),
+      count == 0 ? "Leave --row out to see what there is." : "Give --row a number from 1 to " + number + "."};
+}
+
 }  // namespace
 
-Answerer::Answerer(const LookOptions& options, MirellDictionaryManager& manager, bool batch)
-    : options_(options), look_(manager), batch_(batch) {
+Answerer::Answerer(const LookOptions& options, MirellDictionaryManager& manager, Dictionaries* dictionaries,
+                   bool batch)
+    : options_(options), look_(manager), dictionaries_(dictionaries), batch_(batch) {
+  kinds_ = dictionaries_ ? dictionaries_->kinds() : std::vector<RowKind>{RowKind::kBilingual};
+  if (dictionaries_) dictionaries_->setMode(options.mode);
   text_.colour = useColor(STDOUT_FILENO, options.colour);
   text_.width = terminalWidth(STDOUT_FILENO);
   text_.limit = static_cast<size_t>(options.limit);
@@ -50,14 +64,50 @@ void Answerer::answer(std::string_view query, bool tooLong) {
   } else if (!isUtf8(word)) {
     failure = {kExitUsage, "not_text", "the word is not UTF-8 text", "Give it in UTF-8."};
   } else {
-    look_.run(request(word), &result, &failure);
+    look(word, &result, &failure);
   }
+  // Who asked twice to end wants no more answers.
+  if (interrupted()) return;
   if (failure) {
     refuse(word, failure);
   } else {
     show(result);
   }
   ++answered_;
+}
+
+// Headword lists and inflection tables are the bilingual dictionary's own, whatever else is searched.
+void Answerer::look(std::string_view word, LookResult* result, Failure* failure) {
+  const LookRequest asked = request(word);
+  const bool everywhere = asked.wantEntries;
+  const bool bilingual = std::find(kinds_.begin(), kinds_.end(), RowKind::kBilingual) != kinds_.end();
+  result->query = result->origin = asked.word;
+  if (!everywhere || bilingual) look_.run(asked, result, failure);
+  const bool isWord = !word.empty() && word.find('\0') == std::string_view::npos;
+  if (*failure || !everywhere || !isWord) return;
+  result->kinds = kinds_;
+  if (dictionaries_) askDictionaries(result);
+  const size_t row = static_cast<size_t>(options_.row);
+  if (row > result->rows.size()) *failure = noSuchRow(row, result->rows.size());
+}
+
+void Answerer::askDictionaries(LookResult* result) {
+  std::optional<size_t> row;
+  if (options_.row > 0) row = static_cast<size_t>(options_.row) - 1;
+  dictionaries_->ask(result->query, row, result);
+  complain();
+  if (!result->rows.empty() || interrupted()) return;
+  const std::string folded = foldedQuery(result->query);
+  if (folded == result->query || folded.empty()) return;
+  dictionaries_->ask(folded, row, result);
+  complain();
+}
+
+// Once for many words that fail alike.
+void Answerer::complain() {
+  const std::string complaint = dictionaries_->complaint();
+  if (!complaint.empty() && complaint != complained_) warn(complaint);
+  if (!complaint.empty()) complained_ = complaint;
 }
 
 void Answerer::finish() {
@@ -102,7 +152,7 @@ void Answerer::refuse(std::string_view word, const Failure& failure) {
 void Answerer::show(const LookResult& result) {
   const bool found = options_.list    ? !result.headwords.empty()
                      : options_.forms ? !result.forms.empty()
-                                      : result.found();
+                                      : result.found() || options_.row > 0;
   if (found) ++found_;
   if (options_.json) {
     write(json(result) + "\n");
@@ -132,6 +182,9 @@ std::string Answerer::text(const LookResult& result) const {
     return options_.plain ? plainHeadwords(result, text_.limit) : headwordText(result, text_);
   }
   if (options_.forms) return options_.plain ? plainForms(result) : formsText(result, text_);
+  if (options_.row > 0 && !options_.plain) {
+    return rowText(result, static_cast<size_t>(options_.row) - 1, text_);
+  }
   return options_.plain ? plainEntries(result, text_.limit) : answerText(result, text_);
 }
 

@@ -5,7 +5,9 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "Dictionaries.h"
 #include "Failure.h"
 #include "Look.h"
 #include "LookCommand.h"
@@ -15,8 +17,10 @@ namespace zavel::host {
 
 class Answerer {
  public:
-  // `batch`: the queries come from standard input. Both are borrowed.
-  Answerer(const LookOptions& options, MirellDictionaryManager& manager, bool batch);
+  // `batch`: the queries come from standard input. All are borrowed; `dictionaries` may be null, where the
+  // bilingual one alone is open.
+  Answerer(const LookOptions& options, MirellDictionaryManager& manager, Dictionaries* dictionaries,
+           bool batch);
 
   // Writes the answer to standard output, or says on standard error why there is none. `tooLong`: `query` is
   // only the start of what was asked.
@@ -30,6 +34,9 @@ class Answerer {
 
  private:
   LookRequest request(std::string_view word) const;
+  void look(std::string_view word, LookResult* result, Failure* failure);
+  void askDictionaries(LookResult* result);
+  void complain();
   void refuse(std::string_view word, const Failure& failure);
   void show(const LookResult& result);
   std::string text(const LookResult& result) const;
@@ -40,6 +47,9 @@ class Answerer {
 
   const LookOptions& options_;
   Look look_;
+  Dictionaries* dictionaries_;
+  std::vector<RowKind> kinds_;  // of what is searched
+  std::string complained_;      // what was told last of a dictionary that did not answer
   TextLook text_;
   bool batch_;
   size_t rows_ = 0;   // of the screen, where a pager may be used; else 0

@@ -14,6 +14,11 @@ int report(const Failure& failure, bool json) {
   return failure.status;
 }
 
+void warn(const std::string& message) {
+  std::fflush(stdout);
+  std::fprintf(stderr, "zavel: %s\n", message.c_str());
+}
+
 std::string failureJson(const Failure& failure) {
   JsonWriter json;
   json.beginObject().member("schema", 1).member("status", "error").key("error").beginObject();

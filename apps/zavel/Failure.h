@@ -21,6 +21,9 @@ struct Failure {
 // status.
 int report(const Failure& failure, bool json);
 
+// One line on standard error about something that is gone on without.
+void warn(const std::string& message);
+
 // {"schema":1,"status":"error","error":{...}}
 std::string failureJson(const Failure& failure);
 

@@ -1,7 +1,6 @@
 // Tests: tests/zavel/CommandTest.cpp, zavel-test.sh
 #include "Host.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,8 +10,13 @@
 #include <cstring>
 
 #include "PlacesInUse.h"
+#include "SilentOutput.h"
+#include "Store.h"
 #include "config/WorkPathTable.h"
+#include "config/WorkPaths.h"
+#include "config/WorkStyles.h"
 #include "config/ZavelPath.h"
+#include "foundation/Storage.h"
 #include "platform/Log.h"
 
 namespace zavel::host {
@@ -23,34 +27,7 @@ const std::array<const char*, 13> kDictionaryFiles = {
 
 namespace {
 
-constexpr const char* kResultFile = "LookResult";
-
 void dropLine(const std::string&) {}
-
-// The module tells of a dictionary that can't be opened on standard output, which belongs to answers here:
-// in its place comes one clear line on standard error.
-class SilentOutput {
- public:
-  SilentOutput() {
-    std::fflush(stdout);
-    const int nothing = open("/dev/null", O_WRONLY | O_CLOEXEC);
-    if (nothing < 0) return;
-    saved_ = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 3);
-    if (saved_ >= 0) dup2(nothing, STDOUT_FILENO);
-    close(nothing);
-  }
-  ~SilentOutput() {
-    std::fflush(stdout);
-    if (saved_ < 0) return;
-    dup2(saved_, STDOUT_FILENO);
-    close(saved_);
-  }
-  SilentOutput(const SilentOutput&) = delete;
-  SilentOutput& operator=(const SilentOutput&) = delete;
-
- private:
-  int saved_ = -1;
-};
 
 constexpr size_t kLongestFolder = 254;  // bytes, what the module takes
 
@@ -114,12 +91,12 @@ Failure noHome() {
 Host::Host() : places_(findPlaces()) {
   const char* log = std::getenv("ZAVEL_LOG");
   if (!log || !*log) setLogSink(dropLine);
-  zavelPathInitialize();
 }
 
 Host::~Host() {
   own_.reset();
-  module_.reset();
+  dictionaries_.reset();
+  closeStore();
   zavelPathTerminate();
 }
 
@@ -138,7 +115,7 @@ Failure Host::open() {
   if (!firstStart) {
     if (Failure failure = checkDictionary()) return failure;
   }
-  if (loaded) openByModule();
+  if (loaded) manager_ = dictionaries_->open();
   return openDictionary();
 }
 
@@ -149,11 +126,24 @@ bool Host::loadPathTable() {
   const std::string table = defaultPathTablePath();
   // A table of other folders than these must not be loaded: loading would make them again.
   if (!writePathTableIfMissing(table, roots) || !renewPathTable(table, roots)) return false;
-  zavelPathLoadDictAndHelper(nullptr);
+  if (const std::string damage = openStore(platform_); !damage.empty()) warn(damage);
+  // The styles are for the translation dictionary's program alone, and reading them is no small part of a
+  // start.
+  if (!searchesTranslation())
+    platform_.propertyLists().pretend(places_.config + "/ZavelStyle.plist", Value::Dict());
+  dictionaries_ = std::make_unique<Dictionaries>(platform_);
+  provideStyles();
   const char* dictionary = zavelPathKenkyuDicFolderURL();
   dictionary_ = dictionary ? dictionary : placesInUse().dictionary;
   while (dictionary_.size() > 1 && dictionary_.back() == '/') dictionary_.pop_back();
   return dictionary && zavelPathCacheFolderURL();
+}
+
+// The styles are where the path table says. Work paths were settled without them.
+void Host::provideStyles() {
+  const char* styles = zavelPathTranslationStylePathURL();
+  if (!styles || storage().exists(std::string(styles) + ".plist")) return;
+  if (writeStylesIfMissing(styles, StyleLanguage::kEnglish)) setWorkPaths();
 }
 
 Failure Host::checkDictionary() const {
@@ -165,13 +155,8 @@ Failure Host::checkDictionary() const {
   return failure;
 }
 
-void Host::openByModule() {
-  module_ = std::make_unique<MirellModule>();
-  const SilentOutput silent;
-  if (!module_->load(kResultFile)) module_.reset();
-}
-
-void Host::openWithoutResultFile() {
+void Host::openAlone() {
+  dictionaries_.reset();
   own_ = std::make_unique<MirellDictionaryManager>();
   const SilentOutput silent;
   own_->InitializeDictionaries((dictionary_ + "/").c_str(), nullptr, nullptr, nullptr);
@@ -184,7 +169,7 @@ Failure Host::openDictionary() {
                 " bytes: " + dictionary_,
             "Keep it in a folder with a shorter path: set ZAVEL_ROOT."};
   }
-  if (!module_) openWithoutResultFile();
+  if (!manager_) openAlone();
   if (manager().initialized) return {};
   return {kExitDamaged, "damaged_dictionary", "the dictionary in " + dictionary_ + " is damaged",
           "Run: zavel dict verify, then zavel dict build"};

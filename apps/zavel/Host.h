@@ -6,7 +6,9 @@
 #include <memory>
 #include <string>
 
+#include "Dictionaries.h"
 #include "Failure.h"
+#include "HostPlatform.h"
 #include "Places.h"
 #include "lookup/MirellModule.h"
 
@@ -19,25 +21,31 @@ class Host {
   Host(const Host&) = delete;
   Host& operator=(const Host&) = delete;
 
-  // Writes the path table on the first start, loads it, and opens the dictionary that it names. Without a
-  // dictionary nothing is written: asking for a word must leave no traces. Where nothing can be written, as
-  // on a full disk or in a shared installation, the dictionary is opened without a result file.
+  // Writes path table, styles and preferences on the first start, and opens the dictionaries. Without a
+  // bilingual dictionary nothing is written: asking for a word must leave no traces. Where path table or
+  // cache can't be made, as on a full disk, the bilingual dictionary alone is opened. What is damaged and can
+  // be done without is told on standard error, a line each.
   Failure open();
 
   // Only after open() succeeded.
-  MirellDictionaryManager& manager() { return own_ ? *own_ : *module_->objectODM(); }
+  MirellDictionaryManager& manager() { return own_ ? *own_ : *manager_; }
+
+  // Null where the bilingual dictionary alone is open.
+  Dictionaries* dictionaries() { return own_ ? nullptr : dictionaries_.get(); }
 
  private:
   bool loadPathTable();
+  void provideStyles();
   Failure checkDictionary() const;
   Failure openDictionary();
-  void openByModule();
-  void openWithoutResultFile();
+  void openAlone();
 
   Places places_;
   std::string dictionary_;  // the folder that the path table names
-  std::unique_ptr<MirellModule> module_;
-  std::unique_ptr<MirellDictionaryManager> own_;  // in place of the module's
+  HostPlatform platform_;
+  std::unique_ptr<Dictionaries> dictionaries_;
+  MirellDictionaryManager* manager_ = nullptr;    // of the dictionaries
+  std::unique_ptr<MirellDictionaryManager> own_;  // in its place
 };
 
 // Names of the dictionary's thirteen files.

@@ -1,25 +1,34 @@
-// Tests: tests/zavel/CommandTest.cpp
+// Tests: tests/zavel/CommandTest.cpp, DictionariesTest.cpp
 #include "Interrupt.h"
 
 #include <signal.h>
 
+#include <atomic>
 #include <initializer_list>
 
 namespace zavel::host {
 namespace {
 
 volatile sig_atomic_t g_signal = 0;
+volatile sig_atomic_t g_toolWasInterrupted = 0;
+std::atomic<ToolRunner*> g_tools{nullptr};  // while a tool runs
 
 void note(int number) {
+  ToolRunner* const tools = g_tools.load();
+  if (tools) tools->interrupt();
+  if (tools && number == SIGINT && g_toolWasInterrupted == 0) {
+    g_toolWasInterrupted = 1;
+    return;
+  }
   g_signal = number;
+  signal(number, SIG_DFL);  // the next one ends the process
 }
 
 }  // namespace
 
 void watchInterrupts() {
   struct sigaction action = {};
-  action.sa_handler = note;
-  action.sa_flags = static_cast<int>(SA_RESETHAND);  // and no SA_RESTART: a read that waits must return
+  action.sa_handler = note;  // no SA_RESTART: a read that waits must return
   for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
     struct sigaction old = {};
     // What the caller had ignored (nohup) stays ignored.
@@ -35,6 +44,14 @@ int interrupted() {
 
 int interruptedStatus() {
   return 128 + g_signal;
+}
+
+ToolWatch::ToolWatch(ToolRunner& tools) {
+  g_tools = &tools;
+}
+
+ToolWatch::~ToolWatch() {
+  g_tools = nullptr;
 }
 
 }  // namespace zavel::host

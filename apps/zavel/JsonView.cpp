@@ -2,7 +2,9 @@
 #include "JsonView.h"
 
 #include <algorithm>
+#include <map>
 
+#include "Dictionaries.h"
 #include "JsonWriter.h"
 
 namespace zavel::host {
@@ -69,8 +71,23 @@ void writeForms(JsonWriter& json, const LookResult& result) {
   json.endArray();
 }
 
+void writeRows(JsonWriter& json, const LookResult& result, size_t limit) {
+  std::map<RowKind, std::string> names;
+  for (const RowKind kind : result.kinds) names[kind] = dictionaryName(kind);
+  json.key("rows").beginArray();
+  const size_t count = shown(result.rows.size(), limit);
+  for (size_t i = 0; i < count; ++i) {
+    const Row& row = result.rows[i];
+    json.beginObject().member("type", kindName(row.kind)).member("dictionary", names[row.kind]);
+    json.member("title", row.title).key("shown").boolean(row.shown);
+    textOrNull(json, "text", row.text);
+    json.endObject();
+  }
+  json.endArray();
+}
+
 bool hasAnswer(const LookResult& result, const JsonParts& parts) {
-  return (parts.entries && !result.entries.empty()) || (parts.headwords && !result.headwords.empty()) ||
+  return (parts.entries && result.found()) || (parts.headwords && !result.headwords.empty()) ||
          (parts.forms && !result.forms.empty());
 }
 
@@ -96,6 +113,7 @@ std::string resultJson(const LookResult& result, const JsonParts& parts) {
   const auto begin = result.suggestions.begin();
   json.strings("suggestions",
                {begin, begin + static_cast<std::ptrdiff_t>(shown(result.suggestions.size(), parts.limit))});
+  if (parts.entries) writeRows(json, result, parts.limit);
   json.endObject();
   return json.text();
 }

@@ -47,6 +47,10 @@ const char* matchName(Match match) {
   return "";
 }
 
+const char* kindName(RowKind kind) {
+  return kind == RowKind::kBilingual ? "bilingual" : "translation";
+}
+
 bool Look::run(const LookRequest& request, LookResult* result, Failure* failure) {
   result->query = request.word;
   result->origin = request.word;

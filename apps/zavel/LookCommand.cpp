@@ -41,7 +41,7 @@ int runLook(const LookOptions& options) {
   watchInterrupts();
   Host host;
   if (const Failure failure = host.open()) return report(failure, options.json);
-  Answerer answerer(options, host.manager(), batch);
+  Answerer answerer(options, host.manager(), host.dictionaries(), batch);
   const std::vector<std::string> asked =
       options.words.empty() ? std::vector<std::string>{"-"} : options.words;
   for (const std::string& word : asked) {

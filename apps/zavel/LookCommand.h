@@ -20,6 +20,7 @@ struct LookOptions {
   bool nul = false;  // words on standard input end in NUL
   bool noPager = false;
   long limit = 0;     // 0: no limit
+  long row = 0;       // from 1 on: this row is shown in place of the answer; 0: none
   long suggest = -1;  // -1: 5 for words on the command line, none for those from standard input
   ColorChoice colour = ColorChoice::kAuto;
 };

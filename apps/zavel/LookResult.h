@@ -2,6 +2,7 @@
 #ifndef ZAVEL_LOOKRESULT_H
 #define ZAVEL_LOOKRESULT_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -74,6 +75,20 @@ struct Headword {
   std::string keyword;  // the word that looks it up
 };
 
+// Kinds of dictionaries.
+enum class RowKind { kBilingual, kTranslation };
+
+const char* kindName(RowKind kind);  // "bilingual", "translation"
+
+// A row of the result list, as one of the dictionaries gave it.
+struct Row {
+  RowKind kind = RowKind::kBilingual;
+  std::string title;
+  bool shown = false;       // the one that is selected
+  std::string text;         // lines ended by 0x0A, none at the end; of a bilingual row only while it is shown
+  std::vector<Span> spans;  // of a bilingual row that is shown
+};
+
 struct LookResult {
   std::string query;
   bool english = true;
@@ -84,7 +99,14 @@ struct LookResult {
   std::vector<std::string> suggestions;
   bool lacksPart = false;  // the word has entries, but none with the part that was asked for
 
-  bool found() const { return !entries.empty(); }
+  std::vector<RowKind> kinds;  // of the dictionaries that were asked, in the user's order
+  std::vector<Row> rows;       // of all of them, in that order
+
+  bool hasRows(RowKind kind) const {
+    return std::any_of(rows.begin(), rows.end(), [kind](const Row& row) { return row.kind == kind; });
+  }
+  // Bilingual rows alone are headwords that begin alike.
+  bool found() const { return !entries.empty() || hasRows(RowKind::kTranslation); }
 };
 
 }  // namespace zavel::host

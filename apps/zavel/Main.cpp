@@ -68,6 +68,8 @@ void addLook(CLI::App& app, Arguments& a) {
           1000000);
   between(look->add_option("--suggest", a.look.suggest, "At most N near headwords for a word not found"), 0,
           50);
+  CLI::Option* row = look->add_option("--row", a.look.row, "Show row N of the result list, counted from 1");
+  between(row, 1, 1000000)->excludes(list)->excludes(plain);
   look->add_flag("-0,--null", a.look.nul, "Words on standard input end in NUL");
   oneOf(look->add_option("--color", a.colour, "When to colour: auto, always or never"), "WHEN",
         {"auto", "always", "never"});

@@ -1,9 +1,12 @@
 // Tests: tests/zavel/PlacesTest.cpp
 #include "Places.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
+
+#include "base/ProgramPlaces.h"
 
 namespace zavel::host {
 namespace {
@@ -42,6 +45,20 @@ Places findPlaces() {
   places.cache = baseFolder("XDG_CACHE_HOME", home, "/.cache");
   places.dictionary = places.data + "/dictionaries/basic";
   return places;
+}
+
+std::string helpersFolder() {
+  const std::string given = absolute("ZAVEL_LIBEXEC");
+  if (!given.empty()) return given;
+  const std::string& program = pathOfThisCode();
+  std::string above = program.substr(0, program.rfind('/'));
+  for (int level = 0; level < 2 && !above.empty(); ++level) {
+    above.resize(std::min(above.size(), above.rfind('/')));
+    std::string place = above + "/libexec/zavel";
+    std::error_code error;
+    if (std::filesystem::is_directory(place, error)) return place;
+  }
+  return ZAVEL_INSTALLED_HELPERS;
 }
 
 bool makeFolders(const std::string& path) {

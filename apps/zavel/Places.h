@@ -20,6 +20,11 @@ struct Places {
 // Reads the environment. Empty strings all over when neither ZAVEL_ROOT nor HOME tells where to begin.
 Places findPlaces();
 
+// Where the helper programs stand, without a trailing delimiter: ZAVEL_LIBEXEC if that is an absolute path;
+// "libexec/zavel" beside this program's folder, as installed, or above it, as built; else where the build was
+// configured to install them.
+std::string helpersFolder();
+
 // Makes a folder and its parents. False when one can't be made.
 bool makeFolders(const std::string& path);
 

@@ -45,11 +45,7 @@ PathTableRoots pathTableRoots(const Places& places) {
   roots.cache = places.cache;
   roots.preferences = places.config;
   roots.documents = places.data + "/documents";
-#ifdef ZAVEL_LIBEXEC
-  roots.helpers = ZAVEL_LIBEXEC;
-#else
-  roots.helpers = "/usr/libexec/zavel";
-#endif
+  roots.helpers = helpersFolder();
   return roots;
 }
 

@@ -38,6 +38,24 @@ size_t shown(size_t count, size_t limit) {
   return limit > 0 ? std::min(count, limit) : count;
 }
 
+// What the translation dictionary says, a record a line.
+std::string translations(const LookResult& result) {
+  std::string out;
+  for (const Row& row : result.rows) {
+    if (row.kind != RowKind::kTranslation) continue;
+    for (size_t begin = 0; begin < row.text.size();) {
+      const size_t end = std::min(row.text.find('\n', begin), row.text.size());
+      const size_t text = std::min(row.text.find_first_not_of(' ', begin), end);
+      if (text < end) {
+        out += record({result.query, row.title, "", "translation",
+                       std::string_view(row.text).substr(text, end - text), ""});
+      }
+      begin = end + 1;
+    }
+  }
+  return out;
+}
+
 }  // namespace
 
 std::string plainEntries(const LookResult& result, size_t limit) {
@@ -56,7 +74,7 @@ std::string plainEntries(const LookResult& result, size_t limit) {
       }
     }
   }
-  return out;
+  return out + translations(result);
 }
 
 std::string plainHeadwords(const LookResult& result, size_t limit) {

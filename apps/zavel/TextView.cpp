@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "Dictionaries.h"
 #include "Utf8.h"
 
 namespace zavel::host {
@@ -191,9 +192,7 @@ std::string furtherHeadwords(const LookResult& result, const TextLook& look) {
   return out;
 }
 
-}  // namespace
-
-std::string answerText(const LookResult& result, const TextLook& look) {
+std::string entriesText(const LookResult& result, const TextLook& look) {
   std::string out, last;
   const size_t count = shown(result.entries.size(), look.limit);
   for (size_t i = 0; i < count; ++i) {
@@ -211,6 +210,69 @@ std::string answerText(const LookResult& result, const TextLook& look) {
     out += "\n" + dim(more, look.colour) + "\n";
   }
   return out + furtherHeadwords(result, look);
+}
+
+// A quiet line that begins what one dictionary says.
+std::string heading(const std::string& title, const TextLook& look) {
+  return dim("── " + title + " ──", look.colour) + "\n";
+}
+
+// Each line wrapped below its own beginning.
+std::string linesText(const std::string& text, const TextLook& look) {
+  std::string out;
+  for (size_t begin = 0; begin <= text.size();) {
+    const size_t end = std::min(text.find('\n', begin), text.size());
+    const std::string_view line = std::string_view(text).substr(begin, end - begin);
+    const size_t blanks = std::min(line.find_first_not_of(' '), line.size());
+    const size_t indent = look.width > blanks + 12 ? blanks + 2 : 0;
+    const std::vector<ByteRange> rows = breakLines(line, look.width, indent);
+    for (size_t i = 0; i < rows.size(); ++i) {
+      if (i > 0) out += std::string(indent, ' ');
+      out += std::string(line.substr(rows[i].begin, rows[i].end - rows[i].begin)) + "\n";
+    }
+    begin = end + 1;
+  }
+  return out;
+}
+
+std::string textOf(const Row& row, const TextLook& look) {
+  if (row.kind != RowKind::kBilingual) return linesText(row.text, look);
+  Entry entry;
+  entry.text = row.text;
+  entry.spans = row.spans;
+  return entryText(entry, look);
+}
+
+// What the dictionaries of one kind say; empty when they say nothing.
+std::string kindText(const LookResult& result, RowKind kind, const TextLook& look) {
+  if (kind == RowKind::kBilingual) {
+    return result.entries.empty() ? std::string() : entriesText(result, look);
+  }
+  std::string out;
+  for (const Row& row : result.rows) {
+    if (row.kind == kind) out += (out.empty() ? "" : "\n") + textOf(row, look);
+  }
+  return out;
+}
+
+}  // namespace
+
+std::string answerText(const LookResult& result, const TextLook& look) {
+  const bool bilingualAlone = !result.hasRows(RowKind::kTranslation);
+  if (bilingualAlone) return entriesText(result, look);
+  std::string out;
+  for (const RowKind kind : result.kinds) {
+    const std::string text = kindText(result, kind, look);
+    if (text.empty()) continue;
+    out += (out.empty() ? "" : "\n") + heading(dictionaryName(kind), look) + text;
+  }
+  return out;
+}
+
+std::string rowText(const LookResult& result, size_t row, const TextLook& look) {
+  const Row& shown = result.rows[row];
+  const std::string place = std::to_string(row + 1) + "/" + std::to_string(result.rows.size());
+  return heading(place + " " + shown.title + ", " + dictionaryName(shown.kind), look) + textOf(shown, look);
 }
 
 std::string headwordText(const LookResult& result, const TextLook& look) {

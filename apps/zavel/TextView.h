@@ -15,8 +15,12 @@ struct TextLook {
   size_t limit = 0;  // entries and headwords at most; 0 all
 };
 
-// The whole answer for one word that was found: how it was found, its entries, further headwords.
+// The whole answer for one word that was found: how it was found, its entries, further headwords; and what
+// other dictionaries say, each below its name.
 std::string answerText(const LookResult& result, const TextLook& look);
+
+// One row of the result list, which is there, below its number and its dictionary's name.
+std::string rowText(const LookResult& result, size_t row, const TextLook& look);
 
 // One headword a line.
 std::string headwordText(const LookResult& result, const TextLook& look);

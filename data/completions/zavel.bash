@@ -12,14 +12,14 @@ _zavel() {
     --color) COMPREPLY=($(compgen -W "auto always never" -- "$current")); return ;;
     --progress) COMPREPLY=($(compgen -W "auto bar plain json none" -- "$current")); return ;;
     --root) COMPREPLY=($(compgen -d -- "$current")); return ;;
-    --limit | -n | --suggest) return ;;
+    --limit | -n | --suggest | --row) return ;;
   esac
   if [ "$COMP_CWORD" -eq 1 ]; then
     COMPREPLY=($(compgen -W "look dict paths about help --help --version" -- "$current"))
     return
   fi
   case "${COMP_WORDS[1]}" in
-    look) words+=" --mode --list --forms --plain --limit --suggest --null --color --no-pager" ;;
+    look) words+=" --mode --list --forms --plain --limit --suggest --row --null --color --no-pager" ;;
     dict)
       if [ "$COMP_CWORD" -eq 2 ]; then
         words="build verify info --help"

@@ -22,6 +22,7 @@ complete -c zavel -n '__fish_seen_subcommand_from look' -l plain -d 'One record 
 complete -c zavel -n '__fish_seen_subcommand_from look' -l no-pager -d 'No pager'
 complete -c zavel -n '__fish_seen_subcommand_from look' -s n -l limit -x -d 'At most so many'
 complete -c zavel -n '__fish_seen_subcommand_from look' -l suggest -x -d 'Near headwords for a word not found'
+complete -c zavel -n '__fish_seen_subcommand_from look' -l row -x -d 'Show this row of the result list'
 complete -c zavel -n '__fish_seen_subcommand_from look' -s 0 -l null -d 'Words end in NUL'
 complete -c zavel -n '__fish_seen_subcommand_from look' -l color -x -a 'auto always never' -d 'Colours'
 complete -c zavel -n '__fish_seen_subcommand_from look' -a '(__zavel_headwords)'

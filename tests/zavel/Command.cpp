@@ -106,6 +106,7 @@ void Command::become(const std::string& folder, int slave) const {
 
 void Command::sendSignal(int child) const {
   for (int waited = 0; waited < 2000 && access(awaited_.c_str(), F_OK) != 0; ++waited) usleep(10000);
+  usleep(50000);  // what the program does right behind that is done, too
   kill(child, signal_);
 }
 

@@ -302,7 +302,7 @@ TEST_F(CommandTest, HelpTellsWhatIsNotSupported) {
 }
 
 TEST_F(CommandTest, WordsFromATerminalAreAskedFor) {
-  const Outcome outcome = onTerminal({"look", "-"}).signalAt(root() + "/cache/LookResult", SIGTERM).run();
+  const Outcome outcome = onTerminal({"look", "-"}).signalAt(root() + "/cache", SIGTERM).run();
   EXPECT_NE(outcome.out.find("Reading words, one a line. Ctrl-D ends.\n"), std::string::npos) << outcome.out;
 }
 
@@ -364,8 +364,7 @@ TEST_F(CommandTest, AnInterruptedBatchAnswersNoMoreAndLeavesNoTemporaries) {
   ASSERT_EQ(write(writer, "church\n", 7), 7);
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
     fs::remove_all(root() + "/cache");
-    const Outcome outcome =
-        zavel({"look"}).inputFile(fifo).signalAt(root() + "/cache/LookResult", signal).run();
+    const Outcome outcome = zavel({"look"}).inputFile(fifo).signalAt(root() + "/cache", signal).run();
     EXPECT_EQ(outcome.status, 128 + signal);
     for (const fs::directory_entry& file : fs::directory_iterator(root() + "/cache")) {
       EXPECT_NE(file.path().filename().string()[0], '.') << file.path();

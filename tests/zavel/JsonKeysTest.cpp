@@ -74,13 +74,26 @@ class JsonKeysTest : public testing::Test {
 
 TEST_F(JsonKeysTest, OfALookUp) {
   const Json json = document({"look", "--json", "goes"});
-  EXPECT_EQ(keysOf(json), (Keys{"schema", "query", "status", "origin", "entries", "suggestions"}));
+  EXPECT_EQ(keysOf(json), (Keys{"schema", "query", "status", "origin", "entries", "suggestions", "rows"}));
   EXPECT_EQ(json["schema"], 1);
   EXPECT_EQ(json["query"], "goes");
   EXPECT_EQ(json["status"], "found");
   EXPECT_EQ(json["origin"], "go");
   EXPECT_EQ(json["entries"].size(), 1u);  // the noun "go" has no such form
   EXPECT_EQ(json["suggestions"], Json::array());
+}
+
+TEST_F(JsonKeysTest, OfTheRows) {
+  const Json rows = document({"look", "--json", "go"})["rows"];
+  ASSERT_EQ(rows.size(), 2u);
+  EXPECT_EQ(keysOf(rows[0]), (Keys{"type", "dictionary", "title", "shown", "text"}));
+  EXPECT_EQ(rows[0]["type"], "bilingual");
+  EXPECT_EQ(rows[0]["dictionary"], "Standard dictionary");
+  EXPECT_EQ(rows[0]["title"], "go [碁]");
+  EXPECT_EQ(rows[0]["shown"], true);
+  EXPECT_TRUE(rows[1]["text"].is_null());
+  EXPECT_EQ(document({"look", "--json", "--row", "2", "go"})["rows"][1]["shown"], true);
+  EXPECT_EQ(document({"look", "--json", "-n", "1", "go"})["rows"].size(), 1u);
 }
 
 TEST_F(JsonKeysTest, OfAnEntry) {
@@ -150,7 +163,7 @@ TEST_F(JsonKeysTest, APartOfAnEntryKeepsAllKeys) {
 
 TEST_F(JsonKeysTest, OfALookUpWithoutAnAnswer) {
   const Json json = document({"look", "--json", "curch"});
-  EXPECT_EQ(keysOf(json), (Keys{"schema", "query", "status", "origin", "entries", "suggestions"}));
+  EXPECT_EQ(keysOf(json), (Keys{"schema", "query", "status", "origin", "entries", "suggestions", "rows"}));
   EXPECT_EQ(json["status"], "not_found");
   EXPECT_EQ(json["entries"], Json::array());
   EXPECT_EQ(json["suggestions"], Json({"church"}));

@@ -27,7 +27,7 @@ TEST(ResultJson, HasEveryDocumentedKeyInItsOrder) {
       R"("reading":null,"homograph":2,"stars":3,"match":"inflected","via":["third person singular"],)"
       R"("source":{"id":"builtin","name":"ZavelLex basic dictionary"},"senses":[{"pos":["v"],)"
       R"("glosses":["行く"],"note":"to move","examples":[{"source":"go home","target":"家に帰る"}]}]}],)"
-      R"("suggestions":[]})");
+      R"("suggestions":[],"rows":[]})");
 }
 
 TEST(ResultJson, NothingFoundIsADocumentToo) {
@@ -36,7 +36,8 @@ TEST(ResultJson, NothingFoundIsADocumentToo) {
   result.suggestions = {"goes"};
   EXPECT_EQ(
       resultJson(result, {}),
-      R"({"schema":1,"query":"gozzz","status":"not_found","origin":null,"entries":[],"suggestions":["goes"]})");
+      R"({"schema":1,"query":"gozzz","status":"not_found","origin":null,"entries":[],"suggestions":["goes"],)"
+      R"("rows":[]})");
 }
 
 TEST(ResultJson, ListAndFormsStandInThePlaceOfEntries) {

@@ -1,0 +1,192 @@
+// Tests: tests/zavel/DictionariesTest.cpp
+#include "Dictionaries.h"
+
+#include <algorithm>
+
+#include "SilentOutput.h"
+#include "Utf8.h"
+#include "config/WorkPaths.h"
+#include "config/WorkStyles.h"
+#include "config/ZFWPlistKeys.h"
+#include "foundation/Storage.h"
+#include "platform/Bundle.h"
+#include "shell/ProcessObjects.h"
+#include "ui/ZFNotifications.h"
+
+namespace zavel::host {
+namespace {
+
+constexpr const char* kResultFile = "LookResult";
+constexpr const char* kLookUp = "zfDictLookupNotification";
+
+struct KindRow {
+  RowKind kind;
+  const char* type;
+  const char* name;  // key of its localized name
+};
+
+constexpr KindRow kKinds[] = {
+    {RowKind::kBilingual, ZFWMirellType, "StandardDictionary"},
+    {RowKind::kTranslation, ZFWTransType, "TranslationDictionary"},
+};
+
+std::string member(const Value& map, const char* key) {
+  const Value* value = map.find(key);
+  return value ? value->string() : std::string();
+}
+
+// Lines end in a CR inside the system.
+std::string withLineFeeds(std::string text) {
+  std::replace(text.begin(), text.end(), '\r', '\n');
+  while (!text.empty() && text.back() == '\n') text.pop_back();
+  return text;
+}
+
+uint32_t colourOf(const TextStyle& style) {
+  if (!style.color) return 0;
+  const auto part = [](double share) { return static_cast<uint32_t>(share * 255 + 0.5) & 0xFF; };
+  return part(style.color->red) << 16 | part(style.color->green) << 8 | part(style.color->blue);
+}
+
+std::vector<Span> spansOf(const AttributedText& text) {
+  std::vector<Span> spans;
+  size_t begin = 0;
+  for (const AttributedText::Run& run : text.runs()) {
+    spans.push_back({begin, run.style.bold, run.style.italic, colourOf(run.style)});
+    begin += text.substring(run.range).size();
+  }
+  return spans;
+}
+
+}  // namespace
+
+std::string dictionaryName(RowKind kind) {
+  for (const KindRow& row : kKinds) {
+    if (row.kind == kind) return defaultPlatform().bundle().localized(row.name);
+  }
+  return std::string();
+}
+
+Dictionaries::Dictionaries(HostPlatform& platform) : platform_(platform) {
+  rssTimerFlag = true;  // a look-up fetches no feeds
+}
+
+Dictionaries::~Dictionaries() = default;
+
+MirellDictionaryManager* Dictionaries::open() {
+  {
+    const SilentOutput silent;
+    controller_.initController(Rect(), this, field_, progress_, kResultFile);
+  }
+  if (searches(RowKind::kTranslation)) prepareTool();
+  return gMirellModule ? gMirellModule->objectODM() : nullptr;
+}
+
+// Processes that run side by side must not meet in the files that go to the helper and come from it, and a
+// place where nothing can be written has no room for them.
+void Dictionaries::prepareTool() {
+  prepared_ = folder_.make();
+  if (!prepared_) return;
+  gSourcePath = folder_.path() + "/SourceFile.txt";
+  gResultPath = folder_.path() + "/ResultFile.plist";
+  gDictPath = folder_.path() + "/ZP.plist";
+  if (storage().exists(gStylePath)) return;
+  const std::string styles = folder_.path() + "/ZavelStyle";
+  if (writeStylesIfMissing(styles, StyleLanguage::kEnglish)) gStylePath = styles + ".plist";
+}
+
+void Dictionaries::setMode(Mode mode) {
+  if (mode == Mode::kAll || !controller_.dMenu()) return;
+  const int tag = mode == Mode::kPos ? 2 : mode == Mode::kPhrase ? 3 : 4;
+  const int index = controller_.dMenu()->indexOfTag(tag);
+  if (index >= 0) controller_.dMenu()->choose(static_cast<size_t>(index));
+}
+
+std::vector<RowKind> Dictionaries::kinds() const {
+  std::vector<RowKind> kinds;
+  auto& controller = const_cast<ZavelLexController&>(controller_);
+  const ZFWDictTabView& tab = controller.zfwPrefController().dictTab();
+  const int selected = tab.selectedDict();
+  if ((selected & (kSelectedMirell | kSelectedBook | kSelectedTrans)) == 0) return kinds;
+  for (const Value& item : tab.dictListArray()) {
+    if (member(item, ZFWSelectStatusKey) == ZFWNoStatus) continue;
+    for (const KindRow& row : kKinds) {
+      if (member(item, ZFWDictTypeKey) == row.type) kinds.push_back(row.kind);
+    }
+  }
+  return kinds;
+}
+
+bool Dictionaries::searches(RowKind kind) const {
+  const std::vector<RowKind> all = kinds();
+  return std::find(all.begin(), all.end(), kind) != all.end();
+}
+
+void Dictionaries::ask(const std::string& word, std::optional<size_t> row, LookResult* result) {
+  platform_.tools().forget();
+  // What a tool that writes nothing leaves there would be taken for its answer.
+  if (prepared_) storage().remove(gResultPath);
+  NotificationObject look;
+  Value::Dict members{{ZFTextKey, word}};
+  if (row) members[ZFRowKey] = static_cast<int64_t>(*row);
+  look.value = std::move(members);
+  look.identities[ZFParentKey] = this;
+  NotificationCenter::shared().post(kLookUp, look, this);
+  S_Controller& tab = controller_.sController();
+  const size_t count = tab.rowCount();
+  reachedTool_ = count < referenceMaxCount || platform_.tools().last();
+  result->rows.reserve(count);
+  for (size_t i = 0; i < count; ++i) result->rows.push_back(rowAt(i));
+  const int shown = tab.nowSelectedRow();
+  if (shown >= 0 && static_cast<size_t>(shown) < count) show(&result->rows[static_cast<size_t>(shown)]);
+}
+
+Row Dictionaries::rowAt(size_t index) {
+  const ResultRow& row = controller_.sController().hwResultArray()[index];
+  Row out;
+  if (const auto* answer = std::get_if<TransData>(&row)) {
+    out.kind = RowKind::kTranslation;
+    out.title = withoutControls(answer->indexTitle());
+    out.text = withoutControls(withLineFeeds(answer->detailString()));
+  } else {
+    out.title = withoutControls(std::get<MirellData>(row).indexTitle());
+  }
+  return out;
+}
+
+void Dictionaries::show(Row* row) {
+  row->shown = true;
+  if (row->kind != RowKind::kBilingual) return;
+  const AttributedText& text = controller_.sController().hwResultView().text();
+  row->text = withLineFeeds(text.text());
+  row->spans = spansOf(text);
+  if (std::string clean = withoutControls(row->text); clean != row->text) {
+    row->text = std::move(clean);
+    row->spans.clear();
+  }
+}
+
+std::string Dictionaries::complaint() const {
+  if (!searches(RowKind::kTranslation) || !reachedTool_) return {};
+  const std::string name = "the translation dictionary ";
+  const auto& last = platform_.tools().last();
+  if (!last) return name + "was not asked: no file for its program can be written";
+  if (last->result.interrupted) return name + "was interrupted";
+  if (!last->result.started)
+    return name + "was not asked: its program " + last->program + " can't be started";
+  if (last->result.stopped)
+    return name + "was given up: its program " + last->program + " went on without end";
+  if (last->result.exitStatus != 0) {
+    return name + "gave no answer: its program " + last->program + " ended with status " +
+           std::to_string(last->result.exitStatus);
+  }
+  Value answer;
+  const Value* found = nullptr;
+  if (platform_.propertyLists().readFile(gResultPath, &answer)) found = answer.find("Search");
+  if (!found || !found->isArray()) {
+    return name + "gave no answer: what its program " + last->program + " wrote can't be read";
+  }
+  return {};
+}
+
+}  // namespace zavel::host

@@ -1,0 +1,87 @@
+// Tests: tests/zavel/HostPlatformTest.cpp, DictionariesTest.cpp
+#include "HostPlatform.h"
+
+#include "Interrupt.h"
+
+namespace zavel::host {
+namespace {
+
+class MemoryWriter : public ForkedFileWriter {
+ public:
+  explicit MemoryWriter(MemoryFiles::File* target) : target_(target) {}
+
+  bool writeText(std::string_view text) override {
+    file_.text = text;
+    return true;
+  }
+  bool writeStyle(const char* recordType, uint16_t number, std::string_view record) override {
+    file_.records[{recordType, number}] = record;
+    return true;
+  }
+  bool close() override {
+    *target_ = std::move(file_);
+    return true;
+  }
+
+ private:
+  MemoryFiles::File* target_;  // borrowed; a map's members stay where they are
+  MemoryFiles::File file_;
+};
+
+}  // namespace
+
+std::unique_ptr<ForkedFileWriter> MemoryFiles::create(const std::string& path, const char*, const char*) {
+  return std::make_unique<MemoryWriter>(&files_[path]);
+}
+
+bool MemoryFiles::read(const std::string& path, const char* recordType, uint16_t number, std::string* text,
+                       std::string* record) {
+  text->clear();
+  record->clear();
+  const auto file = files_.find(path);
+  if (file == files_.end()) return false;
+  *text = file->second.text;
+  const auto found = file->second.records.find({recordType, number});
+  if (found != file->second.records.end()) *record = found->second;
+  return true;
+}
+
+bool KeptLists::readFile(const std::string& path, Value* out) {
+  const auto file = files_.find(path);
+  if (file == files_.end()) return below_.readFile(path, out);
+  std::optional<Value>& kept = file->second.value;
+  if (!kept) {
+    Value value;
+    if (!below_.readFile(path, &value)) return false;
+    kept = std::move(value);
+  }
+  *out = *kept;
+  return true;
+}
+
+bool KeptLists::writeFile(const std::string& path, const Value& value, PropertyListFormat format) {
+  const auto file = files_.find(path);
+  if (file != files_.end() && file->second.pretended) return false;
+  if (!below_.writeFile(path, value, format)) return false;
+  if (file != files_.end()) file->second.value = value;
+  return true;
+}
+
+ToolResult WatchedTools::run(const std::string& program, const std::vector<std::string>& arguments) {
+  const ToolWatch watch(below_);
+  ToolResult result = below_.run(program, arguments);
+  last_ = Run{program, result};
+  return result;
+}
+
+HostPlatform::HostPlatform()
+    : lists_(below().propertyLists()),
+      tools_(below().tools()),
+      bundle_(below().bundle()),
+      before_(setPlatform(this)) {}
+
+HostPlatform::~HostPlatform() {
+  setPlatform(before_);
+}
+
+}  // namespace zavel::host
