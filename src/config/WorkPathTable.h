@@ -39,10 +39,10 @@ Value defaultPathTable(const PathTableRoots& roots);
 // write is atomic. True when a file stands there afterwards; one that stood there before is not looked into.
 bool writePathTableIfMissing(const std::string& path, const PathTableRoots& roots);
 
-// Renews the table at `path` + ".plist" when a host made it for other folders and nobody has changed it since:
-// it then holds what defaultPathTable(roots) gives. A table that somebody changed, one that can't be read and
-// one that is not there stay as they are. False when the table should have been renewed and could not be
-// written: it then names the folders of another place.
+// Renews the table at `path` + ".plist" when a host made it for other folders and nobody has changed it
+// since: it then holds what defaultPathTable(roots) gives. A table that somebody changed, one that can't be
+// read and one that is not there stay as they are. False when the table should have been renewed and could
+// not be written: it then names the folders of another place.
 bool renewPathTable(const std::string& path, const PathTableRoots& roots);
 
 // Where loading looks for the table when it is given no path, without ".plist".
