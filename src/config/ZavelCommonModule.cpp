@@ -125,6 +125,18 @@ Encoding encodingOfFile(const std::string& path) {
   return encodingFromFileTool(platform().encoding().fromSjisLossy(result.output));
 }
 
+// Replaces each `from` once, whatever the case of its ASCII letters.
+void replaceInAnyCase(std::string* text, const std::string& from, const std::string& to) {
+  if (from.empty()) return;
+  std::string folded, key, result;
+  ToLower(true, *text, &folded);
+  ToLower(true, from, &key);
+  size_t done = 0;
+  for (size_t at; (at = folded.find(key, done)) != std::string::npos; done = at + key.size())
+    result.append(*text, done, at - done).append(to);
+  *text = result.append(*text, done);
+}
+
 double numberIn(std::string_view piece) {
   if (piece.starts_with('+')) piece.remove_prefix(1);
   double number = 0;
@@ -237,11 +249,11 @@ std::optional<std::string> ZavelCommonModule::readTextOfFile(const std::string& 
 }
 
 void ZavelCommonModule::assistEngTranslateSentence(std::string* text) {
-  ReplaceString2(text, *text, ".\")", ".\" )");
+  replaceInAnyCase(text, ".\")", ".\" )");
   for (const PlainSign& sign : kPlainSigns) {
     const std::string typographic = platform().bundle().localized(sign.key);
     // A key without a text comes back as it is, and words of the text must not be taken for it.
-    if (typographic != sign.key) ReplaceString2(text, *text, typographic, sign.plain);
+    if (typographic != sign.key) replaceInAnyCase(text, typographic, sign.plain);
   }
 }
 

@@ -31,7 +31,7 @@ class ZavelCommonModule {
 
   // Copies `text` as Shift_JIS, lossy, into `sjisBuf`: at most `maxLength` - 1 bytes, which may cut a
   // character in two, and a zero byte. True when it was cut, and also when it fits exactly. With a
-  // `maxLength` of 0 nothing is written, and true.
+  // `maxLength` of 0 or a null `sjisBuf` nothing is written, and true.
   static bool getSjisFromNSString(const std::string& text, char* sjisBuf, size_t maxLength);
 
   // Removes the bytes below 33 at both ends, in place.
@@ -50,7 +50,8 @@ class ZavelCommonModule {
   static Language judgeTextStringEorJ(const std::string& text);
   static Language judgeTextDataEorJ(const std::string& sjis);
 
-  // The same for a text file; kUnreadable when it can't be read.
+  // The same for a text file; kUnreadable where readTextOfFile gives nothing: also for a file of over 64 MiB
+  // and for one that doesn't decode, though it be there.
   static Language judgeTextStringEorJOfFile(const std::string& path);
 
   // A text file in the encoding that /usr/bin/file finds in it: UTF-16, UTF-8, Japanese EUC (which that
@@ -60,8 +61,8 @@ class ZavelCommonModule {
 
   // Plain punctuation for the English engine, in place: a blank in the middle of `.")`, plain hyphens,
   // apostrophes and quotation marks for the localized texts of "ShortHyphen", "LongHyphen",
-  // "HidariApostrophe", "MigiApostrophe", "HidariQuote" and "MigiQuote". A text that is missing from the
-  // resources replaces nothing.
+  // "HidariApostrophe", "MigiApostrophe", "HidariQuote" and "MigiQuote", in whatever case of ASCII letters. A
+  // text that is missing from the resources replaces nothing.
   static void assistEngTranslateSentence(std::string* text);
 
   // Replaces each entity of the table by its character, from the first row to the last. Nothing gives

@@ -6,6 +6,8 @@
 #include "config/ConfigTest.h"
 #include "config/ZavelCommonModule.h"
 #include "platform/TextEncoding.h"
+#include "support/EnvironmentVariable.h"
+#include "support/FaultyStorage.h"
 
 namespace zavel::test {
 namespace {
@@ -51,6 +53,36 @@ TEST_F(ReadTextOfFile, TheFirstOfTheThreeNamesDecides) {
 TEST_F(ReadTextOfFile, TheToolRepeatsThePathSoThatAFolderNamedUtf8Decides) {
   EXPECT_EQ(read(kUtf8, "/home/UTF-8/text: Non-ISO extended-ASCII text"), "日本");
   EXPECT_EQ(read(kSjis, "/home/UTF-8/text: Non-ISO extended-ASCII text"), std::nullopt);
+}
+
+// あ at the end of the folder's name is 0x82 0xA0 in Shift_JIS, but E3 81 82 in UTF-8: the last of these
+// takes the "U" behind it along, and the name of the encoding is gone.
+TEST_F(ReadTextOfFile, WhatTheToolSaysIsReadAsShiftJis) {
+  EXPECT_EQ(read(kSjis, "/home/あUTF-8/text: Non-ISO extended-ASCII text"), "日本");
+  EXPECT_EQ(read(kUtf8, "/home/\x82\xA0UTF-8/text: Non-ISO extended-ASCII text"), "日本");
+}
+
+TEST_F(ReadTextOfFile, ReadsWhatTheRealToolSaysAsShiftJis) {
+  const EnvironmentVariable locale("LC_ALL", "C.UTF-8");  // in others the tool masks bytes of the path
+  platform.realTools = true;
+  for (const char* name : {"あUTF-8", "UTF-8"}) makeFolder(at(name));
+  writeText(at("あUTF-8/text"), kSjis);
+  EXPECT_EQ(Module::readTextOfFile(at("あUTF-8/text")), "日本");
+  writeText(at("UTF-8/text"), kSjis);
+  EXPECT_EQ(Module::readTextOfFile(at("UTF-8/text")), std::nullopt);
+}
+
+TEST_F(ReadTextOfFile, HoldsAtMost64MiB) {
+  constexpr uintmax_t kMost = uintmax_t{64} << 20;
+  platform.fakeTools.answer = {true, 0, "x: ASCII text"};
+  writeText(at("long"), "");
+  std::filesystem::resize_file(at("long"), kMost);
+  const std::optional<std::string> whole = Module::readTextOfFile(at("long"));
+  ASSERT_TRUE(whole);
+  EXPECT_EQ(whole->size(), kMost);
+  std::filesystem::resize_file(at("long"), kMost + 1);
+  EXPECT_EQ(Module::readTextOfFile(at("long")), std::nullopt);
+  EXPECT_EQ(Module::judgeTextStringEorJOfFile(at("long")), 3);
 }
 
 TEST_F(ReadTextOfFile, ATextThatDoesNotDecodeIsNotRead) {
@@ -215,6 +247,24 @@ TEST_F(RemoveFiles, ALinkIsJudgedByWhatItLeadsTo) {
   EXPECT_FALSE(exists(at("work/file")));
   EXPECT_TRUE(std::filesystem::is_symlink(at("work/folder")));
   EXPECT_TRUE(std::filesystem::is_symlink(at("work/dangling")));
+}
+
+TEST_F(RemoveFiles, OneThatStaysIsFalseAndTheOthersGo) {
+  makeFolder(at("work"));
+  for (const char* name : {"work/a", "work/b", "work/c"}) {
+    writeText(at(name), "");
+  }
+  FaultyStorage disk;
+  for (long failing = 1; failing <= 2; ++failing) {
+    disk.failAt(1);
+    EXPECT_FALSE(Module::removeFileInDirectory(at("work")));
+    EXPECT_EQ(disk.count("remove"), failing == 1 ? 3 : 1);
+    EXPECT_EQ(static_cast<int>(exists(at("work/a"))) + static_cast<int>(exists(at("work/b"))) +
+                  static_cast<int>(exists(at("work/c"))),
+              1);
+  }
+  EXPECT_TRUE(Module::removeFileInDirectory(at("work")));
+  EXPECT_TRUE(std::filesystem::is_empty(at("work")));
 }
 
 TEST_F(RemoveFiles, AnEmptyOrMissingFolderIsTrue) {

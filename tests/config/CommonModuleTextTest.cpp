@@ -3,6 +3,7 @@
 
 #include "config/ConfigTest.h"
 #include "config/ZavelCommonModule.h"
+#include "platform/PropertyLists.h"
 
 namespace zavel::test {
 namespace {
@@ -191,6 +192,26 @@ TEST_F(AssistEngTranslateSentence, TakesTheSignsOfTheUsersLanguage) {
   EXPECT_EQ(text, "a-b-c'd'e\"f\"\u2013");
 }
 
+TEST_F(AssistEngTranslateSentence, TakesTheSignsInWhateverCase) {
+  platform.fakeBundle.texts = {{"ShortHyphen", "[Hyphen]"}, {"LongHyphen", "z—Z"}, {"MigiQuote", "Éq"}};
+  std::string text = "A[hyphen]B[HYPHEN]C Z—zZ—Zéqé ÉQÉq";
+  Module::assistEngTranslateSentence(&text);
+  EXPECT_EQ(text, "A-B-C --éqé \"\"");
+}
+
+TEST_F(AssistEngTranslateSentence, MakesTheSignsThatAreInstalledPlain) {
+  for (const char* language : {"en", "ja"}) {
+    const std::string installed = std::string(ZAVEL_RESOURCES) + "/" + language + ".lproj/Localizable.plist";
+    Value texts;
+    ASSERT_TRUE(platform.propertyLists().readFile(installed, &texts));
+    platform.fakeBundle.texts.clear();
+    for (const auto& [key, value] : *texts.asDict()) platform.fakeBundle.texts[key] = value.string();
+    std::string text = "a‐b—c ‘d’ “e”";
+    Module::assistEngTranslateSentence(&text);
+    EXPECT_EQ(text, "a-b-c 'd' \"e\"") << language;
+  }
+}
+
 TEST_F(AssistEngTranslateSentence, AMissingTextReplacesNothing) {
   platform.fakeBundle.texts = {{"LongHyphen", "\u2014"}, {"MigiQuote", ""}};
   std::string text = "ShortHyphen\u2014\u2013MigiApostrophe";
@@ -282,6 +303,12 @@ TEST_F(ConvertEntities, AnUnreadableResourceIsLogged) {
 
 TEST_F(ConvertEntities, AMissingListIsLogged) {
   writeTable(at("Entity"), Value::Dict{{"entity", Value::Array()}});
+  EXPECT_EQ(Module(at("Entity.plist")).convertEntities("&lt;"), "&lt;");
+  EXPECT_EQ(log(), std::vector<std::string>{"Error item : Entity.plist"});
+}
+
+TEST_F(ConvertEntities, AListAtTheTopIsLogged) {
+  writeTable(at("Entity"), Value::Array{row("&lt;", "<")});
   EXPECT_EQ(Module(at("Entity.plist")).convertEntities("&lt;"), "&lt;");
   EXPECT_EQ(log(), std::vector<std::string>{"Error item : Entity.plist"});
 }
