@@ -101,10 +101,18 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(" \r\n") - first + 1);
 }
 
+// Records repeat the headword of an entry in each of its lines. A damaged dictionary can make one of the whole
+// entry, and then the records grow with its square; the longest true ones have some hundred bytes.
+constexpr size_t kMostHeadwordBytes = 2048;
+
+std::string_view headwordLine(const std::string& text) {
+  return beginning(trimmed(std::string_view(text).substr(0, text.find('\n'))), kMostHeadwordBytes);
+}
+
 // "reading written-form" of a Japanese entry: readings hold no blank.
 void readHeadword(bool hasHeadword, Entry* entry) {
   if (!hasHeadword) return;
-  const std::string_view line = trimmed(std::string_view(entry->text).substr(0, entry->text.find('\n')));
+  const std::string_view line = headwordLine(entry->text);
   entry->headword = line;
   const size_t blank = line.find(' ');
   const bool japanese = !line.empty() && static_cast<unsigned char>(line[0]) >= 0x80;

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "EntryText.h"
+#include "Utf8.h"
 
 namespace zavel::host {
 namespace {
@@ -126,6 +127,9 @@ std::string posOf(std::string_view label) {
   return label.starts_with("動") ? "v" : std::string(label);
 }
 
+// Each sense repeats the labels of its entry, so a damaged entry that is all labels grows with its square.
+constexpr size_t kMostLabelBytes = 1024;
+
 // Two labels may have one abbreviation, as two kinds of verb have.
 std::vector<std::string> posList(const std::vector<std::string>& labels) {
   std::vector<std::string> list;
@@ -194,7 +198,7 @@ class Gatherer {
         startEntry();
         break;
       case Label::kPos:
-        labels_ = labelList(piece.text);
+        labels_ = labelList(beginning(piece.text, kMostLabelBytes));
         break;
       case Label::kGloss:
         if (isReference(trimmed(piece.text)) && hasSense()) {

@@ -127,6 +127,12 @@ std::string withoutControls(std::string utf8) {
   return suspicious ? printable(utf8) : utf8;
 }
 
+std::string_view beginning(std::string_view utf8, size_t most) {
+  if (utf8.size() <= most) return utf8;
+  while (most > 0 && (static_cast<unsigned char>(utf8[most]) & 0xC0) == 0x80) --most;
+  return utf8.substr(0, most);
+}
+
 bool isUtf8(std::string_view text) {
   while (!text.empty()) {
     char32_t code = 0;

@@ -32,6 +32,9 @@ std::string printable(std::string_view text);
 // The same for what is UTF-8 already, quick where there is nothing to replace.
 std::string withoutControls(std::string utf8);
 
+// The first characters of a UTF-8 text, as many whole ones as `most` bytes hold.
+std::string_view beginning(std::string_view utf8, size_t most);
+
 // Part of a text, in bytes.
 struct ByteRange {
   size_t begin;

@@ -83,6 +83,14 @@ TEST(EntriesFromLayout, AJapaneseHeadwordHasAReadingAndAForm) {
   EXPECT_EQ(found[0].headword, "行く");
 }
 
+TEST(EntriesFromLayout, AHeadwordAsLongAsADamagedEntryIsCut) {
+  const std::string text = std::string(3000, 'a') + "\rto go";
+  const auto found = entries(text, {run(0, 1, kIndex), run(3000, 0, kText)});
+  ASSERT_EQ(found.size(), 1u);
+  EXPECT_EQ(found[0].headword, std::string(2048, 'a'));
+  EXPECT_EQ(found[0].text, std::string(3000, 'a') + "\nto go");
+}
+
 TEST(EntriesFromLayout, TextWithoutHeadwordsIsOneEntry) {
   const auto found = entries("\r(1)" + sjis("訳") + "\r\r", {run(0, 0, kText)});
   ASSERT_EQ(found.size(), 1u);

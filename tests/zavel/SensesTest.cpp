@@ -22,6 +22,15 @@ TEST(Senses, AreReadFromLabels) {
   EXPECT_EQ(entries[0][1].glosses, Glosses{"消える"});
 }
 
+TEST(Senses, LabelsAsLongAsADamagedEntryAreCut) {
+  const std::string label(2000, 'x');
+  const auto entries = sensesFromLabels("【見出し】go\r【品詞】-[" + label + "]\r【品詞】-[動][" + label +
+                                        "]\r【訳語】行く\r");
+  ASSERT_EQ(entries.size(), 1u);
+  ASSERT_EQ(entries[0].size(), 1u);
+  EXPECT_EQ(entries[0][0].labels, Glosses{"動"});
+}
+
 TEST(Senses, EachHeadwordBeginsAnEntry) {
   const auto entries = sensesFromLabels("【見出し】a\r【訳語】あ\r【見出し】b\r【訳語】い; う\r");
   ASSERT_EQ(entries.size(), 2u);

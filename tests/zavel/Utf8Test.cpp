@@ -70,6 +70,15 @@ TEST(BreakLines, BreaksAfterWideCharacters) {
   EXPECT_EQ(lines("あいうえおか", 4, 0), (std::vector<std::string>{"あい", "うえ", "おか"}));
 }
 
+TEST(Beginning, HoldsWholeCharactersOnly) {
+  EXPECT_EQ(beginning("aあ", 0), "");
+  EXPECT_EQ(beginning("aあ", 1), "a");
+  EXPECT_EQ(beginning("aあ", 3), "a");
+  EXPECT_EQ(beginning("aあ", 4), "aあ");
+  EXPECT_EQ(beginning("aあ", 5), "aあ");
+  EXPECT_EQ(beginning("あ", 2), "");
+}
+
 TEST(BreakLines, NoLineBeginsWithAClosingMark) {
   EXPECT_EQ(lines("あい,うえ", 4, 0), (std::vector<std::string>{"あ", "い,", "うえ"}));
   EXPECT_EQ(lines("あい。うえ", 4, 0), (std::vector<std::string>{"あ", "い。", "うえ"}));
