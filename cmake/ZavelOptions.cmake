@@ -34,12 +34,25 @@ function(zavel_module name)
   target_link_libraries(${name} PUBLIC zavel_options ${arg_LINKS})
 endfunction()
 
+# zavel_test_code(TARGET...): what is built for tests alone. Two thirds of a whole build's time went into optimising
+# tests and reading GoogleTest's headers: the tests' own code stays as written, and the headers are read once.
+function(zavel_test_code)
+  foreach(name IN LISTS ARGN)
+    target_compile_options(${name} PRIVATE -O0)
+    target_precompile_headers(${name} REUSE_FROM zavel_test_headers)
+    get_target_property(sources ${name} SOURCES)
+    list(FILTER sources INCLUDE REGEX "\\.c$")
+    set_source_files_properties(${sources} PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
+  endforeach()
+endfunction()
+
 # zavel_test(NAME SOURCES... LINKS targets...): one GoogleTest program, its cases known to ctest.
 function(zavel_test name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE zavel_options ${arg_LINKS} GTest::gtest GTest::gtest_main)
+  zavel_test_code(${name})
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
 endfunction()
 
