@@ -2,9 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "mkdict/EdictLabels.h"
-#include "mkdict/EdictLine.h"
 #include "mkdict/EdictReader.h"
-#include "mkdict/JapaneseEntries.h"
+#include "mkdict/EdictSupport.h"
 #include "mkdict/ToShiftJis.h"
 #include "support/DicWriter.h"
 
@@ -13,14 +12,8 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-EdictLine parsed(std::string_view text) {
-  EdictLine line;
-  EXPECT_TRUE(EdictLine::parse(text, &line)) << text;
-  return line;
-}
-
 TEST(EdictLine, WrittenFormAndReading) {
-  const EdictLine line = parsed("食べる [たべる] /(v1,vt) to eat/");
+  const EdictLine line = edictLine("食べる [たべる] /(v1,vt) to eat/");
   EXPECT_EQ("食べる", line.written);
   EXPECT_EQ("たべる", line.reading);
   ASSERT_EQ(1u, line.senses.size());
@@ -30,7 +23,7 @@ TEST(EdictLine, WrittenFormAndReading) {
 }
 
 TEST(EdictLine, WordInKanaAlone) {
-  const EdictLine line = parsed("ユーザー /(n) user/(P)/");
+  const EdictLine line = edictLine("ユーザー /(n) user/(P)/");
   EXPECT_EQ("", line.written);
   EXPECT_EQ("ユーザー", line.reading);
   EXPECT_TRUE(line.common);
@@ -38,8 +31,8 @@ TEST(EdictLine, WordInKanaAlone) {
 }
 
 TEST(EdictLine, NumberedSenses) {
-  const EdictLine line =
-      parsed("食べる [たべる] /(v1,vt) (1) to eat/(v1,vt) (2) to live on (e.g. a salary)/to live off/(P)/");
+  const EdictLine line = edictLine(
+      "食べる [たべる] /(v1,vt) (1) to eat/(v1,vt) (2) to live on (e.g. a salary)/to live off/(P)/");
   ASSERT_EQ(2u, line.senses.size());
   EXPECT_EQ(Strings{"to eat"}, line.senses[0].glosses);
   EXPECT_EQ((Strings{"to live on (e.g. a salary)", "to live off"}), line.senses[1].glosses);
@@ -47,7 +40,7 @@ TEST(EdictLine, NumberedSenses) {
 }
 
 TEST(EdictLine, PartOfSpeechHoldsUntilTheNextOne) {
-  const EdictLine line = parsed("あ /(n) (1) a/(2) b/(vs) c/(10) d/");
+  const EdictLine line = edictLine("あ /(n) (1) a/(2) b/(vs) c/(10) d/");
   ASSERT_EQ(4u, line.senses.size());
   EXPECT_EQ(Strings{"n"}, line.senses[1].pos);
   EXPECT_EQ(Strings{"vs"}, line.senses[2].pos);
@@ -57,7 +50,7 @@ TEST(EdictLine, PartOfSpeechHoldsUntilTheNextOne) {
 
 TEST(EdictLine, RemarksOfWordSenseAndGloss) {
   const EdictLine line =
-      parsed("彼処 [あしこ] /(ok) (pn) (1) (uk) there/(col) yonder/(n) (2) (sl) (arch) that far/");
+      edictLine("彼処 [あしこ] /(ok) (pn) (1) (uk) there/(col) yonder/(n) (2) (sl) (arch) that far/");
   EXPECT_EQ(Strings{"ok"}, line.spelling);
   EXPECT_EQ(Strings{"uk"}, line.senses[0].remarks);
   EXPECT_EQ((Strings{"there", "(colloquial) yonder"}), line.senses[0].glosses);
@@ -65,20 +58,20 @@ TEST(EdictLine, RemarksOfWordSenseAndGloss) {
 }
 
 TEST(EdictLine, BracketsThatAreNoCodesBelongToTheGloss) {
-  const EdictLine line = parsed("あ /(n) (someone's) luck/(n,odd) x/(a) b (n)/");
+  const EdictLine line = edictLine("あ /(n) (someone's) luck/(n,odd) x/(a) b (n)/");
   EXPECT_EQ((Strings{"(someone's) luck", "(n,odd) x", "(a) b (n)"}), line.senses[0].glosses);
 }
 
 TEST(EdictLine, LanguagesAndDialectsAreSpelledOut) {
   const EdictLine line =
-      parsed("シ /(n) ti (ita:)/go (wasei: go sign)/(ksb:) si/x (fre: cafe) (odd: y) (z/(:)/");
+      edictLine("シ /(n) ti (ita:)/go (wasei: go sign)/(ksb:) si/x (fre: cafe) (odd: y) (z/(:)/");
   EXPECT_EQ((Strings{"ti (Italian)", "go (made in Japan: go sign)", "(Kansai dialect) si",
                      "x (French: cafe) (odd: y) (z", "(:)"}),
             line.senses[0].glosses);
 }
 
 TEST(EdictLine, IdentifiersAreNoGlosses) {
-  EXPECT_EQ(Strings{"a"}, parsed("あ /(n) a/EntL1234567X/").senses[0].glosses);
+  EXPECT_EQ(Strings{"a"}, edictLine("あ /(n) a/EntL1234567X/").senses[0].glosses);
 }
 
 TEST(EdictLine, RefusesOtherLines) {

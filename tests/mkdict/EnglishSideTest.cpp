@@ -5,6 +5,7 @@
 
 #include <filesystem>
 
+#include "mkdict/EdictSupport.h"
 #include "mkdict/ToShiftJis.h"
 #include "support/DicWriter.h"
 
@@ -56,9 +57,7 @@ struct Sources {
     std::string error;
     EXPECT_TRUE(side.open(paths, progress, &error)) << error;
     for (const char* line : {"犬 [いぬ] /(n) dog/(P)/", "行く [いく] /(v5k-s) to go/(P)/"}) {
-      EdictLine parsed;
-      EXPECT_TRUE(EdictLine::parse(line, &parsed));
-      side.takeEdict(parsed);
+      side.takeEdict(edictLine(line));
     }
     EXPECT_TRUE(side.compile(compilation, progress));
     return compilation;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "EnglishSupport.h"
+#include "mkdict/EdictSupport.h"
 
 namespace zavel::mkdict {
 namespace {
@@ -24,11 +25,7 @@ struct Turning {
     english.synset(WordNet::kAdverb, {"a_bit"});
     english.synset(WordNet::kAdverb, {"for_the_first_time"});
   }
-  void line(const std::string& text) {
-    EdictLine line;
-    ASSERT_TRUE(EdictLine::parse(text, &line)) << text;
-    index.add(line);
-  }
+  void line(const std::string& text) { index.add(edictLine(text)); }
   // What one word gathered; empty when it is no headword.
   GlossIndex::Turned of(const std::string& word, PartOfSpeech pos) {
     for (const GlossIndex::Turned& turned : index.take()) {

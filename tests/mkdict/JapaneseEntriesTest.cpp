@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "mkdict/EdictSupport.h"
 #include "support/DicWriter.h"
 
 namespace zavel::mkdict {
@@ -10,27 +11,10 @@ namespace {
 
 using test::sjis;
 
-EdictLine line(std::string_view text) {
-  EdictLine parsed;
-  EXPECT_TRUE(EdictLine::parse(text, &parsed)) << text;
-  return parsed;
-}
-
-struct Made {
-  explicit Made(const std::vector<const char*>& lines) {
-    JapaneseEntries maker(&summary);
-    for (const char* text : lines) maker.add(line(text));
-    entries = maker.take();
-  }
-  Summary summary;
-  std::vector<JapaneseEntry> entries;
-};
+using Made = MadeEntries;
 
 std::string textOf(const char* edict) {
   return Made({edict}).entries.at(0).text;
-}
-uint32_t rankOf(const char* edict) {
-  return JapaneseEntries::rank(line(edict));
 }
 
 TEST(JapaneseEntries, OneSenseHasNoNumber) {
@@ -210,46 +194,6 @@ TEST(JapaneseEntries, HeadwordsThatLookTaggedAreKeptAndCounted) {
   const Made made({"快闊 [かいかつ] /(n) x/"});
   EXPECT_EQ(1u, made.entries.size());
   EXPECT_EQ(1u, made.summary.leftOutCount("headwords in which some readers see a tag (kept)"));
-}
-
-TEST(JapaneseEntries, RankOrdersEqualReadings) {
-  const char* const frequentFirst[] = {
-      "こと /(n) (1) thing/(n) (2) matter/(P)/",      // common, in kana, two senses
-      "事 [こと] /(n) (uk) thing/(P)/",               // usually in kana
-      "琴 [こと] /(n) (1) koto/(n) (2) zither/(P)/",  // common, two senses
-      "古都 [こと] /(n) ancient city/(P)/",           //
-      "こと /(int) oh/",                              // not marked common
-      "糊塗 [こと] /(n) patching up/",                //
-      "こと /(n) (arch) x/",                          // all senses rare
-      "孤島 [こと] /(ok) (n) solitary island/",
-  };
-  for (size_t i = 1; i < std::size(frequentFirst); ++i) {
-    EXPECT_LT(rankOf(frequentFirst[i - 1]), rankOf(frequentFirst[i])) << frequentFirst[i];
-  }
-}
-
-TEST(JapaneseEntries, OutdatedKanjiDoNotMakeAKanaWordRare) {
-  EXPECT_EQ(rankOf("こと /(n) x/"), rankOf("此 [こと] /(oK) (n) (uk) x/"));
-  EXPECT_LT(rankOf("此 [こと] /(n) x/"), rankOf("此 [こと] /(oK) (n) x/"));
-  EXPECT_LT(rankOf("此 [こと] /(n) (uk) x/"), rankOf("此 [こと] /(ok) (n) (uk) x/"));
-}
-
-// 犬 stands in one common word, 狗 and 亜 in none; 狗 is another spelling of 犬.
-TEST(JapaneseEntries, RareKanjiAndOtherSpellingsComeLater) {
-  const Made made({"犬 [いぬ] /(n) dog/(P)/", "狗 [いぬ] /(n) dog/", "亜 [あ] /(n) x/", "あ /(int) ah/"});
-  ASSERT_EQ(4u, made.entries.size());
-  EXPECT_EQ(100u + 19 + 8 * 6, made.entries[0].rank);
-  EXPECT_EQ(300u + 19 + 8 * (7 + 2), made.entries[1].rank);
-  EXPECT_EQ(300u + 19 + 8 * 7, made.entries[2].rank);
-  EXPECT_EQ(200u + 19, made.entries[3].rank);
-}
-
-TEST(JapaneseEntries, AWordOfTenSensesIsCommon) {
-  std::string nine = "為る [する] /(oK) ", ten;
-  for (int i = 1; i <= 9; ++i) nine += "(vs-i) (" + std::to_string(i) + ") (uk) g/";
-  ten = nine + "(vs-i) (10) (uk) g/";
-  EXPECT_GT(rankOf(nine.c_str()), rankOf("スルー /(n) through/(P)/"));
-  EXPECT_LT(rankOf(ten.c_str()), rankOf("スルー /(n) through/(P)/"));
 }
 
 }  // namespace

@@ -767,6 +767,24 @@ TEST_F(RealData, FindsWordsWithTheRepetitionMarkByBothForms) {
   }
 }
 
+TEST_F(RealData, PutsTheUsualReadingFirst) {
+  const std::pair<const char*, const char*> table[] = {
+      {"本", "ほん"},       {"私", "わたし"},       {"今日", "きょう"},   {"日本", "にほん"},
+      {"明日", "あした"},   {"人", "ひと"},         {"上手", "じょうず"}, {"今", "いま"},
+      {"家", "いえ"},       {"何", "なに"},         {"昨日", "きのう"},   {"大人", "おとな"},
+      {"生", "なま"},       {"一日", "いちにち"},   {"三", "さん"},       {"風", "かぜ"},
+      {"空", "そら"},       {"上", "うえ"},         {"下", "した"},       {"中", "なか"},
+      {"音", "おと"},       {"心", "こころ"},       {"年", "とし"},       {"日", "ひ"},
+      {"店", "みせ"},       {"入る", "はいる"},     {"行く", "いく"},     {"言う", "いう"},
+      {"得る", "える"},     {"避ける", "さける"},   {"下手", "へた"},     {"文字", "もじ"},
+      {"毎年", "まいとし"}, {"工場", "こうじょう"}, {"白髪", "しらが"},   {"日日", "ひび"},
+  };
+  for (const auto& [written, reading] : table) {
+    const std::string first = japaneseHeadwordsOf(written).at(0);
+    EXPECT_EQ(test::sjis(reading), first.substr(0, first.find('\x1B'))) << written;
+  }
+}
+
 TEST_F(RealData, FindsWordsOfOtherAlphabetsInAscii) {
   for (const char* word : {"cafe", "deja vu", "San Jose"}) {
     EXPECT_TRUE(headwordsOf(word).contains(word)) << word;

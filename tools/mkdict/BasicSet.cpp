@@ -191,7 +191,7 @@ void Builder::buildJapanese() {
       kana.add({key, number, entry.rank});
     }
     if (!entry.kanji.empty() && ChangeMidasi(entry.kanji, engine::kTypeKji, &key) == kOk) {
-      kanji.add({key, number, entry.rank});
+      kanji.add({key, number, entry.kanjiRank});
     }
   }
   arrange(kana, "by reading", byKana);

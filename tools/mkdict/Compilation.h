@@ -36,10 +36,11 @@ struct KatuRecord {
 
 // One Japanese entry, filed under its reading and its written form.
 struct JapaneseEntry {
-  std::string kana;   // reading, filed if ChkMidasiStrJ accepts it, else empty
-  std::string kanji;  // written form, filed if ChkMidasiStrK accepts it, else empty
-  std::string text;   // as in EnglishEntry
-  uint32_t rank = 0;
+  std::string kana;        // reading, filed if ChkMidasiStrJ accepts it, else empty
+  std::string kanji;       // written form, filed if ChkMidasiStrK accepts it, else empty
+  std::string text;        // as in EnglishEntry
+  uint32_t rank = 0;       // as in EnglishEntry, among readings
+  uint32_t kanjiRank = 0;  // the same among written forms
 };
 
 // One source of the set, for the list of sources that stands beside the files. All UTF-8.

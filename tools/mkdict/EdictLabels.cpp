@@ -344,6 +344,10 @@ bool isRareRemark(std::string_view code) {
   return false;
 }
 
+bool isPartOfWord(std::string_view code) {
+  return code == "suf" || code == "pref" || code == "n-suf" || code == "n-pref" || code == "ctr";
+}
+
 const char* language(std::string_view code) {
   return find(languages(), code);
 }

@@ -21,6 +21,9 @@ bool isSpellingRemark(std::string_view code);
 // True for the remarks that make a word a rare one: "arch", "obsc", "ok", "iK".
 bool isRareRemark(std::string_view code);
 
+// True for the parts of speech of what is no word by itself: prefixes, suffixes, counters.
+bool isPartOfWord(std::string_view code);
+
 // The language or dialect that stands before a colon: "ita" "Italian", "ksb" "Kansai dialect". Null for
 // anything else.
 const char* language(std::string_view code);

@@ -146,15 +146,15 @@ std::string EntryCheck::wordE(std::string_view entry) {
   return word;
 }
 
-std::string EntryCheck::kana(std::string_view entry) {
+std::string_view EntryCheck::kana(std::string_view entry) {
   const std::string_view line = headLine(entry);
-  return std::string(line.substr(0, line.find(static_cast<char>(engine::kKanjiSeparator))));
+  return line.substr(0, line.find(static_cast<char>(engine::kKanjiSeparator)));
 }
 
-std::string EntryCheck::kanji(std::string_view entry) {
+std::string_view EntryCheck::kanji(std::string_view entry) {
   const std::string_view line = headLine(entry);
   const size_t at = line.find(static_cast<char>(engine::kKanjiSeparator));
-  return std::string(at == std::string_view::npos ? line : line.substr(at + 1));
+  return at == std::string_view::npos ? line : line.substr(at + 1);
 }
 
 }  // namespace zavel::mkdict

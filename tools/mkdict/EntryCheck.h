@@ -32,9 +32,9 @@ class EntryCheck {
   // The word of an English entry as it is to be normalised: the headword line without tags, homograph
   // number, syllable marks, stars and pronunciation, up to "," "[" or "《".
   static std::string wordE(std::string_view entry);
-  // Reading and written form of a Japanese entry; without a separator both are the whole line.
-  static std::string kana(std::string_view entry);
-  static std::string kanji(std::string_view entry);
+  // Reading and written form of a Japanese entry, views of it; without a separator both are the whole line.
+  static std::string_view kana(std::string_view entry);
+  static std::string_view kanji(std::string_view entry);
 
  private:
   void checkText(size_t begin, size_t end);

@@ -112,11 +112,6 @@ void addNew(std::vector<std::string>& texts, const std::string& text) {
   if (std::find(texts.begin(), texts.end(), text) == texts.end()) texts.push_back(text);
 }
 
-// Codes of what is no word by itself: suffixes, prefixes, counters.
-bool isPartOfWord(std::string_view code) {
-  return code == "suf" || code == "pref" || code == "n-suf" || code == "n-pref" || code == "ctr";
-}
-
 bool isVerbal(std::string_view code) {
   return englishOf(code) == PartOfSpeech::kVerb || code == "exp";
 }

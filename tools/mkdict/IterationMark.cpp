@@ -23,6 +23,7 @@ std::vector<std::string_view> charactersOf(std::string_view sjis) {
 }  // namespace
 
 std::string withKanjiRepeated(std::string_view sjis) {
+  if (sjis.find(kMark) == std::string_view::npos) return std::string(sjis);
   std::vector<std::string_view> out;
   const std::vector<std::string_view> in = charactersOf(sjis);
   for (auto at = in.begin(); at != in.end();) {

@@ -11,7 +11,6 @@
 #include "mkdict/JapaneseEntries.h"
 
 #include <algorithm>
-#include <functional>
 
 #include "engine/DicFormat.h"
 #include "engine/MidasiCheck.h"
@@ -23,13 +22,6 @@
 namespace zavel::mkdict {
 namespace {
 
-// Parts of a rank.
-constexpr uint32_t kUncommon = 100;     // from here on words that are not common
-constexpr uint32_t kKanaFirst = 50;     // added to a word that is written in kanji
-constexpr uint32_t kRarityWeight = 8;   // a kanji half as common weighs as much as eight senses
-constexpr uint32_t kOtherSpelling = 2;  // in rarity; 8 * (7 + 2) + 19 stays below 100
-constexpr size_t kSensesOfCommonWord = 10;
-constexpr size_t kSensesCounted = 20;  // in a rank
 constexpr char kSeparator = static_cast<char>(engine::kKanjiSeparator);
 
 std::string tag(uint16_t value) {
@@ -90,21 +82,13 @@ std::string numberMark(size_t number) {
   return apart + tag(engine::kTagImi) + tag(engine::kTagGothic) + digits + tag(engine::kTagRoman) + " ";
 }
 
-// The kanji in a written form, as codes. The reader's own test.
-std::vector<uint16_t> kanjiIn(std::string_view sjis) {
-  std::vector<uint16_t> codes;
+// The reader's own test.
+bool holdsKanji(std::string_view sjis) {
   for (size_t at = 0; at + 1 < sjis.size(); at += 2) {
     const unsigned code = static_cast<uint8_t>(sjis[at]) << 8 | static_cast<uint8_t>(sjis[at + 1]);
-    if (engine::_ismbcl1(code) || engine::_ismbcl2(code)) codes.push_back(static_cast<uint16_t>(code));
+    if (engine::_ismbcl1(code) || engine::_ismbcl2(code)) return true;
   }
-  return codes;
-}
-
-// 0 for a kanji that a hundred or more common words use, one more for each halving, 7 for none at all.
-uint32_t rarityOf(uint32_t uses) {
-  uint32_t rarity = 0;
-  for (uint32_t limit = 64; uses < limit && rarity < 7; limit /= 2) ++rarity;
-  return rarity;
+  return false;
 }
 
 // A reading without the dots that part the words of a foreign phrase: no query can hold one.
@@ -132,32 +116,6 @@ std::string otherSpelling(std::string_view headLine, bool usual) {
 }
 
 }  // namespace
-
-// A word in kana alone, or one that its first sense says to be written so, is what a query in kana means.
-bool JapaneseEntries::inKana(const EdictLine& line) {
-  return line.written.empty() || holds(line.senses.front().remarks, "uk");
-}
-
-uint32_t JapaneseEntries::rank(const EdictLine& line) {
-  // Marks on the kanji say nothing about a word that is written in kana.
-  const bool kana = inKana(line);
-  const auto rareSpelling = [kana](const std::string& code) {
-    return isRareRemark(code) && (!kana || code == "ok" || code == "ik");
-  };
-  const auto rareSense = [](const EdictSense& sense) {
-    return std::any_of(sense.remarks.begin(), sense.remarks.end(), isRareRemark);
-  };
-  const bool rare = std::any_of(line.spelling.begin(), line.spelling.end(), rareSpelling) ||
-                    std::all_of(line.senses.begin(), line.senses.end(), rareSense);
-  // EDICT has no way to mark a common word that stands under outdated kanji only, as する does; but only
-  // common words have so many senses.
-  const bool common = line.common || line.senses.size() >= kSensesOfCommonWord;
-  const size_t senses = std::min(line.senses.size(), kSensesCounted);
-  return (common ? 0u
-          : rare ? 200u
-                 : 100u) +
-         (kana ? 0u : 50u) + static_cast<uint32_t>(kSensesCounted - senses);
-}
 
 bool JapaneseEntries::body(const EdictLine& line, std::string* text, std::string* lacking) {
   text->clear();
@@ -200,7 +158,7 @@ void JapaneseEntries::file(const Headword& shown, const std::string& name, Japan
   if (engine::ChkMidasiStrJ(shown.kana.c_str()) == engine::kOk) entry->kana = shown.kana;
   // A reader takes a word for a written form only when it holds a kanji.
   const std::string written = withKanjiRepeated(shown.written.empty() ? shown.kana : shown.written);
-  const bool kanji = engine::ChkMidasiStrK(written.c_str()) == engine::kOk && !kanjiIn(written).empty();
+  const bool kanji = engine::ChkMidasiStrK(written.c_str()) == engine::kOk && holdsKanji(written);
   if (kanji) entry->kanji = written;
   if (entry->kana.empty() && !kanji) {
     summary_->leftOut("Japanese words that no query can hold", name);
@@ -212,16 +170,17 @@ void JapaneseEntries::file(const Headword& shown, const std::string& name, Japan
   }
 }
 
-void JapaneseEntries::join(JapaneseEntry* entry, const std::string& body, uint32_t rank) {
-  if (entry->text.find(body) != std::string::npos) {
+void JapaneseEntries::join(Word* word, const std::string& body, const WordFrequency& line) {
+  std::string& text = word->entry.text;
+  if (text.find(body) != std::string::npos) {
     summary_->count("EDICT lines that say nothing new");
-  } else if (rank < entry->rank) {
-    entry->text = body + entry->text;
+  } else if (line.byReading < word->frequency.byReading) {
+    text = body + text;
   } else {
-    entry->text += body;
+    text += body;
   }
   summary_->count("EDICT lines joined to one of the same word");
-  entry->rank = std::min(entry->rank, rank);
+  word->frequency.join(line);
 }
 
 void JapaneseEntries::add(const EdictLine& line) {
@@ -234,86 +193,65 @@ void JapaneseEntries::add(const EdictLine& line) {
     return;
   }
   const std::string head = shown.kana + (shown.written.empty() ? "" : kSeparator + shown.written);
-  const auto [known, isNew] = byHeadLine_.try_emplace(head, entries_.size());
+  const auto [known, isNew] = byHead_.try_emplace(head, words_.size());
   if (!isNew) {
-    join(&entries_[known->second], text, rank(line));
+    join(&words_[known->second], text, WordFrequency::of(line));
     return;
   }
-  JapaneseEntry entry;
-  file(shown, name, &entry);
-  if (entry.kana.empty() && entry.kanji.empty()) {
-    byHeadLine_.erase(known);
+  Word word;
+  word.head = head;
+  word.frequency = WordFrequency::of(line);
+  file(shown, name, &word.entry);
+  if (word.entry.kana.empty() && word.entry.kanji.empty()) {
+    byHead_.erase(known);
     return;
   }
   if (looksTagged(head)) summary_->leftOut("headwords in which some readers see a tag (kept)", name);
-  entry.text = std::move(text);
-  entry.rank = rank(line);
-  entries_.push_back(std::move(entry));
-  headLines_.push_back(head);
-}
-
-void JapaneseEntries::refineRanks() {
-  // The spellings of one word share reading and meaning.
-  const auto wordOf = [this](size_t i) {
-    return std::hash<std::string>()(entries_[i].kana + entries_[i].text);
-  };
-  std::vector<uint32_t> uses(0x10000, 0);
-  std::unordered_map<size_t, uint32_t> best;
-  for (size_t i = 0; i < entries_.size(); ++i) {
-    const uint32_t rank = entries_[i].rank;
-    const auto [known, isNew] = best.try_emplace(wordOf(i), rank);
-    if (!isNew) known->second = std::min(known->second, rank);
-    if (rank >= kUncommon || entries_[i].kana.empty()) continue;  // without a reading: 人人 beside 人々
-    for (const uint16_t kanji : kanjiIn(writtenIn(headLines_[i]))) ++uses[kanji];
-  }
-  for (size_t i = 0; i < entries_.size(); ++i) {
-    uint32_t rarity = 0;
-    for (const uint16_t kanji : kanjiIn(writtenIn(headLines_[i])))
-      rarity = std::max(rarity, rarityOf(uses[kanji]));
-    const uint32_t rank = entries_[i].rank;
-    if (rank > best[wordOf(i)]) rarity += kOtherSpelling;
-    entries_[i].rank = rank / kKanaFirst * 100 + rank % kKanaFirst + kRarityWeight * rarity;
-  }
+  word.entry.text = std::move(text);
+  words_.push_back(std::move(word));
 }
 
 // A list line shows the written form of its entry, and what it shows must be a word that can be searched. So
 // a word written with 々 is two entries: by its reading one that shows 人々, by its written form one that
 // shows 人人 and names 人々.
 void JapaneseEntries::partSpellings() {
-  const size_t count = entries_.size();
+  const size_t count = words_.size();
   for (size_t i = 0; i < count; ++i) {
-    const std::string repeated = withKanjiRepeated(headLines_[i]);
-    if (repeated != headLines_[i] && !entries_[i].kanji.empty()) partSpelling(i, repeated);
+    const std::string repeated = withKanjiRepeated(words_[i].head);
+    if (repeated != words_[i].head && !words_[i].entry.kanji.empty()) partSpelling(i, repeated);
   }
 }
 
 // EDICT itself gives most of these words both ways. Where it tells them unlike, both stay as they are.
 void JapaneseEntries::partSpelling(size_t marked, const std::string& repeated) {
-  const auto [known, isNew] = byHeadLine_.try_emplace(repeated, entries_.size());
-  if (isNew) {
-    entries_.push_back(entries_[marked]);
-    headLines_.push_back(repeated);
-  }
-  JapaneseEntry& byReading = entries_[marked];
-  JapaneseEntry& byWritten = entries_[known->second];
-  byReading.kanji.clear();
-  if (byWritten.text != byReading.text) return;
-  const bool usual = isNew || byReading.rank < byWritten.rank;
-  byWritten.kana.clear();
-  byWritten.rank = std::min(byWritten.rank, byReading.rank);
-  byWritten.text = otherSpelling(headLines_[marked], usual) + byWritten.text;
+  const auto [known, isNew] = byHead_.try_emplace(repeated, words_.size());
+  if (isNew) words_.push_back({repeated, words_[marked].entry, words_[marked].frequency});
+  Word& byReading = words_[marked];
+  Word& byWritten = words_[known->second];
+  byReading.entry.kanji.clear();
+  if (byWritten.entry.text != byReading.entry.text) return;
+  const bool usual = isNew || byReading.frequency.byReading < byWritten.frequency.byReading;
+  if (usual) byWritten.frequency = byReading.frequency;
+  byWritten.entry.kana.clear();
+  byWritten.entry.text = otherSpelling(byReading.head, usual) + byWritten.entry.text;
   summary_->count("Japanese words written with 々");
 }
 
 std::vector<JapaneseEntry> JapaneseEntries::take() {
   partSpellings();
-  byHeadLine_.clear();
-  refineRanks();
-  for (size_t i = 0; i < entries_.size(); ++i) {
-    entries_[i].text = tag(engine::kTagEntry) + headLines_[i] + "\n" + entries_[i].text;
+  byHead_.clear();
+  std::vector<JapaneseEntry> entries;
+  std::vector<WordFrequency> frequencies;
+  entries.reserve(words_.size());
+  frequencies.reserve(words_.size());
+  for (Word& word : words_) {
+    word.entry.text = tag(engine::kTagEntry) + word.head + "\n" + word.entry.text;
+    entries.push_back(std::move(word.entry));
+    frequencies.push_back(word.frequency);
   }
-  headLines_.clear();
-  return std::move(entries_);
+  words_ = {};
+  setRanks(frequencies, &entries);
+  return entries;
 }
 
 }  // namespace zavel::mkdict

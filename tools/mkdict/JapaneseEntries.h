@@ -9,6 +9,7 @@
 
 #include "mkdict/Compilation.h"
 #include "mkdict/EdictLine.h"
+#include "mkdict/JapaneseRanks.h"
 #include "mkdict/Summary.h"
 
 namespace zavel::mkdict {
@@ -23,18 +24,12 @@ class JapaneseEntries {
   void add(const EdictLine& line);
 
   // The entries in the order of their first lines; this is then empty. A word written with 々 is two of them,
-  // one for its reading and one for its written form. Their ranks now also tell words in kanji that common
-  // words use from words in rare kanji, and a word from its other spellings.
+  // one for its reading and one for its written form.
   std::vector<JapaneseEntry> take();
 
   // What follows the headword line, in Shift_JIS: a line on the whole word, part-of-speech lines, senses.
   // False when a character can't be written; *lacking names it.
   static bool body(const EdictLine& line, std::string* text, std::string* lacking);
-
-  // The smaller the more frequent, as far as the line itself tells: common words, others, rare ones; in each
-  // the words that are written in kana, then those with most senses.
-  static uint32_t rank(const EdictLine& line);
-  static bool inKana(const EdictLine& line);
 
  private:
   struct Headword {
@@ -42,16 +37,20 @@ class JapaneseEntries {
     std::string written;  // as shown, may be empty
   };
   bool headword(const EdictLine& line, Headword* out);
+  // An entry in the making.
+  struct Word {
+    std::string head;     // headword line
+    JapaneseEntry entry;  // text without the headword line until take()
+    WordFrequency frequency;
+  };
+  void file(const Headword& shown, const std::string& name, JapaneseEntry* entry);
+  void join(Word* word, const std::string& body, const WordFrequency& line);
   void partSpellings();
   void partSpelling(size_t marked, const std::string& repeated);
-  void refineRanks();
-  void join(JapaneseEntry* entry, const std::string& body, uint32_t rank);
-  void file(const Headword& shown, const std::string& name, JapaneseEntry* entry);
 
-  Summary* summary_;                    // borrowed
-  std::vector<JapaneseEntry> entries_;  // text without the headword line until take()
-  std::vector<std::string> headLines_;  // by entry
-  std::unordered_map<std::string, size_t> byHeadLine_;
+  Summary* summary_;  // borrowed
+  std::vector<Word> words_;
+  std::unordered_map<std::string, size_t> byHead_;  // places in words_
 };
 
 }  // namespace zavel::mkdict

@@ -98,7 +98,7 @@ bool Verification::load() {
 // The word that an entry is to be found by in an index of `type`.
 std::string Verification::wordOf(uint16_t type, std::string_view entry) const {
   if (type == engine::kTypeE) return EntryCheck::wordE(entry);
-  return type == engine::kTypeKana ? EntryCheck::kana(entry) : EntryCheck::kanji(entry);
+  return std::string(type == engine::kTypeKana ? EntryCheck::kana(entry) : EntryCheck::kanji(entry));
 }
 
 void Verification::checkIndex(uint16_t type, const std::string& stem, EntryCheck* entries) {

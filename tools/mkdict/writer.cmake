@@ -11,9 +11,11 @@ list(APPEND mkdict_sources
   IndexWriter.cpp
   IterationMark.cpp
   JapaneseEntries.cpp
+  JapaneseRanks.cpp
   JsonString.cpp
   Options.cpp
   Progress.cpp
+  ReadingUses.cpp
   Report.cpp
   SetWriter.cpp
   Summary.cpp
