@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "foundation/Export.h"
 #include "platform/Value.h"
 
 namespace zavel {
@@ -33,20 +34,20 @@ struct PathTableRoots {
 //   <helpers>/zavel-...           helper programs, engine modules and sibling applications
 // Paths that loading expands stand there from "~" on where they are below the home folder: a home folder that
 // is moved or copied takes its table along.
-Value defaultPathTable(const PathTableRoots& roots);
+ZAVEL_API Value defaultPathTable(const PathTableRoots& roots);
 
 // Writes the default table as XML to `path` + ".plist", with the folders above it, if nothing is there. The
 // write is atomic. True when a file stands there afterwards; one that stood there before is not looked into.
-bool writePathTableIfMissing(const std::string& path, const PathTableRoots& roots);
+ZAVEL_API bool writePathTableIfMissing(const std::string& path, const PathTableRoots& roots);
 
 // Renews the table at `path` + ".plist" when a host made it for other folders and nobody has changed it
 // since: it then holds what defaultPathTable(roots) gives. A table that somebody changed, one that can't be
 // read and one that is not there stay as they are. False when the table should have been renewed and could
 // not be written: it then names the folders of another place.
-bool renewPathTable(const std::string& path, const PathTableRoots& roots);
+ZAVEL_API bool renewPathTable(const std::string& path, const PathTableRoots& roots);
 
 // Where loading looks for the table when it is given no path, without ".plist".
-std::string defaultPathTablePath();
+ZAVEL_API std::string defaultPathTablePath();
 
 }  // namespace zavel
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "foundation/Export.h"
 #include "platform/Value.h"
 
 namespace zavel {
@@ -15,11 +16,11 @@ enum class StyleLanguage { kEnglish, kJapanese };
 // else goes by ID; their names in `language`; and a choice for every application that has a key
 // (docs/formats.md). `technicalEJ`: file names of the technical dictionaries that are installed, for the
 // styles in which technical words are expected.
-Value defaultStyles(StyleLanguage language, const std::vector<std::string>& technicalEJ = {});
+ZAVEL_API Value defaultStyles(StyleLanguage language, const std::vector<std::string>& technicalEJ = {});
 
 // Writes them as XML to `path` + ".plist", with the folders above it, if nothing is there. The write is
 // atomic. True when a file stands there afterwards; one that stood there before is not looked into.
-bool writeStylesIfMissing(const std::string& path, StyleLanguage language,
+ZAVEL_API bool writeStylesIfMissing(const std::string& path, StyleLanguage language,
                           const std::vector<std::string>& technicalEJ = {});
 
 }  // namespace zavel

@@ -33,6 +33,13 @@ for host in "$folder/build/host-cpp" "$folder/pc-cpp"; do
   [ "$origin" = go ] || { echo "$host: goes leads to \"$origin\", not to go"; exit 1; }
 done
 
+# A window of a first start: its tables are written and its rows listed.
+mkdir -p "$folder/user/dictionaries"
+ln -s "$(realpath "$dictionary")" "$folder/user/dictionaries/basic"
+rows=$("$folder/build/host-window" "$folder/user" goes 2>&1) || { echo "host-window failed: $rows"; exit 1; }
+[ "$(tail -n 1 <<<"$rows")" = "something is shown" ] || { echo "host-window says: $rows"; exit 1; }
+grep -q '^\**go ' <<<"$rows" || { echo "host-window lists no go: $rows"; exit 1; }
+
 # The library finds modules and texts in the tree that was moved, whatever the current folder is.
 services=$(cd / && LC_ALL=ja_JP.UTF-8 "$folder/build/host-services" 2>&1) || { echo "host-services failed"; exit 1; }
 [ "$services" = $'alert 図\ntimer 1 child 7' ] || { echo "host-services says: $services"; exit 1; }
