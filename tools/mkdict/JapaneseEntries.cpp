@@ -249,7 +249,7 @@ std::vector<JapaneseEntry> JapaneseEntries::take() {
     entries.push_back(std::move(word.entry));
     frequencies.push_back(word.frequency);
   }
-  words_ = {};
+  std::vector<Word>().swap(words_);
   setRanks(frequencies, &entries);
   return entries;
 }

@@ -127,10 +127,10 @@ uint32_t Ranking::rarityOfKanji(size_t i) const {
 }
 
 void Ranking::run() {
-  takeStock();
   std::vector<bool> heard;
   for (const WordFrequency& word : frequencies_) heard.push_back(!word.saying);
   const std::vector<uint32_t> uses = usesByThemselves(entries_, heard);
+  takeStock();
   for (size_t i = 0; i < entries_.size(); ++i) {
     const uint32_t rarity = kRarityWeight * rarityOfKanji(i);
     entries_[i].rank = frequencies_[i].byReading + rarity;
