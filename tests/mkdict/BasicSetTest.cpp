@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/EngineAPI.h"
+#include "foundation/ByteReader.h"
 #include "mkdict/DicFileWriter.h"
 #include "mkdict/SmallSet.h"
 
@@ -46,6 +47,20 @@ TEST(BasicSet, EntriesLieInTheOrderOfTheirIndex) {
   EXPECT_EQ(test::entryJ("あいさつ", "挨拶", "x") + test::entryJ("あいさつする", "挨拶する", "x") +
                 test::entryJ("あ", "", "x") + test::entryJ("いぬ", "犬", "x"),
             je);
+}
+
+// A file that is cut short shows by this: the last row then leads beyond its end.
+TEST(BasicSet, TheLastRowLeadsToTheLastEntry) {
+  Compilation compilation = smallCompilation();
+  compilation.japanese.push_back({"", sjis("犬犬"), test::entryJ("ん", "犬犬", "by written form alone"), 0});
+  const auto files = filesOf(compilation);
+  const std::string& je = files.at("je.dic");
+  EXPECT_EQ(0u, je.find(test::entryJ("ん", "犬犬", "by written form alone")));
+  for (const std::string name : {"ej", "je"}) {
+    const std::string& rows = files.at(name + ".ix3");
+    const uint32_t last = readLE32(reinterpret_cast<const uint8_t*>(rows.data()) + rows.size() - 4);
+    EXPECT_EQ(files.at(name + ".dic").rfind("\xF5\xD1"), last) << name;
+  }
 }
 
 TEST(BasicSet, SameCompilationSameBytes) {

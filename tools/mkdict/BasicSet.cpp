@@ -36,6 +36,18 @@ std::string reasonOf(RowFault fault, const std::string& index) {
   return index;
 }
 
+// Those of `rows` whose entries no row of `others` leads to.
+std::vector<IndexRow> rowsWithout(const std::vector<IndexRow>& rows, const std::vector<IndexRow>& others,
+                                  size_t entries) {
+  std::vector<bool> reached(entries, false);
+  for (const IndexRow& row : others) reached[row.entry] = true;
+  std::vector<IndexRow> left;
+  for (const IndexRow& row : rows) {
+    if (!reached[row.entry]) left.push_back(row);
+  }
+  return left;
+}
+
 class Builder {
  public:
   Builder(Compilation& compilation, Progress& progress) : in_(compilation), progress_(progress) {}
@@ -197,8 +209,9 @@ void Builder::buildJapanese() {
   arrange(kana, "by reading", byKana);
   arrange(kanji, "by written form", byKanji);
   DicFileWriter dic(in_.japanese.size());
+  // Last the entries by reading, so that the last row of je.ix3 leads to the last entry.
+  layOut(rowsWithout(kanji.rows(), kana.rows(), in_.japanese.size()), in_.japanese, dic);
   layOut(kana.rows(), in_.japanese, dic);
-  layOut(kanji.rows(), in_.japanese, dic);
   in_.summary.figure("Japanese entries", dic.count());
   in_.summary.figure("Japanese entries by reading, rows", kana.rows().size());
   in_.summary.figure("Japanese entries by written form, rows", kanji.rows().size());
