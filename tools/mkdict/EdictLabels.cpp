@@ -1,6 +1,7 @@
 // Tests: tests/mkdict/EdictTest.cpp.
 #include "mkdict/EdictLabels.h"
 
+#include <algorithm>
 #include <unordered_map>
 
 namespace zavel::mkdict {
@@ -350,6 +351,14 @@ bool isPartOfWord(std::string_view code) {
 
 const char* language(std::string_view code) {
   return find(languages(), code);
+}
+
+bool hasCode(const std::vector<std::string>& codes, std::string_view code) {
+  return std::find(codes.begin(), codes.end(), code) != codes.end();
+}
+
+bool anyCode(const std::vector<std::string>& codes, bool (*test)(std::string_view)) {
+  return std::any_of(codes.begin(), codes.end(), [test](const std::string& code) { return test(code); });
 }
 
 }  // namespace zavel::mkdict

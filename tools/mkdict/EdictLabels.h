@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zavel::mkdict {
 
@@ -27,6 +28,10 @@ bool isPartOfWord(std::string_view code);
 // The language or dialect that stands before a colon: "ita" "Italian", "ksb" "Kansai dialect". Null for
 // anything else.
 const char* language(std::string_view code);
+
+// Whether a code, or one that `test` takes, is among the codes of a line or a sense.
+bool hasCode(const std::vector<std::string>& codes, std::string_view code);
+bool anyCode(const std::vector<std::string>& codes, bool (*test)(std::string_view));
 
 }  // namespace zavel::mkdict
 

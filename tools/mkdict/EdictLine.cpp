@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "mkdict/EdictLabels.h"
+#include "mkdict/Trimmed.h"
 
 namespace zavel::mkdict {
 namespace {
@@ -17,12 +18,6 @@ std::vector<std::string> split(std::string_view text, char separator) {
     if (at == std::string_view::npos) return parts;
     text.remove_prefix(at + 1);
   }
-}
-
-std::string_view trimmed(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
 }
 
 bool isNumber(std::string_view text) {

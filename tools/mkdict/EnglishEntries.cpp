@@ -7,7 +7,7 @@
 
 #include "engine/ChangeMidasi.h"
 #include "engine/DicFormat.h"
-#include "engine/KatuyoGenkei.h"
+#include "mkdict/BaseForms.h"
 #include "mkdict/Countable.h"
 #include "mkdict/PartsOfSpeech.h"
 #include "mkdict/Pronunciation.h"
@@ -118,13 +118,8 @@ bool EnglishEntries::isInflected(std::string_view word) const {
   for (uint8_t pos = 0; pos < WordNet::kPosCount; ++pos) {
     if (inflection_.isListedForm(static_cast<WordNet::Pos>(pos), folded)) return true;
   }
-  std::string base;
-  uint8_t mask = 0;
-  for (uint16_t stage = 0;
-       engine::GetOriginalForm(folded, &base, static_cast<uint16_t>(stage + 1), &stage, &mask);) {
-    if (wordNet_.lemma(base) != nullptr) return true;
-    if (stage == engine::kLastStage) break;
-  }
+  const auto isKnown = [this](const std::string& base, uint8_t) { return wordNet_.lemma(base) != nullptr; };
+  if (!firstBaseForm(folded, isKnown).empty()) return true;
   // "stopping": the rules don't know doubled letters.
   for (const std::string_view ending : {"ing", "ed", "er", "est"}) {
     if (!folded.ends_with(ending) || folded.size() < ending.size() + 3) continue;

@@ -5,14 +5,11 @@
 
 #include "engine/DicFormat.h"
 #include "engine/MidasiCheck.h"
+#include "mkdict/Tag.h"
 #include "mkdict/ToShiftJis.h"
 
 namespace zavel::mkdict {
 namespace {
-
-std::string tag(uint16_t value) {
-  return {static_cast<char>(value >> 8), static_cast<char>(value & 0xFF)};
-}
 
 // Fixed text of this program, which Shift_JIS can write.
 std::string sjis(std::string_view utf8) {

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <utility>
 
+#include "mkdict/Trimmed.h"
 #include "mkdict/Utf8.h"
 
 namespace zavel::mkdict {
@@ -31,14 +32,6 @@ constexpr std::array<std::pair<std::string_view, PartOfSpeech>, 18> kLabels = {{
     {"proverb", PartOfSpeech::kProverb},
     {"symbol", PartOfSpeech::kSymbol},
 }};
-
-std::string_view trimmed(std::string_view text) {
-  while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
-  while (!text.empty() && (text.back() == ' ' || text.back() == '\t' || text.back() == '\r')) {
-    text.remove_suffix(1);
-  }
-  return text;
-}
 
 std::vector<std::string_view> linesOf(std::string_view text) {
   std::vector<std::string_view> lines;

@@ -68,14 +68,6 @@ bool takeBrackets(std::string_view* text) {
   return false;
 }
 
-bool hasCode(const std::vector<std::string>& codes, std::string_view code) {
-  return std::find(codes.begin(), codes.end(), code) != codes.end();
-}
-
-bool anyCode(const std::vector<std::string>& codes, bool (*test)(std::string_view)) {
-  return std::any_of(codes.begin(), codes.end(), [test](const std::string& code) { return test(code); });
-}
-
 // "lighthouse keeper", "academy of arts", not "accepting an order" or "above anything else".
 bool isCompound(std::string_view phrase) {
   size_t place = 0;

@@ -17,6 +17,7 @@
 #include "engine/Shim.h"
 #include "mkdict/EdictLabels.h"
 #include "mkdict/IterationMark.h"
+#include "mkdict/Tag.h"
 #include "mkdict/ToShiftJis.h"
 
 namespace zavel::mkdict {
@@ -24,15 +25,7 @@ namespace {
 
 constexpr char kSeparator = static_cast<char>(engine::kKanjiSeparator);
 
-std::string tag(uint16_t value) {
-  return {static_cast<char>(value >> 8), static_cast<char>(value & 0xFF)};
-}
-
 using Codes = std::vector<std::string>;
-
-bool holds(const Codes& codes, std::string_view code) {
-  return std::find(codes.begin(), codes.end(), code) != codes.end();
-}
 
 std::string inWords(const Codes& codes) {
   std::string out;
@@ -46,7 +39,7 @@ Codes wordRemarks(const EdictLine& line) {
   if (line.senses.size() < 2) return common;
   for (const std::string& code : line.senses.front().remarks) {
     if (code == "uk" && line.written.empty()) continue;
-    const auto carries = [&code](const EdictSense& sense) { return holds(sense.remarks, code); };
+    const auto carries = [&code](const EdictSense& sense) { return hasCode(sense.remarks, code); };
     if (std::all_of(line.senses.begin(), line.senses.end(), carries)) common.push_back(code);
   }
   return common;
@@ -58,7 +51,7 @@ std::string senseText(const EdictSense& sense, const Codes& told) {
   Codes own;
   for (const std::string& gloss : sense.glosses) out += (out.empty() ? "" : "; ") + gloss;
   for (const std::string& code : sense.remarks) {
-    if (!holds(told, code)) own.push_back(code);
+    if (!hasCode(told, code)) own.push_back(code);
   }
   return own.empty() ? out : out + " (" + inWords(own) + ")";
 }

@@ -32,12 +32,8 @@ constexpr uint32_t kSensesOfCommonWord = 10;
 constexpr uint32_t kSensesCounted = 20;
 constexpr uint32_t kMostWeight = 27;  // of uses and senses
 
-bool holds(const std::vector<std::string>& codes, std::string_view code) {
-  return std::find(codes.begin(), codes.end(), code) != codes.end();
-}
-
 bool isRareSense(const EdictSense& sense) {
-  return std::any_of(sense.remarks.begin(), sense.remarks.end(), isRareRemark);
+  return anyCode(sense.remarks, isRareRemark);
 }
 
 bool isRare(const EdictLine& line, bool kana) {
@@ -144,9 +140,9 @@ void Ranking::run() {
 WordFrequency WordFrequency::of(const EdictLine& line) {
   // One in kana alone, or one that its first sense says to be written so, is what a query in kana means.
   const EdictSense& first = line.senses.front();
-  const bool kana = line.written.empty() || holds(first.remarks, "uk");
+  const bool kana = line.written.empty() || hasCode(first.remarks, "uk");
   const auto isSaying = [](const EdictSense& sense) {
-    return holds(sense.remarks, "proverb") || holds(sense.remarks, "id") || isRareSense(sense);
+    return hasCode(sense.remarks, "proverb") || hasCode(sense.remarks, "id") || isRareSense(sense);
   };
   WordFrequency word;
   word.senses = static_cast<uint32_t>(std::min<size_t>(line.senses.size(), kSensesCounted));

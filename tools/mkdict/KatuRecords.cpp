@@ -10,6 +10,7 @@
 #include "engine/KatuyoGenkei.h"
 #include "engine/KatuyoKatati.h"
 #include "engine/KatuyoMidasi.h"
+#include "mkdict/BaseForms.h"
 #include "mkdict/FormCode.h"
 #include "mkdict/Spelling.h"
 #include "mkdict/ToShiftJis.h"
@@ -47,15 +48,10 @@ void KatuRecords::add(const Entry& entry) {
 std::string KatuRecords::reachedFrom(const std::string& key) const {
   const auto own = groupsByKey_.find(key);
   if (own != groupsByKey_.end()) return own->second != 0 ? key : std::string();
-  std::string candidate;
-  uint8_t mask = 0;
-  for (uint16_t stage = 0;
-       engine::GetOriginalForm(key, &candidate, static_cast<uint16_t>(stage + 1), &stage, &mask);) {
-    const auto found = groupsByKey_.find(candidate);
-    if (found != groupsByKey_.end() && (found->second & mask) != 0) return candidate;
-    if (stage == engine::kLastStage) break;
-  }
-  return {};
+  return firstBaseForm(key, [this](const std::string& base, uint8_t mask) {
+    const auto found = groupsByKey_.find(base);
+    return found != groupsByKey_.end() && (found->second & mask) != 0;
+  });
 }
 
 void KatuRecords::addParadigm(const std::string& key, Group group, std::vector<Item> items, bool byRule) {

@@ -3,6 +3,7 @@ find_package(ZLIB REQUIRED)
 list(APPEND mkdict_links ZLIB::ZLIB)
 list(APPEND mkdict_sources
   Attested.cpp
+  BaseForms.cpp
   Countable.cpp
   Coverage.cpp
   DerivedForms.cpp
