@@ -17,8 +17,9 @@ int64_t FindWString(const std::string& text, const std::string& key);
 
 // Replaces `from` by `to` as long as there is a `from`, each time searching from the start, so that what a
 // replacement completes is replaced too. The text as it is when `from` is empty or `to` holds `from`: that
-// would never end. The same after 100,000 replacements more than the text has bytes, or 16 MiB more than
-// the text: `to` can bring `from` about again together with what stands around it. `out` may be `text`.
+// would never end. The same where it is given up, for `to` can bring `from` about again together with what
+// stands around it: beyond what replacing every `from` once takes, the text may grow by 16 MiB, and
+// replacements may take out and put in 2 GiB. `out` may be `text`.
 void ReplaceString(std::string* out, const std::string& text, const std::string& from, const std::string& to);
 
 // Replaces each `from` once and goes on behind the replacement, so that `to` may hold `from`. An empty

@@ -91,18 +91,38 @@ TEST(ReplaceString, AToThatHoldsFromGivesTheText) {
 }
 
 TEST(ReplaceString, AReplacementThatNeverEndsGivesTheText) {
-  // aab, abbaa, bbaabaa: it holds aab again, and so for ever.
-  EXPECT_EQ(replaced(ReplaceString, "aab", "ab", "bbaa"), "aab");
-  // Each a doubles the b behind it: 2 to the power of 50.
+  // aab, abbaa, bbaabaa: it holds aab again, and so for ever. With more b it grows faster.
+  const std::string bs(16, 'b');
+  EXPECT_EQ(replaced(ReplaceString, "aab", "ab", bs + "aa"), "aab");
+  // Each a makes 16 of the b behind it: 16 to the power of 50.
   const std::string explosive = std::string(50, 'a') + "b";
-  EXPECT_EQ(replaced(ReplaceString, explosive, "ab", "bba"), explosive);
+  EXPECT_EQ(replaced(ReplaceString, explosive, "ab", bs + "a"), explosive);
   // Few steps, but each adds a million bytes.
   EXPECT_EQ(replaced(ReplaceString, explosive, "ab", std::string(1000000, 'b') + "a"), explosive);
+}
+
+TEST(ReplaceString, WhatTakesTooLongGivesTheText) {
+  // Each of 50,000 b passes 50 times over 1000 a: that would end after 2,500,000 replacements.
+  const std::string many(1000, 'a');
+  const std::string text = std::string(50000, 'a') + std::string(50000, 'b');
+  EXPECT_EQ(replaced(ReplaceString, text, many + "b", "b" + many), text);
+}
+
+TEST(ReplaceString, WhatEndsIsCarriedToItsEnd) {
+  // Each of 2000 b passes 2000 a: 4,000,000 replacements.
+  const std::string as(2000, 'a'), bs(2000, 'b');
+  EXPECT_EQ(replaced(ReplaceString, as + bs, "ab", "ba"), bs + as);
+  EXPECT_EQ(replacedInBuffer(as + bs, "ab", "ba", 4001).substr(0, 4000), bs + as);
+  // Each of 15 a doubles the b behind it.
+  EXPECT_EQ(replaced(ReplaceString, std::string(15, 'a') + "b", "ab", "bba"),
+            std::string(32768, 'b') + std::string(15, 'a'));
 }
 
 TEST(ReplaceString, ReplacesEveryByteOfALongText) {
   const std::string text(200000, 'a');
   EXPECT_EQ(replaced(ReplaceString, text, "a", "bc").size(), 400000u);
+  // 20 MB: what replacing once takes is no growth that is given up.
+  EXPECT_EQ(replaced(ReplaceString, text, "a", std::string(100, 'b')), std::string(20000000, 'b'));
 }
 
 TEST(ReplaceString2, MovesPastEachReplacement) {
