@@ -13,7 +13,6 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "engine/DicFormat.h"
 #include "engine/Shim.h"
 #include "mkdict/EdictLabels.h"
 #include "mkdict/EntryCheck.h"
