@@ -13,6 +13,7 @@
 #include "LockFile.h"
 #include "MkdictProgram.h"
 #include "PlacesInUse.h"
+#include "TranslationData.h"
 
 namespace zavel::host {
 namespace {
@@ -35,9 +36,11 @@ std::string parentOf(const std::string& folder) {
   return folder.substr(0, folder.rfind('/'));
 }
 
-// Runs mkdict and waits for it; what it says it says itself. `keptOpen` as in runMkdict().
-int passOn(const std::string& program, const std::vector<std::string>& arguments, bool json, int keptOpen) {
-  const MkdictEnd end = runMkdict(program, arguments, keptOpen);
+// Runs mkdict and waits for it; what it says it says itself, unless `output` takes it. `keptOpen` as in
+// runMkdict().
+int passOn(const std::string& program, const std::vector<std::string>& arguments, bool json, int keptOpen,
+           std::string* output = nullptr) {
+  const MkdictEnd end = runMkdict(program, arguments, keptOpen, output);
   if (!end.started) return report(noMkdict(), json);
   if (end.signal == 0) return end.status;
   if (end.signal == SIGINT || end.signal == SIGTERM || end.signal == SIGHUP) return 128 + end.signal;
@@ -45,6 +48,52 @@ int passOn(const std::string& program, const std::vector<std::string>& arguments
                  "the dictionary compiler was ended by signal " + std::to_string(end.signal),
                  "See whether there is memory enough, then try again."},
                 json);
+}
+
+// Compiles the basic dictionary; what mkdict writes as JSON goes to `document` when it succeeds.
+int buildBasic(const std::string& program, const std::string& folder, const DictBuildOptions& options,
+               int keptOpen, std::string* document) {
+  std::vector<std::string> arguments{"--progress", options.progress};
+  if (options.quiet) arguments.push_back("--quiet");
+  if (options.json) arguments.push_back("--json");
+  arguments.push_back(folder);
+  const int status = passOn(program, arguments, options.json, keptOpen, options.json ? document : nullptr);
+  if (status != kExitFound) std::fputs(document->c_str(), stdout);
+  return status;
+}
+
+// "741,379" right in eleven columns, as in the summary of mkdict.
+std::string column(int64_t number) {
+  std::string digits = std::to_string(number);
+  for (size_t at = digits.size(); at > 3; at -= 3) digits.insert(at - 3, ",");
+  return std::string(digits.size() < 11 ? 11 - digits.size() : 0, ' ') + digits;
+}
+
+std::string translationText(const std::string& folder, const TranslationBuild& build) {
+  if (build.made.empty()) return {};
+  std::string text = "For the translation dictionary:\n";
+  for (const TranslationFigures& figures : build.made) {
+    text += column(figures.entries) + "  " + figures.what + ", " + figures.name + "\n";
+    if (figures.leftOut > 0) text += column(figures.leftOut) + "  lines of another form left out\n";
+  }
+  return text + "Written to " + folder + "\n";
+}
+
+// The document of mkdict, or one in its place, with what was made for the translation dictionary behind.
+std::string withTranslation(const std::string& document, const std::string& folder,
+                            const TranslationBuild& build) {
+  JsonWriter json;
+  json.beginObject();
+  if (document.empty()) json.member("schema", 1).member("status", "built").member("folder", folder);
+  json.key("translation").beginArray();
+  for (const TranslationFigures& figures : build.made) {
+    json.beginObject().member("name", figures.name).member("entries", figures.entries);
+    json.member("words", figures.words).member("left_out", figures.leftOut).endObject();
+  }
+  json.endArray().endObject();
+  const size_t end = document.rfind('}');
+  if (end == std::string::npos) return json.text() + "\n";
+  return document.substr(0, end) + "," + json.text().substr(1) + "\n";
 }
 
 std::string stateText(const std::string& folder, const DictionaryState& state) {
@@ -89,9 +138,9 @@ std::string stateJson(const std::string& folder, const DictionaryState& state) {
 int runDictBuild(const DictBuildOptions& options) {
   const Places places = placesInUse();
   if (places.data.empty()) return report(noHome(), options.json);
-  if (options.ifMissing && dictionaryIn(places.dictionary).complete()) return kExitFound;
-  const std::string program = findMkdict();
-  if (program.empty()) return report(noMkdict(), options.json);
+  const bool basic = !options.ifMissing || !dictionaryIn(places.dictionary).complete();
+  const std::string program = basic ? findMkdict() : std::string();
+  if (basic && program.empty()) return report(noMkdict(), options.json);
   const std::string parent = parentOf(places.dictionary);
   if (!makeFolders(parent)) {
     return report({kExitEnvironment, "no_folder", "the folder " + parent + " can't be made",
@@ -100,11 +149,21 @@ int runDictBuild(const DictBuildOptions& options) {
   }
   const LockFile lock(parent + "/.lock");
   if (!lock.held()) return report(notLocked(lock, parent), options.json);
-  std::vector<std::string> arguments{"--progress", options.progress};
-  if (options.quiet) arguments.push_back("--quiet");
-  if (options.json) arguments.push_back("--json");
-  arguments.push_back(places.dictionary);
-  return passOn(program, arguments, options.json, lock.descriptor());
+  std::string document;
+  if (basic) {
+    const int status = buildBasic(program, places.dictionary, options, lock.descriptor(), &document);
+    if (status != kExitFound) return status;
+  }
+  const std::string folder = translationFolder(places.data);
+  const TranslationBuild build =
+      buildTranslationData(folder, options.ifMissing, options.progress, lock.descriptor());
+  if (options.json) {
+    if (basic || !build.made.empty()) document = withTranslation(document, places.dictionary, build);
+    std::fputs(document.c_str(), stdout);
+  } else if (!options.quiet) {
+    std::fputs(translationText(folder, build).c_str(), stdout);
+  }
+  return build.status;
 }
 
 int runDictVerify(bool json) {

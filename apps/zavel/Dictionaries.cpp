@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "SilentOutput.h"
+#include "StyleFile.h"
 #include "Utf8.h"
 #include "config/WorkPaths.h"
 #include "config/WorkStyles.h"
@@ -38,6 +39,7 @@ std::string member(const Value& map, const char* key) {
 // Lines end in a CR inside the system.
 std::string withLineFeeds(std::string text) {
   std::replace(text.begin(), text.end(), '\r', '\n');
+  std::replace(text.begin(), text.end(), '\t', ' ');
   while (!text.empty() && text.back() == '\n') text.pop_back();
   return text;
 }
@@ -90,9 +92,9 @@ void Dictionaries::prepareTool() {
   gSourcePath = folder_.path() + "/SourceFile.txt";
   gResultPath = folder_.path() + "/ResultFile.plist";
   gDictPath = folder_.path() + "/ZP.plist";
-  if (storage().exists(gStylePath)) return;
+  if (areStyles(gStylePath)) return;
   const std::string styles = folder_.path() + "/ZavelStyle";
-  if (writeStylesIfMissing(styles, StyleLanguage::kEnglish)) gStylePath = styles + ".plist";
+  if (writeStylesIfMissing(styles, styleLanguage())) gStylePath = styles + ".plist";
 }
 
 void Dictionaries::setMode(Mode mode) {

@@ -15,10 +15,10 @@ constexpr const char* kShortHelp =
     "zavel - English and Japanese dictionary\n"
     "\n"
     "  zavel look goes            look a word up (English, kana or kanji)\n"
-    "  zavel look --list inter    headwords that begin so\n"
-    "  zavel look --forms stop    inflection table\n"
+    "  zavel look --list inter    headwords that begin so; --forms: inflection table\n"
     "  zavel look --json 行く     for programs; words may come on standard input\n"
     "  zavel dict build           make the dictionary from open data; also: verify, info\n"
+    "  zavel prefs dict list      which dictionaries are searched; also: enable, disable, move\n"
     "  zavel paths | about        folders in use; version, sources and licences\n"
     "\n"
     "`zavel help COMMAND` and `man zavel` tell more.\n";
@@ -29,6 +29,10 @@ const std::map<std::string, const char*> kNotes = {
      "\nWords are matched whole: wildcards (? and *) and Japanese in Latin letters (romaji) are not "
      "supported.\n"
      "A word that begins with a hyphen stands behind two: zavel look -- -able\n"},
+    {"prefs dict",
+     "\nThe translation dictionary has proper nouns and technical terms, too. It is off at first, because it "
+     "starts a\n"
+     "program for each word. To switch it on: zavel prefs dict enable translation\n"},
 };
 
 // What each help begins with.
@@ -44,6 +48,15 @@ const std::map<std::string, const char*> kExamples = {
     {"dict build", "  zavel dict build\n  zavel dict build --if-missing --quiet\n"},
     {"dict verify", "  zavel dict verify\n"},
     {"dict info", "  zavel dict info\n  zavel dict info --json\n"},
+    {"prefs", "  zavel prefs dict list\n  zavel prefs dict enable translation\n"},
+    {"prefs dict",
+     "  zavel prefs dict list\n"
+     "  zavel prefs dict enable translation\n"
+     "  zavel prefs dict move translation 1\n"},
+    {"prefs dict list", "  zavel prefs dict list\n  zavel prefs dict list --json\n"},
+    {"prefs dict enable", "  zavel prefs dict enable translation\n  zavel prefs dict enable 2\n"},
+    {"prefs dict disable", "  zavel prefs dict disable translation\n  zavel prefs dict disable 2\n"},
+    {"prefs dict move", "  zavel prefs dict move translation 1\n  zavel prefs dict move 2 1\n"},
     {"paths", "  zavel paths\n  zavel --root /tmp/try paths --json\n"},
     {"about", "  zavel about\n  zavel about --json\n"},
 };

@@ -12,9 +12,9 @@
 #include "PlacesInUse.h"
 #include "SilentOutput.h"
 #include "Store.h"
+#include "StyleFile.h"
 #include "config/WorkPathTable.h"
 #include "config/WorkPaths.h"
-#include "config/WorkStyles.h"
 #include "config/ZavelPath.h"
 #include "foundation/Storage.h"
 #include "platform/Log.h"
@@ -129,21 +129,26 @@ bool Host::loadPathTable() {
   if (const std::string damage = openStore(platform_); !damage.empty()) warn(damage);
   // The styles are for the translation dictionary's program alone, and reading them is no small part of a
   // start.
-  if (!searchesTranslation())
-    platform_.propertyLists().pretend(places_.config + "/ZavelStyle.plist", Value::Dict());
+  const std::string styles = places_.config + "/ZavelStyle.plist";
+  if (!searchesTranslation() && storage().exists(styles))
+    platform_.propertyLists().pretend(styles, Value::Dict());
   dictionaries_ = std::make_unique<Dictionaries>(platform_);
-  provideStyles();
+  settleStyles();
   const char* dictionary = zavelPathKenkyuDicFolderURL();
   dictionary_ = dictionary ? dictionary : placesInUse().dictionary;
   while (dictionary_.size() > 1 && dictionary_.back() == '/') dictionary_.pop_back();
   return dictionary && zavelPathCacheFolderURL();
 }
 
-// The styles are where the path table says. Work paths were settled without them.
-void Host::provideStyles() {
+// The styles are where the path table says. Work paths were settled without those that are written now.
+void Host::settleStyles() {
   const char* styles = zavelPathTranslationStylePathURL();
-  if (!styles || storage().exists(std::string(styles) + ".plist")) return;
-  if (writeStylesIfMissing(styles, StyleLanguage::kEnglish)) setWorkPaths();
+  if (!styles) return;
+  const std::string file = std::string(styles) + ".plist";
+  const bool there = storage().exists(file);
+  const std::string damage = provideStyles(file, searchesTranslation());
+  if (!damage.empty()) warn(damage);
+  if (!there || !damage.empty()) setWorkPaths();
 }
 
 Failure Host::checkDictionary() const {

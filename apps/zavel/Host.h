@@ -35,7 +35,7 @@ class Host {
 
  private:
   bool loadPathTable();
-  void provideStyles();
+  void settleStyles();
   Failure checkDictionary() const;
   Failure openDictionary();
   void openAlone();

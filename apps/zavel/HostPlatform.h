@@ -66,7 +66,8 @@ class KeptLists : public PropertyLists {
 };
 
 // A terminal shows none of the controller's labels and no web page: texts and resources would be read for
-// nobody, and that takes longer than all the rest of a look-up.
+// nobody, and that takes longer than all the rest of a look-up. A label is then its key; what stands inside a
+// row is as everywhere.
 class BareBundle : public Bundle {
  public:
   explicit BareBundle(Bundle& below) : below_(below) {}
@@ -77,7 +78,9 @@ class BareBundle : public Bundle {
   std::optional<std::string> resourcePath(const std::string&, const std::string&) override {
     return std::nullopt;
   }
-  std::string localized(const std::string& key) override { return key; }
+  std::string localized(const std::string& key) override {
+    return key == "StarMark" ? below_.localized(key) : key;
+  }
 
  private:
   Bundle& below_;

@@ -33,6 +33,14 @@ constexpr DataSource kSources[] = {
      "https://www.edrdg.org/edrdg/licence.html"},
     {"WordNet 3.0 (Princeton University)", "wordnet-base", "irregular forms, derivation, frequency",
      "WordNet 3.0 license", "https://wordnet.princeton.edu/"},
+    {"ENAMDICT (Electronic Dictionary Research and Development Group)", "enamdict",
+     "proper nouns of the translation dictionary",
+     "Creative Commons Attribution-ShareAlike 3.0, EDRDG licence statement",
+     "https://www.edrdg.org/edrdg/licence.html"},
+    {"COMPDIC (Electronic Dictionary Research and Development Group)", "edict",
+     "technical terms of the translation dictionary",
+     "Creative Commons Attribution-ShareAlike 3.0, EDRDG licence statement",
+     "https://www.edrdg.org/edrdg/licence.html"},
 };
 
 using Rows = std::vector<std::pair<const char*, std::string>>;

@@ -33,6 +33,12 @@ bool answerStandardInput(bool nul, Answerer* answerer) {
   return interrupted() || outputFailed() || !std::ferror(stdin);
 }
 
+// Headword lists and inflection tables are had whatever the list says.
+Failure nothingOn(const LookOptions& options, const Dictionaries* dictionaries) {
+  if (options.list || options.forms || !dictionaries || !dictionaries->kinds().empty()) return {};
+  return {kExitEnvironment, "nothing_on", "no dictionary is switched on", "Run: zavel prefs dict enable 1"};
+}
+
 }  // namespace
 
 int runLook(const LookOptions& options) {
@@ -41,6 +47,7 @@ int runLook(const LookOptions& options) {
   watchInterrupts();
   Host host;
   if (const Failure failure = host.open()) return report(failure, options.json);
+  if (const Failure failure = nothingOn(options, host.dictionaries())) return report(failure, options.json);
   Answerer answerer(options, host.manager(), host.dictionaries(), batch);
   const std::vector<std::string> asked =
       options.words.empty() ? std::vector<std::string>{"-"} : options.words;

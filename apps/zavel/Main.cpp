@@ -19,6 +19,7 @@
 #include "Help.h"
 #include "InfoCommands.h"
 #include "LookCommand.h"
+#include "PrefsCommand.h"
 #include "Terminal.h"
 #include "Utf8.h"
 #include "Version.h"
@@ -29,6 +30,7 @@ namespace {
 struct Arguments {
   LookOptions look;
   DictBuildOptions build;
+  PrefsDictOptions prefs;
   std::string mode = "all";
   std::string colour = "auto";
   std::string root;
@@ -62,14 +64,14 @@ void addLook(CLI::App& app, Arguments& a) {
   oneOf(look->add_option("--mode", a.mode, "Part of the entries: all, pos, phrase or example"), "PART",
         {"all", "pos", "phrase", "example"});
   CLI::Option* list = look->add_flag("-l,--list", a.look.list, "Only the headwords that begin with the word");
-  look->add_flag("--forms", a.look.forms, "Only the inflection table")->excludes(list);
+  CLI::Option* forms = look->add_flag("--forms", a.look.forms, "Only the inflection table")->excludes(list);
   CLI::Option* plain = look->add_flag("--plain", a.look.plain, "One record a line, fields parted by tabs");
   between(look->add_option("-n,--limit", a.look.limit, "At most N entries, headwords or suggestions"), 1,
           1000000);
   between(look->add_option("--suggest", a.look.suggest, "At most N near headwords for a word not found"), 0,
           50);
   CLI::Option* row = look->add_option("--row", a.look.row, "Show row N of the result list, counted from 1");
-  between(row, 1, 1000000)->excludes(list)->excludes(plain);
+  between(row, 1, 1000000)->excludes(list)->excludes(forms)->excludes(plain);
   look->add_flag("-0,--null", a.look.nul, "Words on standard input end in NUL");
   oneOf(look->add_option("--color", a.colour, "When to colour: auto, always or never"), "WHEN",
         {"auto", "always", "never"});
@@ -89,6 +91,28 @@ void addDict(CLI::App& app, Arguments& a) {
   addCommon(build, a);
   addCommon(dict->add_subcommand("verify", "Walk every row of every index to its entry"), a);
   addCommon(dict->add_subcommand("info", "Where it stands and how large it is"), a);
+}
+
+void addPrefs(CLI::App& app, Arguments& a) {
+  CLI::App* prefs = app.add_subcommand("prefs", "Show and change preferences");
+  prefs->require_subcommand(1);
+  CLI::App* dict = prefs->add_subcommand("dict", "Which dictionaries are searched, and in which order");
+  dict->require_subcommand(1);
+  addCommon(dict->add_subcommand("list", "The dictionaries in the order of the search"), a);
+  const auto addChange = [&](const char* name, const char* what) {
+    CLI::App* command = dict->add_subcommand(name, what);
+    command->add_option("dictionary", a.prefs.dictionary, "Its number in the list, or its name")
+        ->type_name("DICTIONARY")
+        ->required();
+    addCommon(command, a);
+    return command;
+  };
+  addChange("enable", "Switch a dictionary on");
+  addChange("disable", "Switch a dictionary off");
+  addChange("move", "Put a dictionary in another place of the list")
+      ->add_option("position", a.prefs.position, "The place, counted from 1")
+      ->type_name("POSITION")
+      ->required();
 }
 
 // `zavel help`, `zavel help dict build`.
@@ -115,10 +139,14 @@ int dispatch(CLI::App& app, const std::vector<std::string>& commands, Arguments&
     printHelp(app, commands);
     return kExitUsage;
   }
-  a.build.json = a.json;
+  a.build.json = a.prefs.json = a.json;
   if (command == "dict build") return runDictBuild(a.build);
   if (command == "dict verify") return runDictVerify(a.json);
   if (command == "dict info") return runDictInfo(a.json);
+  if (command == "prefs dict list") return runPrefsDictList(a.prefs);
+  if (command == "prefs dict enable") return runPrefsDictEnable(a.prefs, true);
+  if (command == "prefs dict disable") return runPrefsDictEnable(a.prefs, false);
+  if (command == "prefs dict move") return runPrefsDictMove(a.prefs);
   if (command == "paths") return runPaths(a.json);
   return runAbout(a.json);
 }
@@ -138,6 +166,7 @@ int run(const std::vector<std::string>& words) {
   // A look-up is short enough to feel what the options of the others cost.
   if (words.empty() || words[0] != "look") {
     addDict(app, arguments);
+    addPrefs(app, arguments);
     addCommon(app.add_subcommand("paths", "Print the folders in use"), arguments);
     addCommon(app.add_subcommand("about", "Version, sources and licences"), arguments);
   }

@@ -50,12 +50,24 @@ class HandOn {
 };
 
 // What the child does. When this process is killed, which it can't hand on, the child is asked to end.
-[[noreturn]] void become(const std::string& program, char* const* argv, pid_t parent, int keptOpen) {
+[[noreturn]] void become(const std::string& program, char* const* argv, pid_t parent, int keptOpen,
+                         int output) {
   prctl(PR_SET_PDEATHSIG, SIGTERM);
   if (getppid() != parent) _exit(kNotStarted);  // it was killed already
   if (keptOpen >= 0) fcntl(keptOpen, F_SETFD, 0);
+  if (output >= 0) dup2(output, STDOUT_FILENO);
   execv(program.c_str(), argv);
   _exit(kNotStarted);
+}
+
+// Reads until all that write into the pipe have ended.
+void readAll(int pipe, std::string* output) {
+  char piece[4096];
+  for (;;) {
+    const ssize_t count = read(pipe, piece, sizeof piece);
+    if (count > 0) output->append(piece, static_cast<size_t>(count));
+    if (count == 0 || (count < 0 && errno != EINTR)) return;
+  }
 }
 
 std::string folderOfThisProgram() {
@@ -79,21 +91,33 @@ std::string findMkdict() {
   return {};
 }
 
-MkdictEnd runMkdict(const std::string& program, const std::vector<std::string>& arguments, int keptOpen) {
+MkdictEnd runMkdict(const std::string& program, const std::vector<std::string>& arguments, int keptOpen,
+                    std::string* output) {
   std::vector<char*> argv{const_cast<char*>(program.c_str())};
   for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
   argv.push_back(nullptr);
   const HandOn signals;
   MkdictEnd end;
-  const pid_t parent = getpid();
-  const pid_t child = fork();
-  if (child < 0) {
+  int pipe[2] = {-1, -1};
+  if (output && pipe2(pipe, O_CLOEXEC) != 0) {
     end.started = false;
     return end;
   }
-  if (child == 0) become(program, argv.data(), parent, keptOpen);
+  const pid_t parent = getpid();
+  const pid_t child = fork();
+  if (child == 0) become(program, argv.data(), parent, keptOpen, pipe[1]);
+  if (pipe[1] >= 0) close(pipe[1]);
+  if (child < 0) {
+    if (pipe[0] >= 0) close(pipe[0]);
+    end.started = false;
+    return end;
+  }
   g_child = child;
   if (g_signal != 0) kill(child, g_signal);  // it came before there was a child
+  if (output) {
+    readAll(pipe[0], output);
+    close(pipe[0]);
+  }
   int status = 0;
   while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
   }

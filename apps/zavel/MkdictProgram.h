@@ -20,8 +20,10 @@ struct MkdictEnd {
 
 // Runs it and waits. SIGINT, SIGTERM and SIGHUP are handed on to it, so that it can remove what it has begun
 // before this process ends; when this process is killed, it gets SIGTERM. `keptOpen`, a descriptor or -1, stays
-// open in it: a lock on that file is held until both have ended.
-MkdictEnd runMkdict(const std::string& program, const std::vector<std::string>& arguments, int keptOpen);
+// open in it: a lock on that file is held until both have ended. `output` takes what it writes to standard
+// output; null lets it through. Serves for every program of that kind.
+MkdictEnd runMkdict(const std::string& program, const std::vector<std::string>& arguments, int keptOpen,
+                    std::string* output = nullptr);
 
 }  // namespace zavel::host
 

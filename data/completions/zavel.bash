@@ -15,7 +15,7 @@ _zavel() {
     --limit | -n | --suggest | --row) return ;;
   esac
   if [ "$COMP_CWORD" -eq 1 ]; then
-    COMPREPLY=($(compgen -W "look dict paths about help --help --version" -- "$current"))
+    COMPREPLY=($(compgen -W "look dict prefs paths about help --help --version" -- "$current"))
     return
   fi
   case "${COMP_WORDS[1]}" in
@@ -26,9 +26,17 @@ _zavel() {
       elif [ "${COMP_WORDS[2]}" = build ]; then
         words+=" --if-missing --quiet --progress"
       fi ;;
+    prefs)
+      case $COMP_CWORD in
+        2) words="dict --help" ;;
+        3) words="list enable disable move --help" ;;
+        4) [ "${COMP_WORDS[3]}" = list ] || words+=" bilingual translation" ;;
+      esac ;;
     help)
-      words="look dict paths about"
-      [ "${COMP_WORDS[2]}" = dict ] && words="build verify info" ;;
+      words="look dict prefs paths about"
+      [ "${COMP_WORDS[2]}" = dict ] && words="build verify info"
+      [ "${COMP_WORDS[2]}" = prefs ] && words="dict"
+      [ "${COMP_WORDS[2]} ${COMP_WORDS[3]}" = "prefs dict" ] && words="list enable disable move" ;;
   esac
   if [ "${COMP_WORDS[1]}" = look ] && [[ "$current" != -* ]] && [ ${#current} -ge 3 ]; then
     COMPREPLY=()

@@ -8,6 +8,7 @@ end
 complete -c zavel -f
 complete -c zavel -n __fish_use_subcommand -a look -d 'Look words up'
 complete -c zavel -n __fish_use_subcommand -a dict -d 'Make, check and describe the dictionary'
+complete -c zavel -n __fish_use_subcommand -a prefs -d 'Show and change preferences'
 complete -c zavel -n __fish_use_subcommand -a paths -d 'Print the folders in use'
 complete -c zavel -n __fish_use_subcommand -a about -d 'Version, sources and licences'
 complete -c zavel -n __fish_use_subcommand -a help -d 'Help of a command'
@@ -26,8 +27,10 @@ complete -c zavel -n '__fish_seen_subcommand_from look' -l row -x -d 'Show this 
 complete -c zavel -n '__fish_seen_subcommand_from look' -s 0 -l null -d 'Words end in NUL'
 complete -c zavel -n '__fish_seen_subcommand_from look' -l color -x -a 'auto always never' -d 'Colours'
 complete -c zavel -n '__fish_seen_subcommand_from look' -a '(__zavel_headwords)'
-complete -c zavel -n '__fish_seen_subcommand_from dict' -a 'build verify info'
+complete -c zavel -n '__fish_seen_subcommand_from dict; and not __fish_seen_subcommand_from prefs' -a 'build verify info'
 complete -c zavel -n '__fish_seen_subcommand_from dict' -l if-missing -d 'Do nothing if there is one'
 complete -c zavel -n '__fish_seen_subcommand_from dict' -s q -l quiet -d 'No summary'
 complete -c zavel -n '__fish_seen_subcommand_from dict' -l progress -x -a 'auto bar plain json none'
-complete -c zavel -n '__fish_seen_subcommand_from help' -a 'look dict paths about'
+complete -c zavel -n '__fish_seen_subcommand_from prefs; and not __fish_seen_subcommand_from dict' -a dict
+complete -c zavel -n '__fish_seen_subcommand_from prefs; and __fish_seen_subcommand_from dict' -a 'list enable disable move bilingual translation'
+complete -c zavel -n '__fish_seen_subcommand_from help' -a 'look dict prefs paths about'

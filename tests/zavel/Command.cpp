@@ -71,9 +71,10 @@ Command& Command::terminal(unsigned short rows, unsigned short columns) {
   return *this;
 }
 
-Command& Command::signalAt(std::string path, int signal) {
+Command& Command::signalAt(std::string path, int signal, int times) {
   awaited_ = std::move(path);
   signal_ = signal;
+  times_ = times;
   return *this;
 }
 
@@ -107,7 +108,10 @@ void Command::become(const std::string& folder, int slave) const {
 void Command::sendSignal(int child) const {
   for (int waited = 0; waited < 2000 && access(awaited_.c_str(), F_OK) != 0; ++waited) usleep(10000);
   usleep(50000);  // what the program does right behind that is done, too
-  kill(child, signal_);
+  for (int sent = 0; sent < times_; ++sent) {
+    if (sent > 0) usleep(300000);
+    kill(child, signal_);
+  }
 }
 
 Outcome Command::run() const {

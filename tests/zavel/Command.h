@@ -26,8 +26,8 @@ class Command {
   Command& closed(int fd);
   // Standard input, output and error are a terminal of this size. Nothing is typed on it.
   Command& terminal(unsigned short rows, unsigned short columns);
-  // Sends `signal` once `path` exists.
-  Command& signalAt(std::string path, int signal);
+  // Sends `signal` once `path` exists, and again after a while until it was sent so many times.
+  Command& signalAt(std::string path, int signal, int times = 1);
 
   Outcome run() const;
 
@@ -38,7 +38,7 @@ class Command {
   std::vector<std::string> arguments_;
   std::map<std::string, std::string> env_;
   std::string input_, inputFile_, outputFile_, awaited_;
-  int closed_ = -1, signal_ = 0;
+  int closed_ = -1, signal_ = 0, times_ = 1;
   unsigned short rows_ = 0, columns_ = 0;
 };
 

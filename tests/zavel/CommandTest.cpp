@@ -36,7 +36,10 @@ class CommandTest : public testing::Test {
   std::string table() const { return root() + kTable; }
 
   Command zavel(std::vector<std::string> arguments) const {
-    return Command(std::move(arguments)).env("ZAVEL_ROOT", root()).env("ZAVEL_MKDICT", MKDICT_PROGRAM);
+    return Command(std::move(arguments))
+        .env("ZAVEL_ROOT", root())
+        .env("ZAVEL_MKDICT", MKDICT_PROGRAM)
+        .env("ZAVEL_EDICT", folder_.path());
   }
   Command onTerminal(std::vector<std::string> arguments) const {
     return zavel(std::move(arguments)).terminal(24, 60).env("TERM", "xterm");
@@ -98,6 +101,12 @@ TEST_F(CommandTest, EveryCommandsHelpBeginsWithExamples) {
                                              {"help", "dict", "build"},
                                              {"help", "dict", "verify"},
                                              {"help", "dict", "info"},
+                                             {"help", "prefs"},
+                                             {"help", "prefs", "dict"},
+                                             {"help", "prefs", "dict", "list"},
+                                             {"help", "prefs", "dict", "enable"},
+                                             {"help", "prefs", "dict", "disable"},
+                                             {"help", "prefs", "dict", "move"},
                                              {"help", "paths"},
                                              {"help", "about"}}) {
     EXPECT_TRUE(zavel(words).run().out.starts_with("Examples:\n  zavel ")) << words.back();

@@ -43,7 +43,10 @@ class JsonKeysTest : public testing::Test {
   std::string root() const { return folder_.path() + "/root"; }
 
   Command command(std::vector<std::string> arguments) const {
-    return Command(std::move(arguments)).env("ZAVEL_ROOT", root()).env("ZAVEL_MKDICT", MKDICT_PROGRAM);
+    return Command(std::move(arguments))
+        .env("ZAVEL_ROOT", root())
+        .env("ZAVEL_MKDICT", MKDICT_PROGRAM)
+        .env("ZAVEL_EDICT", folder_.path());
   }
   // The one document of a run. Its keys are documented ones in snake_case.
   Json document(std::vector<std::string> arguments) const {
@@ -308,7 +311,7 @@ TEST_F(JsonKeysTest, OfTheProgramItself) {
   EXPECT_EQ(json["name"], "ZavelLex");
   EXPECT_EQ("zavel " + std::string(json["version"]) + "\n", command({"--version"}).run().out);
   EXPECT_EQ(json["license"], "Apache-2.0");
-  ASSERT_EQ(json["sources"].size(), 3u);
+  ASSERT_EQ(json["sources"].size(), 5u);
   for (const Json& source : json["sources"]) {
     EXPECT_EQ(keysOf(source), (Keys{"name", "package", "use", "license", "home"}));
     for (const auto& [key, value] : source.items()) EXPECT_TRUE(value.is_string() && value != "") << key;
@@ -316,6 +319,15 @@ TEST_F(JsonKeysTest, OfTheProgramItself) {
   EXPECT_EQ(json["sources"][0]["package"], "dict-freedict-eng-jpn");
   EXPECT_EQ(json["sources"][1]["package"], "edict");
   EXPECT_EQ(json["sources"][2]["package"], "wordnet-base");
+  EXPECT_EQ(json["sources"][3]["package"], "enamdict");
+  EXPECT_EQ(json["sources"][4]["use"], "technical terms of the translation dictionary");
+}
+
+TEST_F(JsonKeysTest, OfThePreferences) {
+  const Json json = document({"prefs", "dict", "list", "--json"});
+  EXPECT_EQ(keysOf(json), (Keys{"schema", "file", "searched", "dictionaries"}));
+  ASSERT_EQ(json["dictionaries"].size(), 2u);
+  EXPECT_EQ(keysOf(json["dictionaries"][0]), (Keys{"number", "on", "name", "type"}));
 }
 
 TEST_F(JsonKeysTest, ABatchIsOneDocumentALine) {

@@ -6,7 +6,7 @@ zavel=$(realpath "$1") mkdict=$(realpath "$2") make_dictionary=$3 source=$4
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 unset NO_COLOR CLICOLOR_FORCE FORCE_COLOR ZAVEL_LOG XDG_DATA_HOME XDG_CONFIG_HOME XDG_STATE_HOME XDG_CACHE_HOME
-export ZAVEL_ROOT=$work/root ZAVEL_MKDICT=$mkdict HOME=$work/home
+export ZAVEL_ROOT=$work/root ZAVEL_MKDICT=$mkdict ZAVEL_EDICT=$work/none HOME=$work/home
 failures=0 checks=0
 
 # expect NAME STATUS OUT ERR COMMAND...: OUT and ERR are patterns of the whole text ("" for none).
@@ -93,7 +93,7 @@ expect_input "an error object in the place of a refused word" 4 \
 
 expect "paths" 0 "data *$work/root*cache *$work/root/cache*" "" "$zavel" paths
 expect "paths as JSON" 0 "{\"schema\":1,\"data\":\"$work/root\",*}" "" "$zavel" paths --json
-expect "about names sources and licences" 0 "*FreeDict*EDICT*WordNet*" "" "$zavel" about
+expect "about names sources and licences" 0 "*FreeDict*EDICT*WordNet*ENAMDICT*COMPDIC*" "" "$zavel" about
 expect "info lists the files" 0 "*ej.dic*ke.idx*together*" "" "$zavel" dict info
 [ -f "$work/root/Library/Application Support/Tarnwick/ZavelLex/ZavelPath.plist" ] || { echo "FAILED: no path table was written"; failures=$((failures + 1)); }
 
@@ -130,8 +130,8 @@ expect "build --if-missing does nothing when there is one" 0 "" "" "$zavel" dict
 # completions name no others.
 fail() { echo "FAILED: $*"; failures=$((failures + 1)); }
 long_options() { grep -oE -- '--[a-z][a-z-]*' | sort -u; }
-page_of() { case "$1" in dict*) echo zavel-dict ;; *) echo "zavel-$1" ;; esac; }
-for command in look "dict build" "dict verify" "dict info" paths about; do
+page_of() { case "$1" in dict*) echo zavel-dict ;; prefs*) echo zavel-prefs ;; *) echo "zavel-$1" ;; esac; }
+for command in look "dict build" "dict verify" "dict info" "prefs dict list" "prefs dict enable" "prefs dict disable" "prefs dict move" paths about; do
   "$zavel" help $command | sed -n '/^Options:/,$p' | sed 's/Excludes: [-a-z]*//' | long_options >"$work/options"
   page=$source/docs/man/$(page_of "$command").1.scd
   for option in $(cat "$work/options"); do
@@ -144,13 +144,13 @@ for command in look "dict build" "dict verify" "dict info" paths about; do
   cat "$work/options" >>"$work/all-options"
 done
 known=" $(sort -u "$work/all-options" | tr '\n' ' ') --version "
-for file in "$source"/docs/man/zavel{,-look,-dict,-paths,-about}.1.scd "$source"/data/completions/{zavel.bash,_zavel}; do
+for file in "$source"/docs/man/zavel{,-look,-dict,-prefs,-paths,-about}.1.scd "$source"/data/completions/{zavel.bash,_zavel}; do
   for option in $(grep -v 'sed -E\|cut -f' "$file" | long_options); do
     checks=$((checks + 1))
     [[ "$known" == *" $option "* ]] || fail "$file names $option, which no command has"
   done
 done
-for page in zavel zavel-look zavel-dict zavel-paths zavel-about mkdict; do
+for page in zavel zavel-look zavel-dict zavel-prefs zavel-paths zavel-about mkdict; do
   for section in NAME SYNOPSIS DESCRIPTION OPTIONS "EXIT STATUS" EXAMPLES "SEE ALSO"; do
     checks=$((checks + 1))
     grep -qx "# $section" "$source/docs/man/$page.1.scd" || fail "$page.1 has no section $section"
@@ -163,7 +163,7 @@ while read -r line; do
   (cd "$work" && printf 'church\n' >words.txt && PATH=$(dirname "$zavel"):$PATH bash -c "$line" >/dev/null 2>"$work/err" </dev/null)
   status=$?
   [ "$status" -le 1 ] || fail "the example \"$line\" ends in $status: $(cat "$work/err")"
-done < <({ sed -n '/^```sh/,/^```/p' "$source/README.md"; sed -n '/^# EXAMPLES/,/^# SEE/p' "$source"/docs/man/zavel{,-look,-dict,-paths,-about}.1.scd; } |
+done < <({ sed -n '/^```sh/,/^```/p' "$source/README.md"; sed -n '/^# EXAMPLES/,/^# SEE/p' "$source"/docs/man/zavel{,-look,-dict,-prefs,-paths,-about}.1.scd; } |
   sed -E 's/^[[:space:]]+//; s/\\\\/\\/g; s/ +# .*//' | grep -E '^(zavel|printf|xargs)' | grep -vE 'dict build|\| (verify|info)' | sort -u)
 
 # bash: completion of commands, options, values and headwords.
@@ -185,6 +185,10 @@ completes 'Cape\ Town' zavel look Cape
 completes "build" zavel dict b
 completes "--if-missing" zavel dict build --if
 completes "verify" zavel help dict v
+completes "dict" zavel prefs d
+completes "enable" zavel prefs dict e
+completes "translation" zavel prefs dict enable t
+completes "move" zavel help prefs dict m
 
 echo "$checks checks, $failures failed"
 [ "$failures" -eq 0 ]

@@ -1,0 +1,172 @@
+// Tests: tests/zavel/PrefsTest.cpp
+#include "PrefsCommand.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+#include <functional>
+#include <optional>
+
+#include "Failure.h"
+#include "Host.h"
+#include "HostPlatform.h"
+#include "JsonWriter.h"
+#include "Store.h"
+#include "Utf8.h"
+#include "config/ZFWPlistController.h"
+#include "prefs/ZFWDictTabView.h"
+
+namespace zavel::host {
+namespace {
+
+struct Item {
+  bool on = false;
+  std::string name;
+  std::string type;
+};
+
+std::string typeName(const std::string& type) {
+  if (type == ZFWMirellType) return kindName(RowKind::kBilingual);
+  if (type == ZFWTransType) return kindName(RowKind::kTranslation);
+  return type == ZFWHwType ? "book" : "unknown";
+}
+
+std::string member(const Value& map, const char* key) {
+  const Value* value = map.find(key);
+  return value ? value->string() : std::string();
+}
+
+std::string lowerCase(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(),
+                 [](unsigned char c) { return static_cast<char>(c < 0x80 ? std::tolower(c) : c); });
+  return text;
+}
+
+// The dictionary list of the store, for one command.
+class DictionaryList {
+ public:
+  DictionaryList() {
+    if (const std::string damage = openStore(platform_); !damage.empty()) warn(damage);
+    tab_.emplace();
+    tab_->loadTWED();
+    tab_->loadApplet();
+  }
+  ~DictionaryList() {
+    tab_.reset();
+    closeStore();
+  }
+  DictionaryList(const DictionaryList&) = delete;
+  DictionaryList& operator=(const DictionaryList&) = delete;
+
+  ZFWDictTabView& tab() { return *tab_; }
+  size_t size() const { return tab_->dictListArray().size(); }
+
+  Item at(size_t index) const {
+    const Value& item = tab_->dictListArray()[index];
+    return {member(item, ZFWSelectStatusKey) != ZFWNoStatus, withoutControls(member(item, ZFWDictTitleKey)),
+            typeName(member(item, ZFWDictTypeKey))};
+  }
+
+  // By its number, its name or its type, in this order; nothing when there is none.
+  std::optional<size_t> find(const std::string& wanted) const {
+    const bool number =
+        !wanted.empty() && wanted.size() < 7 && wanted.find_first_not_of("0123456789") == std::string::npos;
+    if (number) {
+      const size_t index = std::stoul(wanted);
+      return index >= 1 && index <= size() ? std::optional<size_t>(index - 1) : std::nullopt;
+    }
+    for (std::string Item::*field : {&Item::name, &Item::type}) {
+      for (size_t i = 0; i < size(); ++i) {
+        if (lowerCase(at(i).*field) == lowerCase(wanted)) return i;
+      }
+    }
+    return std::nullopt;
+  }
+
+  // Whether this system searches them; else an outside book browser gets the words.
+  bool searched() const { return tab_->getApplet() == kAppletSystem; }
+
+ private:
+  HostPlatform platform_;
+  std::optional<ZFWDictTabView> tab_;
+};
+
+std::string listJson(const DictionaryList& list) {
+  JsonWriter json;
+  json.beginObject().member("schema", 1).member("file", gZFWPlist->path());
+  json.key("searched").boolean(list.searched()).key("dictionaries").beginArray();
+  for (size_t i = 0; i < list.size(); ++i) {
+    const Item item = list.at(i);
+    json.beginObject().member("number", static_cast<int64_t>(i + 1)).key("on").boolean(item.on);
+    json.member("name", item.name).member("type", item.type).endObject();
+  }
+  json.endArray().endObject();
+  return json.text() + "\n";
+}
+
+std::string listText(const DictionaryList& list) {
+  size_t width = 0;
+  for (size_t i = 0; i < list.size(); ++i) width = std::max(width, columns(list.at(i).name));
+  std::string text;
+  for (size_t i = 0; i < list.size(); ++i) {
+    const Item item = list.at(i);
+    text += std::to_string(i + 1) + (item.on ? "  on   " : "  off  ") + item.name +
+            std::string(width - columns(item.name) + 2, ' ') + item.type + "\n";
+  }
+  if (!list.searched()) text += "None of them is searched: words go to an outside book browser.\n";
+  return text;
+}
+
+int show(const DictionaryList& list, bool json) {
+  const std::string text = json ? listJson(list) : listText(list);
+  std::fputs(text.c_str(), stdout);
+  return kExitFound;
+}
+
+Failure noSuchDictionary(const std::string& wanted) {
+  return {kExitUsage, "no_such_dictionary", "there is no dictionary \"" + printable(wanted) + "\"",
+          "Give a number or a name of: zavel prefs dict list"};
+}
+
+Failure notStored() {
+  return {kExitEnvironment, "not_stored", "the preferences can't be written: " + gZFWPlist->path(),
+          "See whether the disk is full, or the folder not yours."};
+}
+
+// Finds the dictionary, changes it, shows the list.
+int change(const PrefsDictOptions& options,
+           const std::function<Failure(DictionaryList& list, size_t index)>& edit) {
+  if (findPlaces().data.empty()) return report(noHome(), options.json);
+  DictionaryList list;
+  const std::optional<size_t> index = list.find(options.dictionary);
+  if (!index) return report(noSuchDictionary(options.dictionary), options.json);
+  if (const Failure failure = edit(list, *index)) return report(failure, options.json);
+  return show(list, options.json);
+}
+
+}  // namespace
+
+int runPrefsDictList(const PrefsDictOptions& options) {
+  if (findPlaces().data.empty()) return report(noHome(), options.json);
+  return show(DictionaryList(), options.json);
+}
+
+int runPrefsDictEnable(const PrefsDictOptions& options, bool on) {
+  return change(options, [on](DictionaryList& list, size_t index) {
+    return list.tab().setSelected(index, on) ? Failure{} : notStored();
+  });
+}
+
+int runPrefsDictMove(const PrefsDictOptions& options) {
+  return change(options, [&options](DictionaryList& list, size_t index) -> Failure {
+    const size_t place = static_cast<size_t>(options.position);
+    if (place < 1 || place > list.size()) {
+      return {kExitUsage, "no_such_place",
+              "there is no place " + std::to_string(options.position) + " in the list",
+              "Give a number from 1 to " + std::to_string(list.size()) + "."};
+    }
+    return list.tab().moveItem(index, place - 1) ? Failure{} : notStored();
+  });
+}
+
+}  // namespace zavel::host

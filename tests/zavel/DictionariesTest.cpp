@@ -1,0 +1,436 @@
+// Several dictionaries at once: the program with helper programs that answer, fail, hang or write nonsense.
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "support/DicWriter.h"
+#include "support/TempFolder.h"
+#include "zavel/Command.h"
+#include "zavel/HostDictionary.h"
+
+namespace zavel::host {
+namespace {
+
+using Json = nlohmann::ordered_json;
+using test::Command;
+using test::Outcome;
+using test::readFile;
+using test::writeFile;
+namespace fs = std::filesystem;
+
+constexpr const char* kPreferences = "/Library/Preferences/local.tarnwick.ZavelLex_ZavelLex.plist";
+constexpr const char* kChurch = "church **\n\n-[名][Ｃ]\n教会\n";
+// Finds the files in the helper program's arguments.
+constexpr const char* kArguments =
+    "while [ $# -gt 1 ]; do case \"$1\" in -r) result=$2 ;; -e) source=$2 ;; -d) parameters=$2 ;; "
+    "-i) styles=$2 ;; esac; shift; done\n";
+
+std::string answer(const std::string& text) {
+  return "printf '<plist version=\"1.0\"><dict><key>Search</key><array><string>%s</string></array></dict>"
+         "</plist>' \"" +
+         text + "\" >\"$result\"\n";
+}
+
+class DictionariesTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    test::writeHostDictionary(root() + "/dictionaries/basic");
+    fs::create_directories(helpers());
+    fs::create_directories(temporary());
+  }
+
+  std::string root() const { return folder_.path() + "/root"; }
+  std::string helpers() const { return folder_.path() + "/helpers"; }
+  std::string temporary() const { return folder_.path() + "/tmp"; }
+  std::string file(const std::string& name) const { return folder_.file(name); }
+
+  Command zavel(std::vector<std::string> arguments) const {
+    return Command(std::move(arguments))
+        .env("ZAVEL_ROOT", root())
+        .env("ZAVEL_LIBEXEC", helpers())
+        .env("TMPDIR", temporary());
+  }
+
+  // The helper program of both directions, a shell script.
+  void helper(const std::string& lines) const {
+    for (const char* name : {"/zavel-text-ej", "/zavel-text-je"}) {
+      const std::string path = helpers() + name;
+      std::ofstream(path, std::ios::trunc) << "#!/bin/sh\n" << kArguments << lines;
+      chmod(path.c_str(), 0700);
+    }
+  }
+
+  void enable() const { ASSERT_EQ(zavel({"prefs", "dict", "enable", "translation"}).run().status, 0); }
+
+  // One line about the helper program for English words.
+  std::string complaint(const std::string& start, const std::string& end) const {
+    return "zavel: the translation dictionary " + start + helpers() + "/zavel-text-ej" + end + "\n";
+  }
+
+  test::TempFolder folder_;
+};
+
+// Which dictionaries are asked
+
+TEST_F(DictionariesTest, OnTheFirstDayTheTranslationDictionaryIsOff) {
+  helper(": >'" + file("started") + "'\n" + answer("words"));
+  const Outcome outcome = zavel({"look", "church"}).run();
+  EXPECT_EQ(outcome.out, kChurch);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_FALSE(fs::exists(file("started")));
+  EXPECT_EQ(zavel({"prefs", "dict", "list"}).run().out,
+            "1  on   Standard dictionary     bilingual\n2  off  Translation dictionary  translation\n");
+}
+
+TEST_F(DictionariesTest, EachDictionaryAnswersBelowItsName) {
+  helper(answer("church: a house"));
+  enable();
+  EXPECT_EQ(zavel({"look", "church"}).run().out, std::string("── Standard dictionary ──\n") + kChurch +
+                                                     "\n── Translation dictionary ──\nchurch: a house\n");
+}
+
+TEST_F(DictionariesTest, TheOrderIsTheUsers) {
+  helper(answer("church: a house"));
+  enable();
+  ASSERT_EQ(zavel({"prefs", "dict", "move", "translation", "1"}).run().status, 0);
+  EXPECT_EQ(
+      zavel({"look", "church"}).run().out,
+      std::string("── Translation dictionary ──\nchurch: a house\n\n── Standard dictionary ──\n") + kChurch);
+  const Json rows = Json::parse(zavel({"look", "--json", "church"}).run().out)["rows"];
+  ASSERT_EQ(rows.size(), 2u);
+  EXPECT_EQ(rows[0]["type"], "translation");
+  EXPECT_EQ(rows[1]["type"], "bilingual");
+}
+
+TEST_F(DictionariesTest, ADictionaryThatIsOffIsNotAsked) {
+  helper(answer("a house"));
+  enable();
+  ASSERT_EQ(zavel({"prefs", "dict", "disable", "1"}).run().status, 0);
+  EXPECT_EQ(zavel({"look", "church"}).run().out, "── Translation dictionary ──\na house\n");
+  // What is the bilingual dictionary's alone is still to be had.
+  EXPECT_EQ(zavel({"look", "--list", "chu"}).run().out, "**church [教会]\n");
+}
+
+TEST_F(DictionariesTest, NothingSwitchedOnIsTold) {
+  ASSERT_EQ(zavel({"prefs", "dict", "disable", "1"}).run().status, 0);
+  const Outcome outcome = zavel({"look", "church"}).run();
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.err, "zavel: no dictionary is switched on\nRun: zavel prefs dict enable 1\n");
+}
+
+TEST_F(DictionariesTest, AWordThatOneOfThemHasIsFound) {
+  helper(answer("a name"));
+  enable();
+  const Outcome outcome = zavel({"look", "Tanaka"}).run();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "── Translation dictionary ──\na name\n");
+  const Json json = Json::parse(zavel({"look", "--json", "Tanaka"}).run().out);
+  EXPECT_EQ(json["status"], "found");
+  EXPECT_EQ(json["entries"], Json::array());
+  EXPECT_EQ(json["rows"],
+            Json::parse(R"([{"type":"translation","dictionary":"Translation dictionary","title":"Tanaka",)"
+                        R"("shown":true,"text":"a name"}])"));
+}
+
+TEST_F(DictionariesTest, InflectedWordsKeepTheirReasonsBesideAnotherDictionary) {
+  helper(answer("walks"));
+  enable();
+  EXPECT_TRUE(
+      zavel({"look", "goes"})
+          .run()
+          .out.starts_with("── Standard dictionary ──\ngoes: third person singular of go\n\ngo² ***\n"));
+}
+
+TEST_F(DictionariesTest, PlainRecordsTellWhatIsTheTranslationDictionarys) {
+  helper(answer("head\n    a\tb"));
+  enable();
+  EXPECT_EQ(zavel({"look", "--plain", "church"}).run().out,
+            "church\tchurch\t\tn,countable\t教会\t\nchurch\tchurch\t\ttranslation\thead\t\n"
+            "church\tchurch\t\ttranslation\ta b\t\n");
+}
+
+TEST_F(DictionariesTest, NamesAreInTheUsersLanguage) {
+  helper(answer("a house"));
+  enable();
+  EXPECT_TRUE(zavel({"look", "church"}).env("LANG", "ja_JP.UTF-8").run().out.starts_with("── 標準辞書 ──\n"));
+}
+
+TEST_F(DictionariesTest, NamesAreDimmedOnATerminal) {
+  helper(answer("a house"));
+  enable();
+  const Outcome outcome = zavel({"look", "church"}).terminal(24, 60).env("TERM", "xterm").run();
+  EXPECT_TRUE(outcome.out.starts_with("\x1b[2m── Standard dictionary ──\x1b[0m\n")) << outcome.out;
+}
+
+TEST_F(DictionariesTest, EscapeSequencesOfAnAnswerReachNoTerminal) {
+  helper(
+      "printf '<plist version=\"1.0\"><dict><key>Search</key><array><string>a\\302\\233b</string></array>"
+      "</dict></plist>' >\"$result\"\n");
+  enable();
+  EXPECT_NE(zavel({"look", "church"})
+                .run()
+                .out.find("\na\xEF\xBF\xBD"
+                          "b\n"),
+            std::string::npos);
+}
+
+// What goes to the helper program
+
+TEST_F(DictionariesTest, TheHelperGetsTheWordTheParametersTheStylesAndTheRoot) {
+  helper("iconv -f CP932 -t UTF-8 \"$source\" >'" + file("word") + "'\ncp \"$parameters\" '" +
+         file("parameters") + "'\ncp \"$styles\" '" + file("styles") + "'\n" + answer("$ZAVEL_ROOT"));
+  enable();
+  EXPECT_NE(zavel({"--root", root(), "look", "行く"}).env("ZAVEL_ROOT", "/nowhere").run().out.find(root()),
+            std::string::npos);
+  EXPECT_EQ(readFile(file("word")), "行く");
+  EXPECT_NE(readFile(file("parameters")).find("SystemDictionaryEJ"), std::string::npos);
+  EXPECT_NE(readFile(file("styles")).find("Business letters"), std::string::npos);
+}
+
+TEST_F(DictionariesTest, ProcessesSideBySideGetTheirOwnAnswers) {
+  helper("word=$(cat \"$source\")\nsleep 0.2\n" + answer("about $word"));
+  enable();
+  std::vector<pid_t> children;
+  for (int i = 0; i < 6; ++i) {
+    const std::string word = "word" + std::string(1, static_cast<char>('a' + i));
+    const pid_t child = fork();
+    if (child == 0) {
+      _exit(zavel({"look", word}).run().out == "── Translation dictionary ──\nabout " + word + "\n" ? 0 : 1);
+    }
+    children.push_back(child);
+  }
+  for (const pid_t child : children) {
+    int status = 1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+  }
+  EXPECT_TRUE(fs::is_empty(temporary()));
+}
+
+TEST_F(DictionariesTest, TheAnswerToAnEarlierWordIsNotTakenForThisOnes) {
+  helper("[ \"$(cat \"$source\")\" = church ] || exit 0\n" + answer("a house"));
+  enable();
+  const Outcome outcome = zavel({"look", "--plain"}).input("church\nmake\n").run();
+  EXPECT_EQ(outcome.out,
+            "church\tchurch\t\tn,countable\t教会\t\nchurch\tchurch\t\ttranslation\ta house\t\n"
+            "make\tmake\t\tv\t作る\t\n");
+}
+
+// Helpers that fail
+
+TEST_F(DictionariesTest, AHelperThatFailsIsToldOnceAndLosesNothing) {
+  struct Case {
+    const char* script;
+    const char* start;
+    const char* end;
+  };
+  for (const Case& failing : {
+           Case{"kill -SEGV $$\n", "gave no answer: its program ", " ended with status 139"},
+           Case{"exit 3\n", "gave no answer: its program ", " ended with status 3"},
+           Case{"exit 0\n", "gave no answer: what its program ", " wrote can't be read"},
+           Case{"head -c 3000 /dev/urandom >\"$result\"\n", "gave no answer: what its program ",
+                " wrote can't be read"},
+           Case{"printf '<plist version=\"1.0\"><dict><key>Search</key><string>x</string></dict></plist>' "
+                ">\"$result\"\n",
+                "gave no answer: what its program ", " wrote can't be read"},
+       }) {
+    helper(failing.script);
+    enable();
+    const Outcome outcome = zavel({"look", "church", "make"}).run();
+    EXPECT_EQ(outcome.status, 0) << failing.script;
+    EXPECT_TRUE(outcome.out.starts_with(kChurch)) << failing.script;
+    EXPECT_EQ(outcome.err, complaint(failing.start, failing.end));
+    EXPECT_TRUE(fs::is_empty(temporary()));
+  }
+}
+
+TEST_F(DictionariesTest, AHelperThatIsMissingIsTold) {
+  enable();
+  const Outcome outcome = zavel({"look", "church"}).run();
+  EXPECT_EQ(outcome.out, kChurch);
+  EXPECT_EQ(outcome.err, complaint("was not asked: its program ", " can't be started"));
+}
+
+TEST_F(DictionariesTest, AnEmptyAnswerIsNoFailure) {
+  helper("printf '<plist version=\"1.0\"><dict><key>Search</key><array/></dict></plist>' >\"$result\"\n");
+  enable();
+  const Outcome outcome = zavel({"look", "church"}).run();
+  EXPECT_EQ(outcome.out, kChurch);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(zavel({"look", "Tanaka"}).run().status, 1);
+}
+
+TEST_F(DictionariesTest, ASlowHelperIsWaitedFor) {
+  helper("sleep 0.5\n" + answer("at last"));
+  enable();
+  EXPECT_NE(zavel({"look", "church"}).run().out.find("at last"), std::string::npos);
+}
+
+TEST_F(DictionariesTest, AHelperThatFillsItsOutputIsRead) {
+  helper("head -c 300000 /dev/zero\n" + answer("at last"));
+  enable();
+  EXPECT_NE(zavel({"look", "church"}).run().out.find("at last"), std::string::npos);
+}
+
+// Helpers that hang
+
+constexpr const char* kHang = "while :; do sleep 0.05; done\n";
+
+TEST_F(DictionariesTest, TheFirstInterruptIsForTheHelper) {
+  for (const char* trap : {"", "trap '' TERM INT\n"}) {
+    fs::remove(file("started"));
+    helper(std::string(trap) + ": >'" + file("started") + "'\n" + kHang);
+    enable();
+    const Outcome outcome = zavel({"look", "church"}).signalAt(file("started"), SIGINT).run();
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out, kChurch);
+    EXPECT_EQ(outcome.err, "zavel: the translation dictionary was interrupted\n");
+    EXPECT_TRUE(fs::is_empty(temporary()));
+  }
+}
+
+TEST_F(DictionariesTest, ASecondInterruptEndsTheProgram) {
+  helper("trap '' TERM INT\n: >'" + file("started") + "'\n" + kHang);
+  enable();
+  const Outcome outcome = zavel({"look", "church", "make"}).signalAt(file("started"), SIGINT, 2).run();
+  EXPECT_EQ(outcome.status, 130);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_TRUE(fs::is_empty(temporary()));
+}
+
+TEST_F(DictionariesTest, OtherSignalsEndBoth) {
+  for (const int signal : {SIGTERM, SIGHUP}) {
+    fs::remove(file("started"));
+    helper(": >'" + file("started") + "'\n" + kHang);
+    enable();
+    const Outcome outcome = zavel({"look", "church"}).signalAt(file("started"), signal).run();
+    EXPECT_EQ(outcome.status, 128 + signal);
+    EXPECT_EQ(outcome.out, "");
+  }
+}
+
+// Rows
+
+TEST_F(DictionariesTest, ARowIsShownByItsNumber) {
+  helper(answer("walks"));
+  enable();
+  EXPECT_EQ(zavel({"look", "--row", "1", "go"}).run().out,
+            "── 1/3 go [碁], Standard dictionary ──\n(1)go\n\n-[名][Ｃ]\n碁 (board game)\n");
+  EXPECT_EQ(zavel({"look", "--row", "3", "go"}).run().out, "── 3/3 go, Translation dictionary ──\nwalks\n");
+  const Json rows = Json::parse(zavel({"look", "--json", "--row", "2", "go"}).run().out)["rows"];
+  EXPECT_EQ(rows[0]["shown"], false);
+  EXPECT_TRUE(rows[0]["text"].is_null());
+  EXPECT_EQ(rows[1]["shown"], true);
+  EXPECT_EQ(rows[1]["text"].get<std::string>().find("***(2)go\n\n-[動]\n"), 0u) << rows[1]["text"];
+  EXPECT_EQ(rows[2]["text"], "walks");
+}
+
+TEST_F(DictionariesTest, ARowIsShownInItsColours) {
+  EXPECT_TRUE(zavel({"look", "--row", "1", "--color", "always", "church"})
+                  .run()
+                  .out.starts_with("\x1b[2m── 1/1 **church [教会], Standard dictionary ──\x1b[0m\n"
+                                   "\x1b[0;1;31m**(1)church\x1b[0m"));
+}
+
+TEST_F(DictionariesTest, ARowThatIsNotThereIsToldWithTheirNumber) {
+  const Outcome outcome = zavel({"look", "--row", "3", "go"}).run();
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err,
+            "zavel: \"go\": there is no row 3: the look-up gave 2 rows\nGive --row a number from 1 to 2.\n");
+  EXPECT_EQ(
+      zavel({"look", "--row", "1", "zzz"}).run().err,
+      "zavel: \"zzz\": there is no row 1: the look-up gave none\nLeave --row out to see what there is.\n");
+  EXPECT_EQ(zavel({"look", "--row", "2", "church", "go"}).run().status, 4);
+  const Json json = Json::parse(zavel({"look", "--json", "--row", "9", "church"}).run().out);
+  EXPECT_EQ(json["error"]["code"], "no_row");
+}
+
+TEST_F(DictionariesTest, RowsAreNumberedFromOneAndStandAlone) {
+  for (const std::vector<std::string>& words :
+       std::vector<std::vector<std::string>>{{"look", "--row", "0", "go"},
+                                             {"look", "--row", "x", "go"},
+                                             {"look", "--row", "1", "--list", "go"},
+                                             {"look", "--row", "1", "--plain", "go"},
+                                             {"look", "--row", "1", "--forms", "go"}}) {
+    EXPECT_EQ(zavel(words).run().status, 2) << words[2] << words[3];
+  }
+}
+
+TEST_F(DictionariesTest, TheModeHoldsForTheRowThatIsShown) {
+  EXPECT_EQ(zavel({"look", "--row", "2", "--mode", "example", "go"}).run().out.find("行く, 動く (of"),
+            std::string::npos);
+}
+
+// Damaged files
+
+TEST_F(DictionariesTest, DamagedPreferencesBeginAnewAndAreKept) {
+  for (const char* content : {"no list", "", "<plist version=\"1.0\"><array/></plist>"}) {
+    const std::string store = root() + kPreferences;
+    ASSERT_EQ(zavel({"look", "church"}).run().status, 0);
+    writeFile(store, content);
+    fs::remove(store + ".damaged");
+    const Outcome outcome = zavel({"look", "church"}).run();
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out, kChurch);
+    EXPECT_EQ(outcome.err, "zavel: the preferences could not be read and begin anew; the old file is " +
+                               store + ".damaged\n");
+    EXPECT_EQ(readFile(store + ".damaged"), content);
+    EXPECT_EQ(zavel({"look", "church"}).run().err, "");
+  }
+}
+
+TEST_F(DictionariesTest, DamagedStylesBeginAnewAndAreKept) {
+  helper(answer("a house"));
+  enable();
+  const std::string styles = root() + "/config/ZavelStyle.plist";
+  ASSERT_EQ(zavel({"look", "church"}).run().status, 0);
+  writeFile(styles, "no list");
+  const Outcome outcome = zavel({"look", "church"}).run();
+  EXPECT_NE(outcome.out.find("a house"), std::string::npos);
+  EXPECT_EQ(outcome.err, "zavel: the translation styles could not be read and begin anew; the old file is " +
+                             styles + ".damaged\n");
+  EXPECT_EQ(readFile(styles + ".damaged"), "no list");
+  EXPECT_NE(readFile(styles).find("Business letters"), std::string::npos);
+}
+
+TEST_F(DictionariesTest, TheFirstStartWritesTenStylesInTheUsersWords) {
+  ASSERT_EQ(zavel({"look", "church"}).env("LANG", "ja_JP.UTF-8").run().status, 0);
+  const std::string styles = readFile(root() + "/config/ZavelStyle.plist");
+  size_t count = 0;
+  for (size_t at = 0; (at = styles.find("<key>ID</key>", at)) != std::string::npos; ++at) ++count;
+  EXPECT_EQ(count, 10u);
+  EXPECT_NE(styles.find("論文・レポート"), std::string::npos);
+}
+
+TEST_F(DictionariesTest, WhereNothingCanBeWrittenTheBilingualDictionaryAnswers) {
+  std::ofstream(root() + "/Library") << "a file in the way";
+  helper(answer("a house"));
+  const Outcome outcome = zavel({"look", "church"}).run();
+  EXPECT_EQ(outcome.out, kChurch);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(Json::parse(zavel({"look", "--json", "church"}).run().out)["rows"], Json::array());
+}
+
+TEST_F(DictionariesTest, WithoutAPlaceForItsFilesTheHelperIsNotAsked) {
+  helper(answer("a house"));
+  enable();
+  const Outcome outcome = zavel({"look", "church"}).env("TMPDIR", "/nowhere").run();
+  EXPECT_TRUE(outcome.out == kChurch || outcome.out.find("a house") != std::string::npos) << outcome.out;
+}
+
+// The log of the library
+
+TEST_F(DictionariesTest, TheLogIsSilentUnlessItIsWanted) {
+  EXPECT_EQ(zavel({"look", "church"}).run().err, "");
+  EXPECT_NE(zavel({"look", "church"}).env("ZAVEL_LOG", "1").run().err, "");
+}
+
+}  // namespace
+}  // namespace zavel::host

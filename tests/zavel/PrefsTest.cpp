@@ -1,0 +1,116 @@
+// `zavel prefs dict`.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "support/DicWriter.h"
+#include "support/TempFolder.h"
+#include "zavel/Command.h"
+
+namespace zavel::host {
+namespace {
+
+using Json = nlohmann::ordered_json;
+using test::Command;
+using test::Outcome;
+
+constexpr const char* kOff =
+    "1  on   Standard dictionary     bilingual\n2  off  Translation dictionary  translation\n";
+constexpr const char* kOn =
+    "1  on   Standard dictionary     bilingual\n2  on   Translation dictionary  translation\n";
+constexpr const char* kMoved =
+    "1  off  Translation dictionary  translation\n2  on   Standard dictionary     bilingual\n";
+
+class PrefsTest : public testing::Test {
+ protected:
+  std::string root() const { return folder_.path() + "/root"; }
+  Command dict(std::vector<std::string> arguments) const {
+    arguments.insert(arguments.begin(), {"prefs", "dict"});
+    return Command(std::move(arguments)).env("ZAVEL_ROOT", root());
+  }
+
+  test::TempFolder folder_;
+};
+
+TEST_F(PrefsTest, TheListHasBothDictionariesFromTheFirstDay) {
+  const Outcome outcome = dict({"list"}).run();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, kOff);
+  EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(PrefsTest, ADictionaryIsNamedByNumberNameOrType) {
+  for (const char* name : {"2", "Translation dictionary", "translation dictionary", "translation"}) {
+    EXPECT_EQ(dict({"enable", name}).run().out, kOn) << name;
+    EXPECT_EQ(dict({"list"}).run().out, kOn) << name;
+    EXPECT_EQ(dict({"disable", name}).run().out, kOff) << name;
+    EXPECT_EQ(dict({"list"}).run().out, kOff) << name;
+  }
+}
+
+TEST_F(PrefsTest, MovingKeepsWhatIsOn) {
+  EXPECT_EQ(dict({"move", "translation", "1"}).run().out, kMoved);
+  EXPECT_EQ(dict({"move", "1", "1"}).run().out, kMoved);
+  EXPECT_EQ(dict({"move", "1", "2"}).run().out, kOff);
+}
+
+TEST_F(PrefsTest, JsonHasTheSameList) {
+  const Json json = Json::parse(dict({"move", "2", "1", "--json"}).run().out);
+  EXPECT_EQ(json["schema"], 1);
+  EXPECT_EQ(json["file"], root() + "/Library/Preferences/local.tarnwick.ZavelLex_ZavelLex.plist");
+  EXPECT_EQ(json["searched"], true);
+  EXPECT_EQ(json["dictionaries"],
+            Json::parse(R"([{"number":1,"on":false,"name":"Translation dictionary","type":"translation"},)"
+                        R"({"number":2,"on":true,"name":"Standard dictionary","type":"bilingual"}])"));
+}
+
+TEST_F(PrefsTest, WhatIsNotInTheListIsTold) {
+  for (const char* name : {"0", "3", "", "oed", "99999999999999999999"}) {
+    const Outcome outcome = dict({"enable", name}).run();
+    EXPECT_EQ(outcome.status, 2) << name;
+    EXPECT_EQ(outcome.err, "zavel: there is no dictionary \"" + std::string(name) +
+                               "\"\nGive a number or a name of: zavel prefs dict list\n");
+  }
+  const Outcome place = dict({"move", "1", "3"}).run();
+  EXPECT_EQ(place.status, 2);
+  EXPECT_EQ(place.err, "zavel: there is no place 3 in the list\nGive a number from 1 to 2.\n");
+  EXPECT_EQ(dict({"move", "1", "0"}).run().status, 2);
+  EXPECT_EQ(dict({"move", "1", "-1"}).run().status, 2);
+  EXPECT_EQ(dict({"move", "1"}).run().status, 2);
+  EXPECT_EQ(dict({"enable"}).run().status, 2);
+  EXPECT_EQ(dict({"list"}).run().out, kOff);
+}
+
+TEST_F(PrefsTest, AStoreThatCannotBeWrittenIsTold) {
+  std::filesystem::create_directories(root());
+  std::ofstream(root() + "/Library") << "a file in the way";
+  EXPECT_EQ(dict({"list"}).run().out, kOff);
+  for (const std::vector<std::string>& words :
+       std::vector<std::vector<std::string>>{{"enable", "2"}, {"move", "2", "1"}}) {
+    const Outcome outcome = dict(words).run();
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "zavel: the preferences can't be written: " + root() +
+                               "/Library/Preferences/local.tarnwick.ZavelLex_ZavelLex.plist\n"
+                               "See whether the disk is full, or the folder not yours.\n");
+  }
+}
+
+TEST_F(PrefsTest, OtherPreferencesStayAsTheyAre) {
+  ASSERT_EQ(dict({"list"}).run().status, 0);
+  const std::string store = root() + "/Library/Preferences/local.tarnwick.ZavelLex_ZavelLex.plist";
+  std::string text = test::readFile(store);
+  text.replace(text.find("<dict>"), 6, "<dict><key>Mine</key><string>stays</string>");
+  test::writeFile(store, text);
+  ASSERT_EQ(dict({"enable", "2"}).run().status, 0);
+  EXPECT_NE(test::readFile(store).find("stays"), std::string::npos);
+}
+
+TEST_F(PrefsTest, WithoutAPlaceThereIsNothingToShow) {
+  EXPECT_EQ(Command({"prefs", "dict", "list"}).run().status, 3);
+}
+
+}  // namespace
+}  // namespace zavel::host
