@@ -112,7 +112,7 @@ ZAVEL_API bool twcIsJapanese(const char* bytes);
 ZAVEL_API int32_t twcSJISCode(const char* bytes, int32_t index);
 
 #ifdef __cplusplus
-/* As twcGetPSN2, for C++ alone: throws the int32_t TWC_ERROR_NO_PROCESS when there is none. */
+/* As twcGetPSN2, for C++ alone: throws the int32_t that that gives instead of 0. */
 ZAVEL_API void twcGetPSN(const char* creator, const char* type, TwcProcessNumber* process);
 
 } /* extern "C" */

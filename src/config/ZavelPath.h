@@ -9,6 +9,8 @@
  *  3. "Folder" at an accessor: loading makes the folder when it is missing.
  *  4. Load on one thread before anything reads. zavelPathGetAppleyPath changes the table on its first call
  *     and takes no lock.
+ *  5. Without memory loading gives 1, with what was read before readable, zavelPathGetAppleyPath null, and
+ *     zavelPathInitialize leaves no table; nothing is thrown at the host.
  */
 #ifndef CONFIG_ZAVELPATH_H
 #define CONFIG_ZAVELPATH_H

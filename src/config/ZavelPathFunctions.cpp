@@ -1,6 +1,7 @@
 // The plain functions over the one path table.
 // Tests: tests/config/ZavelPathTest.cpp, tests/config/PathTableTest.cpp
 #include <memory>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -30,25 +31,31 @@ void setEdition(std::string_view path) {
 
 }  // namespace
 
-void zavelPathInitialize(void) {
+void zavelPathInitialize(void) try {
   gZavelPath = std::make_unique<zavel::ZavelPath>();
+} catch (const std::bad_alloc&) {
+  gZavelPath.reset();
 }
 
 void zavelPathTerminate(void) {
   gZavelPath.reset();
 }
 
-int zavelPathLoadDictAndHelper(const char* path) {
+int zavelPathLoadDictAndHelper(const char* path) try {
   setEdition(path ? path : "");
   return gZavelPath ? gZavelPath->loadDictAndHelper(path) : zavel::kPathTableMissing;
+} catch (const std::bad_alloc&) {
+  return zavel::kPathTableMissing;
 }
 
 const char* zavelPathDictAndHelper(void) {
   return gZavelPath ? gZavelPath->pathDictAndHelper() : nullptr;
 }
 
-const char* zavelPathGetAppleyPath(int applet) {
+const char* zavelPathGetAppleyPath(int applet) try {
   return gZavelPath ? gZavelPath->getAppleyPath(applet) : nullptr;
+} catch (const std::bad_alloc&) {
+  return nullptr;
 }
 
 int zavelType(void) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <limits>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 #include "foundation/Storage.h"
@@ -148,8 +149,9 @@ void ZavelStyle::setZavelType(int type) {
 }
 
 bool ZavelStyle::setTStyleUrl(const char* path) {
-  styleUrl_ = path ? path : "";
-  styleUrlPlist_ = styleUrl_ + ".plist";
+  std::string url = path ? path : "";
+  styleUrlPlist_ = url + ".plist";
+  styleUrl_ = std::move(url);
   if (styleUrl_.empty()) return false;
   return !storage().exists(styleUrlPlist_) || readStyleFile();
 }

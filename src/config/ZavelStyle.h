@@ -7,6 +7,8 @@
  *  3. There is one set of values: a load for one tab replaces what another tab loaded. Load right before use,
  *     on one thread.
  *  4. A load that fails says false and nothing more. What it had read before stays.
+ *  5. Without memory loads and sets fail like others, and zavelStyleInitialize leaves no styles; nothing is
+ *     thrown at the host.
  */
 #ifndef CONFIG_ZAVELSTYLE_H
 #define CONFIG_ZAVELSTYLE_H
@@ -48,10 +50,11 @@ ZAVEL_API void zavelStyleTerminate(void);
  * an empty path: no file, false. */
 ZAVEL_API bool zavelStyleSetTStyleUrl(const char* path);
 
-/* Sets the folders of the technical dictionaries. A null leaves the one that was. */
+/* Sets the folders of the technical dictionaries. A null leaves the one that was, and so does a lack of
+ * memory. */
 ZAVEL_API void zavelStyleSetTechDictUrl(const char* ej, const char* je);
 
-/* Sets the folder of the user dictionaries; null: none. */
+/* Sets the folder of the user dictionaries; null: none. Without memory the one that was stays. */
 ZAVEL_API void zavelStyleSetUserDictUrl(const char* path);
 
 /* The loads read the user's style file, or the default file while the user has none, and are false while no

@@ -1,6 +1,7 @@
 // The plain functions over the one set of styles.
 // Tests: tests/config/ZavelStyleTest.cpp
 #include <memory>
+#include <new>
 
 #include "config/ZavelPath.h"
 #include "config/ZavelStyle.h"
@@ -15,37 +16,49 @@ zavel::ZavelStyle::Values values() {
 
 }  // namespace
 
-void zavelStyleInitialize(void) {
+void zavelStyleInitialize(void) try {
   gZavelStyle = std::make_unique<zavel::ZavelStyle>();
   gZavelStyle->setZavelType(zavelType());
+} catch (const std::bad_alloc&) {
+  gZavelStyle.reset();
 }
 
 void zavelStyleTerminate(void) {
   gZavelStyle.reset();
 }
 
-bool zavelStyleSetTStyleUrl(const char* path) {
+bool zavelStyleSetTStyleUrl(const char* path) try {
   return gZavelStyle && gZavelStyle->setTStyleUrl(path);
+} catch (const std::bad_alloc&) {
+  return false;
 }
 
-void zavelStyleSetTechDictUrl(const char* ej, const char* je) {
+void zavelStyleSetTechDictUrl(const char* ej, const char* je) try {
   if (gZavelStyle) gZavelStyle->setTechDictUrl(ej, je);
+} catch (const std::bad_alloc&) {
 }
 
-void zavelStyleSetUserDictUrl(const char* path) {
+void zavelStyleSetUserDictUrl(const char* path) try {
   if (gZavelStyle) gZavelStyle->setUserDictUrl(path);
+} catch (const std::bad_alloc&) {
 }
 
-bool zavelStyleLoadTitleAndCurrentID(int applet, int* current) {
+bool zavelStyleLoadTitleAndCurrentID(int applet, int* current) try {
   return gZavelStyle && gZavelStyle->loadTitleAndCurrentID(applet, current);
+} catch (const std::bad_alloc&) {
+  return false;
 }
 
-bool zavelStyleLoadTranslationStyleWithID(int id) {
+bool zavelStyleLoadTranslationStyleWithID(int id) try {
   return gZavelStyle && gZavelStyle->loadTranslationStyleWithID(id);
+} catch (const std::bad_alloc&) {
+  return false;
 }
 
-bool zavelStyleLoadTranslationStyleWithApp(int applet) {
+bool zavelStyleLoadTranslationStyleWithApp(int applet) try {
   return gZavelStyle && gZavelStyle->loadTranslationStyleWithApp(applet);
+} catch (const std::bad_alloc&) {
+  return false;
 }
 
 const char* zavelStyleBaseURL(void) {

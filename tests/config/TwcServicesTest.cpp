@@ -8,6 +8,10 @@
 #include <string>
 
 #include "config/ConfigTest.h"
+#include "config/ZavelPath.h"
+#include "config/ZavelStyle.h"
+#include "platform/ForkedFiles.h"
+#include "platform/PropertyLists.h"
 #include "support/FaultyStorage.h"
 
 extern "C" int zavelConfigInC(void);
@@ -286,13 +290,64 @@ class DiskWithoutMemory : public FaultyStorage {
 
 class FoldersWithoutMemory : public FakeFolders {
  public:
+  std::string root() override { throw std::bad_alloc(); }
   std::string home() override { throw std::bad_alloc(); }
+};
+
+class ApplicationsWithoutMemory : public Applications {
+ public:
+  std::optional<ProcessNumber> find(const std::string&, const std::string&) override {
+    throw std::bad_alloc();
+  }
+  int launch(const std::string&, bool, ProcessNumber*) override { throw std::bad_alloc(); }
+  SendResult send(const ProcessNumber&, const Message&, Message*) override { throw std::bad_alloc(); }
+  std::vector<RunningApplication> running() override { throw std::bad_alloc(); }
+  std::optional<RunningApplication> current() override { throw std::bad_alloc(); }
+  bool bringToFront(const ProcessNumber&) override { throw std::bad_alloc(); }
+  bool start(const std::string&, bool) override { throw std::bad_alloc(); }
+};
+
+class ListsWithoutMemory : public PropertyLists {
+ public:
+  bool parse(std::string_view, Value*) override { throw std::bad_alloc(); }
+  std::string serialize(const Value&, PropertyListFormat) override { throw std::bad_alloc(); }
+  bool readFile(const std::string&, Value*) override { throw std::bad_alloc(); }
+  bool writeFile(const std::string&, const Value&, PropertyListFormat) override { throw std::bad_alloc(); }
+};
+
+// A file has its creator and type up to the one of which there is no memory to tell.
+class ForksWithoutMemory : public ForkedFiles {
+ public:
+  std::unique_ptr<ForkedFileWriter> create(const std::string&, const char*, const char*) override {
+    throw std::bad_alloc();
+  }
+  bool read(const std::string&, const char*, uint16_t, std::string*, std::string*) override {
+    throw std::bad_alloc();
+  }
+  std::optional<FileSignature> signature(const std::string&) override {
+    if (told-- == 0) throw std::bad_alloc();
+    return FileSignature{"ttxt", "TEXT"};
+  }
+  int told = 0;
 };
 
 class PlatformWithoutMemory : public TestPlatform {
  public:
+  PlatformWithoutMemory() : before_(setPlatform(this)) {}
+  ~PlatformWithoutMemory() override { setPlatform(before_); }
+
   Folders& folders() override { return full; }
+  Applications& applications() override { return fullApplications; }
+  PropertyLists& propertyLists() override { return fullLists; }
+  ForkedFiles& forkedFiles() override { return fullForks; }
+
   FoldersWithoutMemory full;
+  ApplicationsWithoutMemory fullApplications;
+  ListsWithoutMemory fullLists;
+  ForksWithoutMemory fullForks;
+
+ private:
+  Platform* before_;
 };
 
 TEST(TwcServices, WithoutMemoryNothingIsThrownAtTheHost) {
@@ -300,10 +355,79 @@ TEST(TwcServices, WithoutMemoryNothingIsThrownAtTheHost) {
   EXPECT_EQ(twcCreateFolder("/a"), -50);
   EXPECT_EQ(twcMakeFolderInFolderX("/a", reinterpret_cast<const uint8_t*>("\1b")), -50);
   EXPECT_FALSE(twcCFStringToFSRef("/"));
-  PlatformWithoutMemory full;
-  Platform* const before = setPlatform(&full);
+  const PlatformWithoutMemory full;
   EXPECT_EQ(twcUserFolderCreateCopy(), nullptr);
-  setPlatform(before);
+}
+
+TEST(TwcServices, WithoutMemoryNoProcessIsFound) {
+  const PlatformWithoutMemory full;
+  TwcProcessNumber process{7, 7};
+  EXPECT_EQ(twcGetMyPSN(&process), -50);
+  EXPECT_EQ(twcGetPSN2("zVX8", "APPL", &process), -50);
+  EXPECT_EQ(twcGetProcessSerialNumberByName("Mail", &process), -50);
+  EXPECT_FALSE(twcIsLaunchedApp("zVX8", "APPL"));
+  EXPECT_FALSE(twcIsMyTopPSN());
+  EXPECT_EQ(twcMakeMeFront(), -50);
+  EXPECT_EQ(twcSetFront(&process), -50);
+  EXPECT_EQ(twcGetCurrentFSSpec(), nullptr);
+  EXPECT_EQ(twcGetCurrentCreator(), nullptr);
+  EXPECT_EQ(LaunchTargetApplication("/Apps/A.app", true), -50);
+  process = {7, 7};
+  EXPECT_TRUE(twcGetNextPSN(&process));
+  EXPECT_EQ(process.high + process.low, 0u);
+  try {
+    twcGetPSN("zVX8", "APPL", &process);
+    FAIL() << "nothing was thrown";
+  } catch (int32_t error) {
+    EXPECT_EQ(error, -50);
+  }
+}
+
+using WithoutMemory = ConfigTest;
+
+TEST_F(WithoutMemory, ASearchGivesTheFilesThatItFoundBefore) {
+  makeFolder(at("f"));
+  for (const char* name : {"f/a", "f/b", "f/c"}) writeText(at(name), "");
+  PlatformWithoutMemory full;
+  char* found[TWC_SEARCH_BATCH] = {};
+  EXPECT_EQ(twcCreatorTypeFileSearchInFolder(at("f").c_str(), "ttxt", "TEXT", found, 1), -50);
+  full.fullForks.told = 2;
+  ASSERT_EQ(twcCreatorTypeFileSearchInFolder(at("f").c_str(), "ttxt", "TEXT", found, 1), 2);
+  EXPECT_EQ(taken(found[0]), at("f/a"));
+  EXPECT_EQ(taken(found[1]), at("f/b"));
+  full.fullForks.told = 1;
+  ASSERT_EQ(twcCreatorTypeFileSearchInFolder("", "", "", found, 0), 1);
+  EXPECT_EQ(taken(found[0]), at("f/c"));
+}
+
+TEST_F(WithoutMemory, ThePathTableIsNotLoaded) {
+  zavelPathInitialize();
+  {
+    const PlatformWithoutMemory full;
+    EXPECT_EQ(zavelPathLoadDictAndHelper(at("table").c_str()), 1);
+    EXPECT_EQ(zavelPathLoadDictAndHelper(nullptr), 1);
+  }
+  zavelPathTerminate();
+}
+
+TEST_F(WithoutMemory, StylesAreNeitherLoadedNorMade) {
+  makeFolder(at("styles"));
+  writeText(at("user.plist"), "");
+  zavelStyleInitialize();
+  zavelStyleSetTStyleUrl(at("user").c_str());
+  {
+    const PlatformWithoutMemory full;
+    int current = 7;
+    EXPECT_FALSE(zavelStyleSetTStyleUrl(at("user").c_str()));
+    EXPECT_FALSE(zavelStyleLoadTitleAndCurrentID(1, &current));
+    EXPECT_FALSE(zavelStyleLoadTranslationStyleWithID(1));
+    EXPECT_FALSE(zavelStyleLoadTranslationStyleWithApp(1));
+    EXPECT_EQ(current, 7);
+    EXPECT_NE(zavelStyleBaseURL(), nullptr);
+    zavelStyleInitialize();
+    EXPECT_EQ(zavelStyleBaseURL(), nullptr);
+  }
+  zavelStyleTerminate();
 }
 
 }  // namespace
