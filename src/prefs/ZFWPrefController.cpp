@@ -6,13 +6,19 @@
 
 namespace zavel {
 
-ZFWPrefController::ZFWPrefController() : selectedItem_(kDictPref) {
+ZFWPrefController::ZFWPrefController() {
+  addItem(kDictPref, dictTab_.mainView());
+  addItem(kTransPref, transTab_);
+  addItem(kSearchPref, searchTab_);
+  addItem(kRssPref, rssTab_);
+  panel_.addChild(tabs_);
+}
+
+void ZFWPrefController::addItem(const std::string& identifier, View& view) {
   Bundle& bundle = platform().bundle();
-  for (const std::string identifier : {kDictPref, kTransPref, kSearchPref, kRssPref}) {
-    items_.push_back(
-        {identifier, bundle.localized(identifier + "Tool"), bundle.localized(identifier + "ToolTip")});
-  }
-  panel_.addChild(dictTab_.mainView());
+  items_.push_back(
+      {identifier, bundle.localized(identifier + "Tool"), bundle.localized(identifier + "ToolTip")});
+  tabs_.addItem(identifier, view);
 }
 
 void ZFWPrefController::initZavelLex(Owner& owner) {
@@ -20,7 +26,7 @@ void ZFWPrefController::initZavelLex(Owner& owner) {
 }
 
 void ZFWPrefController::show(const char* item) {
-  selectedItem_ = item;
+  tabs_.selectItem(item);
   panel_.show();
 }
 

@@ -8,6 +8,7 @@
 #include "platform/Value.h"
 #include "prefs/ZFWDictTabView.h"
 #include "ui/Panel.h"
+#include "ui/TabView.h"
 
 namespace zavel {
 
@@ -43,8 +44,10 @@ class ZAVEL_API ZFWPrefController {
   Panel& panel() { return panel_; }
   // In the panel's order: dictionaries, translation, web search, feeds.
   const std::vector<Item>& items() const { return items_; }
+  // The panel's tabs, by the identifiers of the items. Controls of a tab that isn't up take no events.
+  TabView& tabView() { return tabs_; }
   // Identifier of the tab that is up.
-  const std::string& selectedItem() const { return selectedItem_; }
+  const std::string& selectedItem() const { return tabs_.selectedIdentifier(); }
 
   void showDictPanel() { show(kDictPref); }
   void showRssPanel() { show(kRssPref); }
@@ -56,12 +59,16 @@ class ZAVEL_API ZFWPrefController {
   static constexpr const char* kRssPref = "ZFWRssPref";
 
  private:
+  void addItem(const std::string& identifier, View& view);
   void show(const char* item);
 
   Panel panel_;
+  TabView tabs_;
   ZFWDictTabView dictTab_;
+  View transTab_;  // these three are the host's to fill
+  View searchTab_;
+  View rssTab_;
   std::vector<Item> items_;
-  std::string selectedItem_;
 };
 
 }  // namespace zavel

@@ -388,21 +388,29 @@ TEST_F(DictTab, WhatAnotherTabStoredCanBeTaken) {
 // --- The panel ---
 
 TEST_F(DictTab, ThePanelHasItsFourItems) {
-  platform.ownBundle.texts["ZFWDictPrefTool"] = "Dictionaries";
-  platform.ownBundle.texts["ZFWDictPrefToolTip"] = "Which are searched";
-  ZFWPrefController panel;
-  Lines identifiers;
-  for (const ZFWPrefController::Item& each : panel.items()) identifiers.push_back(each.identifier);
-  EXPECT_EQ(identifiers, (Lines{"ZFWDictPref", "ZFWTransPref", "ZFWSearchPref", "ZFWRssPref"}));
-  EXPECT_EQ(panel.items()[0].label, "Dictionaries");
-  EXPECT_EQ(panel.items()[0].tooltip, "Which are searched");
-  EXPECT_EQ(panel.items()[3].label, "ZFWRssPrefTool");
-  EXPECT_EQ(panel.items()[3].tooltip, "ZFWRssPrefToolTip");
+  platform.ownBundle.texts = {
+      {"ZFWDictPrefTool", "Dictionaries"}, {"ZFWDictPrefToolTip", "Which are searched"},
+      {"ZFWTransPrefTool", "Translation"}, {"ZFWTransPrefToolTip", "Who translates"},
+      {"ZFWSearchPrefTool", "Web search"}, {"ZFWSearchPrefToolTip", "The colour of matches"},
+      {"ZFWRssPrefTool", "Feeds"},         {"ZFWRssPrefToolTip", "How often they are read"},
+  };
+  const ZFWPrefController panel;
+  Lines lines;
+  for (const ZFWPrefController::Item& each : panel.items())
+    lines.push_back(each.identifier + " " + each.label + ": " + each.tooltip);
+  EXPECT_EQ(lines,
+            (Lines{"ZFWDictPref Dictionaries: Which are searched", "ZFWTransPref Translation: Who translates",
+                   "ZFWSearchPref Web search: The colour of matches",
+                   "ZFWRssPref Feeds: How often they are read"}));
+  platform.ownBundle.texts.clear();
+  EXPECT_EQ(ZFWPrefController().items()[1].label, "ZFWTransPrefTool");
+  EXPECT_EQ(ZFWPrefController().items()[2].tooltip, "ZFWSearchPrefToolTip");
 }
 
 TEST_F(DictTab, ThePanelShowsTheTabThatWasAskedFor) {
   ZFWPrefController panel;
   EXPECT_TRUE(panel.panel().hidden());
+  EXPECT_EQ(panel.selectedItem(), "ZFWDictPref");
   panel.showRssPanel();
   EXPECT_FALSE(panel.panel().hidden());
   EXPECT_EQ(panel.selectedItem(), "ZFWRssPref");
@@ -410,6 +418,35 @@ TEST_F(DictTab, ThePanelShowsTheTabThatWasAskedFor) {
   EXPECT_EQ(panel.selectedItem(), "ZFWDictPref");
   panel.hide();
   EXPECT_TRUE(panel.panel().hidden());
+}
+
+TEST_F(DictTab, ThePanelHasATabForEachItem) {
+  ZFWPrefController panel;
+  ASSERT_EQ(panel.panel().children(), std::vector<View*>{&panel.tabView()});
+  Lines identifiers;
+  for (const TabView::Item& each : panel.tabView().items()) identifiers.push_back(each.identifier);
+  EXPECT_EQ(identifiers, (Lines{"ZFWDictPref", "ZFWTransPref", "ZFWSearchPref", "ZFWRssPref"}));
+  EXPECT_EQ(panel.tabView().items()[0].view, &panel.dictTab().mainView());
+}
+
+TEST_F(DictTab, AHostHearsThatAnotherTabIsUpAndOnlyThatOneTakesEvents) {
+  ZFWPrefController panel;
+  panel.dictTab().loadPreferences({});
+  int changes = 0;
+  const Connection heard = panel.panel().changed.connect([&](View&) { ++changes; });
+  panel.showDictPanel();
+  EXPECT_EQ(changes, 1);  // the panel came up
+  EXPECT_TRUE(panel.dictTab().dictListView().takesEvents());
+  panel.showRssPanel();
+  EXPECT_EQ(changes, 2);
+  EXPECT_FALSE(panel.dictTab().dictListView().takesEvents());
+  EXPECT_FALSE(panel.dictTab().dictListView().edit(0, ZFWDictTabView::kStatusColumn, false));
+  EXPECT_FALSE(panel.dictTab().appletChoice().choose(3));
+  EXPECT_EQ(panel.dictTab().selectedDict(), 5);
+  EXPECT_TRUE(panel.tabView().selectItem("ZFWDictPref"));  // as by the user
+  EXPECT_EQ(panel.selectedItem(), "ZFWDictPref");
+  EXPECT_TRUE(panel.dictTab().dictListView().edit(0, ZFWDictTabView::kStatusColumn, false));
+  EXPECT_EQ(panel.dictTab().selectedDict(), 4);
 }
 
 }  // namespace
