@@ -43,20 +43,30 @@ TEST_F(WorkStyles, AnIdIsThePlaceInTheList) {
 TEST_F(WorkStyles, LoadWholeOnceTheyAreWritten) {
   ASSERT_TRUE(writeStylesIfMissing(at("new/folder/ZavelStyle"), StyleLanguage::kJapanese));
   ASSERT_TRUE(zavelStyleSetTStyleUrl(at("new/folder/ZavelStyle").c_str()));
-  for (int id = 0; id < 10; ++id) EXPECT_TRUE(zavelStyleLoadTranslationStyleWithID(id)) << id;
-  EXPECT_EQ(zavelStyleEtojStyle(), 0);  // Instructions: polite, things, learning
-  EXPECT_EQ(zavelStyleEtojThey(), 1);
-  EXPECT_EQ(zavelStyleEtojLearning(), 1);
-  EXPECT_EQ(zavelStyleJtoeShugo(), 3);  // you, active, the, learning
-  EXPECT_EQ(zavelStyleJtoeUkemi(), 1);
-  EXPECT_EQ(zavelStyleJtoeKanshi(), 0);
-  EXPECT_EQ(zavelStyleJtoeLearning(), 1);
-  ASSERT_TRUE(zavelStyleLoadTranslationStyleWithID(4));  // Conversation: familiar, people; I, active, a
-  EXPECT_EQ(zavelStyleEtojStyle(), 2);
-  EXPECT_EQ(zavelStyleEtojThey(), 0);
-  EXPECT_EQ(zavelStyleJtoeShugo(), 0);
-  EXPECT_EQ(zavelStyleJtoeUkemi(), 1);
-  EXPECT_EQ(zavelStyleJtoeKanshi(), 1);
+  // Style and They; Shugo, Ukemi and Kanshi. All learn.
+  const std::vector<int> rows[] = {
+      {0, 0, 0, 0, 0},  // General
+      {1, 1, 1, 0, 0},  // Papers and reports
+      {0, 0, 1, 0, 0},  // Business letters
+      {0, 0, 0, 0, 0},  // E-mail
+      {2, 0, 0, 1, 1},  // Conversation
+      {1, 0, 2, 0, 0},  // News
+      {0, 1, 1, 0, 0},  // Web pages
+      {0, 1, 3, 0, 0},  // Computers
+      {1, 1, 2, 0, 0},  // Science and technology
+      {0, 1, 3, 1, 0},  // Instructions
+  };
+  int id = 0;
+  for (const std::vector<int>& row : rows) {
+    ASSERT_TRUE(zavelStyleLoadTranslationStyleWithID(id)) << id;
+    EXPECT_EQ((std::vector<int>{zavelStyleEtojStyle(), zavelStyleEtojThey(), zavelStyleJtoeShugo(),
+                                zavelStyleJtoeUkemi(), zavelStyleJtoeKanshi()}),
+              row)
+        << id;
+    EXPECT_EQ(zavelStyleEtojLearning(), 1) << id;
+    EXPECT_EQ(zavelStyleJtoeLearning(), 1) << id;
+    ++id;
+  }
 }
 
 TEST_F(WorkStyles, EveryApplicationWithAKeyHasAChoice) {

@@ -126,6 +126,18 @@ TEST_F(ZavelStyleTest, TheSameEditionAgainKeepsTheFoldersThatWereSet) {
   EXPECT_EQ(edition.techDictJE(), "/je");
 }
 
+TEST_F(ZavelStyleTest, FromTheMedicalEditionTooAnotherOneIsTheMedicalOne) {
+  ZavelStyle edition;
+  edition.setZavelType(1);
+  edition.setTechDictUrl("/ej", "/je");
+  edition.setZavelType(0);
+  EXPECT_EQ(edition.techDictEJ(),
+            at("root/Applications/TarnwickMedical.localized/Contents/TechDic.localized/EJi"));
+  EXPECT_EQ(edition.techDictJE(),
+            at("root/Applications/TarnwickMedical.localized/Contents/TechDic.localized/JE"));
+  EXPECT_EQ(edition.baseUrl(), at(kMedical) + "/TarnwickStyle2008");
+}
+
 TEST_F(ZavelStyleTest, FoldersAreReplacedAndTheUsersOneCanBeTakenAway) {
   ZavelStyle edition;
   EXPECT_EQ(edition.userDict(), std::nullopt);
@@ -243,6 +255,39 @@ TEST_F(ZavelStyleTest, AnIncompleteStyleEndsTheTitlesWhereItStands) {
   }
 }
 
+TEST_F(ZavelStyleTest, AnEleventhStyleIsNotLookedAtForTitles) {
+  Value::Array list = styles(10);
+  list.push_back(without(style(11, "S11"), "ID"));
+  writeUserStyles(file(list));
+  EXPECT_TRUE(zavelStyleLoadTitleAndCurrentID(1, nullptr));
+  EXPECT_EQ(title(0) + " " + title(9), "1:S1 10:S10");
+  list.back() = "no map";
+  writeUserStyles(file(list));
+  EXPECT_TRUE(zavelStyleLoadTitleAndCurrentID(1, nullptr));
+}
+
+TEST_F(ZavelStyleTest, AnEmptyListHasNoTitlesAndChangesNone) {
+  writeUserStyles(file(styles(2), {{"QN", 2}}));
+  ASSERT_TRUE(zavelStyleLoadTitleAndCurrentID(1, nullptr));
+  writeUserStyles(file({}, {{"QN", 5}}));
+  int current = 7;
+  EXPECT_TRUE(zavelStyleLoadTitleAndCurrentID(1, nullptr));
+  EXPECT_TRUE(zavelStyleLoadTitleAndCurrentID(1, &current));
+  EXPECT_EQ(current, 5);
+  EXPECT_EQ(title(0) + " " + title(1) + " " + title(2), "1:S1 2:S2 -1:");
+}
+
+TEST_F(ZavelStyleTest, ASelectionThatIsNoMapFailsForEveryone) {
+  for (const Value& selection : {Value("QN"), Value(Value::Array{1}), Value(1)}) {
+    writeUserStyles(with(file(styles(1)), "Selection", selection));
+    int current = 7;
+    EXPECT_FALSE(zavelStyleLoadTitleAndCurrentID(1, nullptr));
+    EXPECT_FALSE(zavelStyleLoadTitleAndCurrentID(1, &current));
+    EXPECT_FALSE(zavelStyleLoadTranslationStyleWithApp(1));
+    EXPECT_EQ(current, 7);
+  }
+}
+
 TEST_F(ZavelStyleTest, TitlesNeedStyleAndSelection) {
   writeUserStyles(without(file(styles(1)), "Style"));
   EXPECT_FALSE(zavelStyleLoadTitleAndCurrentID(1, nullptr));
@@ -325,6 +370,25 @@ TEST_F(ZavelStyleTest, AnUnreadableStyleFailsAheadOfTheMatchOnly) {
   EXPECT_FALSE(zavelStyleLoadTranslationStyleWithID(2));
   writeUserStyles(file({style(2, "b"), "no map"}));
   EXPECT_TRUE(zavelStyleLoadTranslationStyleWithID(2));
+}
+
+TEST_F(ZavelStyleTest, AnIdThatIsNoNumberFailsAheadOfTheMatchOnly) {
+  for (const Value& id : {Value("1"), Value(int64_t{4294967298}), Value(Value::Array{1})}) {
+    writeUserStyles(file({with(style(1, "a"), "ID", id), style(2, "b")}));
+    EXPECT_FALSE(zavelStyleLoadTranslationStyleWithID(2));
+    EXPECT_EQ(values(), (Values{0, 0, 0, 0, 0, 0, 0}));
+  }
+  writeUserStyles(file({style(2, "b"), with(style(1, "a"), "ID", "1")}));
+  EXPECT_TRUE(zavelStyleLoadTranslationStyleWithID(2));
+}
+
+TEST_F(ZavelStyleTest, OptionsThatAreNoMapFail) {
+  writeUserStyles(file({with(style(1, "a"), "EJ", "options")}));
+  EXPECT_FALSE(zavelStyleLoadTranslationStyleWithID(1));
+  EXPECT_EQ(values(), (Values{0, 0, 0, 0, 0, 0, 0}));
+  writeUserStyles(file({with(style(1, "a"), "JE", Value::Array{1, 2, 3, true})}));
+  EXPECT_FALSE(zavelStyleLoadTranslationStyleWithID(1));
+  EXPECT_EQ(values(), (Values{11, 12, 13, 0, 0, 0, 0}));
 }
 
 TEST_F(ZavelStyleTest, AStyleNeedsNoNameForItsValues) {
@@ -419,6 +483,7 @@ TEST_F(ZavelStyleTest, ApplicationsWithoutAKeyHaveNoChoice) {
     EXPECT_FALSE(zavelStyleLoadTitleAndCurrentID(applet, &current)) << applet;
     EXPECT_FALSE(zavelStyleLoadTranslationStyleWithApp(applet)) << applet;
     EXPECT_EQ(current, 7);
+    EXPECT_TRUE(zavelStyleLoadTitleAndCurrentID(applet, nullptr)) << applet;
   }
 }
 
