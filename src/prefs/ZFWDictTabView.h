@@ -37,6 +37,9 @@ class ZAVEL_API ZFWDictTabView : public TableDataSource {
   static constexpr const char* kTitleColumn = ZFWDictTitleKey;
   static constexpr const char* kStatusColumn = ZFWSelectStatusKey;
 
+  // The type under which a host drags a row of the list; what it lets go goes to the list's moveRow.
+  static constexpr const char* dictDDPboardType = "dictDDPboardType";
+
   ZFWDictTabView();
   ~ZFWDictTabView() override;
   ZFWDictTabView(const ZFWDictTabView&) = delete;

@@ -319,6 +319,7 @@ TEST_F(DictTab, SwitchingADictionaryStoresItAndTellsEveryWindow) {
 }
 
 TEST_F(DictTab, DraggingARowChangesTheOrderOfTheSearch) {
+  EXPECT_STREQ(ZFWDictTabView::dictDDPboardType, "dictDDPboardType");
   ZFWDictTabView tab;
   tab.loadPreferences({book("A"), book("B")});
   EXPECT_TRUE(tab.dictListView().moveRow(0, 2));
