@@ -50,8 +50,9 @@ bool TableView::choose(int row) {
 }
 
 bool TableView::doubleClick(int row) {
+  const std::weak_ptr<const bool> here = alive();
   if (row < 0 || !choose(row)) return false;
-  doubleClicked.emit();
+  if (!here.expired()) doubleClicked.emit();
   return true;
 }
 

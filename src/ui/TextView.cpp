@@ -56,10 +56,11 @@ bool TextView::select(TextRange range) {
 
 bool TextView::edit(TextRange range, std::string_view utf8) {
   if (!takesEvents() || !editable_) return false;
+  const std::weak_ptr<const bool> here = alive();
   const size_t start = text_.clip(range).start;
   replace(range, utf8);
-  setSelection({start + AttributedText::unitsOf(utf8), 0});
-  textEdited.emit();
+  if (!here.expired()) setSelection({start + AttributedText::unitsOf(utf8), 0});
+  if (!here.expired()) textEdited.emit();
   return true;
 }
 

@@ -7,11 +7,17 @@
 // A setter emits the first kind only, and only when the state really differs; an event method (click(),
 // choose(), type()) emits both. docs/hosting.md shows how a host puts this to use.
 //
+// A third kind is for both: selectionChanged, started and finished tell whoever brought it about, user or
+// logic.
+//
 // Handlers must not throw. A handler of `changed` destroys no widget; one of a user's event may, the widget
-// that sends it included. All is to be used on one thread.
+// that sends it included, and so may one of the third kind: the widget bears it. Logic that is at work on its
+// widgets doesn't, so what the third kind tells inside a look-up, say, ends no controller. All is to be used
+// on one thread.
 #ifndef UI_VIEW_H
 #define UI_VIEW_H
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -70,6 +76,9 @@ class ZAVEL_API View {
  protected:
   void notifyChange();
 
+  // Expires with this view: what an event method looks at behind a signal whose handler may destroy it.
+  std::weak_ptr<const bool> alive() const { return alive_; }
+
   // Sets the field and tells; false and silent when it has that value already.
   template <typename T>
   bool change(T& field, const T& value) {
@@ -90,6 +99,7 @@ class ZAVEL_API View {
   std::string tooltip_;
   std::vector<View*> children_;  // borrowed
   View* parent_ = nullptr;       // borrowed
+  std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };
 
 }  // namespace zavel

@@ -45,13 +45,14 @@ void WebView::goForward() {
   if (canGoForward()) begin(history_[static_cast<size_t>(at_ + 1)], at_ + 1);
 }
 
-// The handler may stop the load, or begin another one.
+// The handler may stop the load, begin another one, or destroy the view.
 bool WebView::decide(const std::string& mimeType, bool showable) {
   if (!loading()) return false;
   const size_t load = loads_;
+  const std::weak_ptr<const bool> here = alive();
   WebPolicy policy = showable ? WebPolicy::kUse : WebPolicy::kIgnore;
   if (const auto handler = onDecidePolicy) policy = handler({requestedUrl_, mimeType, showable});
-  if (loads_ != load) return false;
+  if (here.expired() || loads_ != load) return false;
   decided_ = policy == WebPolicy::kUse;
   if (!decided_) stop();
   return decided_;
@@ -96,8 +97,9 @@ void WebView::begin(const std::string& url, int historyIndex) {
   requestedUrl_ = url;
   requestedIndex_ = historyIndex;
   decided_ = false;
+  const std::weak_ptr<const bool> here = alive();
   started.emit(std::string(requestedUrl_));  // ahead of a host that loads at once
-  notifyChange();
+  if (!here.expired()) notifyChange();
 }
 
 }  // namespace zavel

@@ -1,6 +1,10 @@
-// Counting what a widget tells.
+// Counting what a widget tells, and widgets that a handler destroys.
 #ifndef TESTS_UI_CHANGES_H
 #define TESTS_UI_CHANGES_H
+
+#include <cstddef>
+#include <new>
+#include <utility>
 
 #include "ui/View.h"
 
@@ -29,6 +33,27 @@ class Changes {
 
  private:
   Connection connection_;
+};
+
+// A widget that ends when a handler says so. Whoever uses it afterwards finds what it left, or, where that is
+// made useless, nothing that works.
+template <typename Widget>
+class Doomed {
+ public:
+  ~Doomed() { end(); }
+  void end() {
+    if (widget_) std::exchange(widget_, nullptr)->~Widget();
+  }
+  void endInRuins() {
+    end();
+    for (size_t i = 0; i < sizeof place_; ++i) static_cast<volatile unsigned char*>(place_)[i] = 0xA5;
+  }
+  bool ended() const { return widget_ == nullptr; }
+  Widget* operator->() { return widget_; }
+
+ private:
+  alignas(Widget) unsigned char place_[sizeof(Widget)];
+  Widget* widget_ = new (place_) Widget;
 };
 
 }  // namespace zavel::test

@@ -13,6 +13,7 @@ namespace {
 
 using test::Changes;
 using test::Count;
+using test::Doomed;
 
 // Rows of one text each, in column "itemList"; column "number" counts them.
 class Rows : public TableDataSource {
@@ -147,6 +148,17 @@ TEST_F(ATable, ADoubleClickSelectsFirst) {
   EXPECT_FALSE(table.doubleClick(3));
   EXPECT_FALSE(table.doubleClick(-1));
   EXPECT_EQ(table.selectedRow(), 1);
+}
+
+TEST_F(ATable, ASelectionThatEndsTheTableEndsTheDoubleClick) {
+  Doomed<TableView> doomed;
+  doomed->setDataSource(&rows);
+  int clicks = 0;
+  const Connection end = doomed->selectionChanged.connect([&] { doomed.endInRuins(); });
+  const Connection click = doomed->doubleClicked.connect([&] { ++clicks; });
+  EXPECT_TRUE(doomed->doubleClick(1));
+  EXPECT_TRUE(doomed.ended());
+  EXPECT_EQ(clicks, 0);
 }
 
 TEST_F(ATable, EditsCellsOfEditableColumns) {

@@ -5,10 +5,10 @@
 #include <memory>
 #include <string>
 
-#include "ui/Changes.h"
 #include "platform/ForkedFiles.h"
 #include "platform/Platform.h"
 #include "support/TempFolder.h"
+#include "ui/Changes.h"
 
 namespace zavel {
 namespace {
@@ -143,6 +143,26 @@ TEST(TextView, TellsTheLinkUnderAClick) {
   EXPECT_EQ(heard, 4);
   view.setHidden(true);
   EXPECT_FALSE(view.click(4));
+}
+
+TEST(TextView, ASelectionThatEndsTheViewEndsTheEdit) {
+  struct Case {
+    const char* text;
+    TextRange selection;
+  };
+  // The selection moves behind the new text; in the second case it is cut before that, with the text.
+  for (const Case& each : {Case{"", {0, 0}}, Case{"take", {2, 2}}}) {
+    test::Doomed<TextView> doomed;
+    doomed->setEditable(true);
+    doomed->setText(each.text);
+    doomed->setSelection(each.selection);
+    int edits = 0;
+    const Connection end = doomed->selectionChanged.connect([&] { doomed.endInRuins(); });
+    const Connection edited = doomed->textEdited.connect([&] { ++edits; });
+    EXPECT_TRUE(doomed->edit({0, 4}, "go"));
+    EXPECT_TRUE(doomed.ended());
+    EXPECT_EQ(edits, 0);
+  }
 }
 
 TEST(TextView, RecordsWhatIsToBeInView) {

@@ -116,6 +116,27 @@ TEST_F(AWebView, TheLogicMayLoadAnotherPageInstead) {
   EXPECT_EQ(view.url(), "file:///result.html");
 }
 
+TEST(WebView, AStartThatEndsTheViewEndsTheLoad) {
+  test::Doomed<WebView> doomed;
+  int changes = 0;
+  const Connection end = doomed->started.connect([&](const std::string&) { doomed.endInRuins(); });
+  const Connection change = doomed->changed.connect([&](View&) { ++changes; });
+  doomed->load("http://x/");
+  EXPECT_TRUE(doomed.ended());
+  EXPECT_EQ(changes, 0);
+}
+
+TEST(WebView, ADecisionThatEndsTheViewIsARefusal) {
+  test::Doomed<WebView> doomed;
+  doomed->load("http://x/");
+  doomed->onDecidePolicy = [&](const WebResponse&) {
+    doomed.end();
+    return WebPolicy::kUse;
+  };
+  EXPECT_FALSE(doomed->decide("text/html", true));
+  EXPECT_TRUE(doomed.ended());
+}
+
 TEST_F(AWebView, AnIgnoredOrFailedLoadLeavesThePageInView) {
   visit("http://a/");
   view.load("http://b/");
