@@ -12,10 +12,12 @@ namespace zavel {
 // Takes its events and keeps what they asked for.
 class ZAVEL_API R_Controller {
  public:
-  // initialize:parentWindow:progress:
-  void initialize(const Rect& frame, const void* parentWindow, BusyIndicator* progress);
+  // initialize:parentWindow:progress:  `viewNumber` tells this tab's results and translations from those of
+  // other windows.
+  void initialize(const Rect& frame, const void* parentWindow, BusyIndicator* progress, int viewNumber);
 
   View& mainView() { return view_; }
+  int viewID() const { return viewID_; }
 
   // Shows the feed at an address.
   void connectURLString(const std::string& url) { url_ = url; }
@@ -31,6 +33,7 @@ class ZAVEL_API R_Controller {
   WebView webView_;
   const void* parentWindow_ = nullptr;
   BusyIndicator* progress_ = nullptr;  // borrowed
+  int viewID_ = 0;
   std::string url_;
   bool alertSkip_ = false;
 };

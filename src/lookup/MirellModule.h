@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "foundation/Export.h"
 #include "lookup/MirellDictionaryManager.h"
@@ -27,6 +28,12 @@ class ZAVEL_API MirellModule {
 
   // The manager, null before load; stays this module's.
   MirellDictionaryManager* objectODM() const { return mirellDictionaryManager_.get(); }
+  // Puts a manager of the caller's in the place of the one that load makes: for a host with a dictionary of
+  // its own, whose module is gMirellModule ahead of the first controller. Tabs hold on to the manager that
+  // they found, so it is not to be changed while there are any.
+  void setObjectODM(std::unique_ptr<MirellDictionaryManager> manager) {
+    mirellDictionaryManager_ = std::move(manager);
+  }
 
   // The path of the result file, UTF-8.
   const std::string& cachePath() const { return mirellCachePath_; }

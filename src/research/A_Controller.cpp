@@ -2,11 +2,9 @@
 
 namespace zavel {
 
-void A_Controller::initialize(const Rect& frame, const void* parentWindow, BusyIndicator* progress) {
+void A_Controller::initialize(const Rect& frame) {
   view_.setFrame(frame);
   view_.addChild(queryField_);
-  parentWindow_ = parentWindow;
-  progress_ = progress;
 }
 
 }  // namespace zavel

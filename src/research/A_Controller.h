@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include "ui/BusyIndicator.h"
 #include "ui/TextField.h"
 
 namespace zavel {
@@ -12,8 +11,8 @@ namespace zavel {
 // Takes its events and keeps what they asked for.
 class ZAVEL_API A_Controller {
  public:
-  // initialize:parentWindow:progress:
-  void initialize(const Rect& frame, const void* parentWindow, BusyIndicator* progress);
+  // initialize:
+  void initialize(const Rect& frame);
 
   View& mainView() { return view_; }
   TextField& queryField() { return queryField_; }
@@ -23,8 +22,6 @@ class ZAVEL_API A_Controller {
  private:
   View view_;
   TextField queryField_;
-  const void* parentWindow_ = nullptr;
-  BusyIndicator* progress_ = nullptr;  // borrowed
 };
 
 }  // namespace zavel

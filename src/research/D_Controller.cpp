@@ -2,11 +2,10 @@
 
 namespace zavel {
 
-void D_Controller::initialize(const Rect& frame, const void* parentWindow, BusyIndicator* progress) {
+void D_Controller::initialize(const Rect& frame, int viewNumber) {
   view_.setFrame(frame);
   view_.addChild(queryField_);
-  parentWindow_ = parentWindow;
-  progress_ = progress;
+  viewID_ = viewNumber;
 }
 
 }  // namespace zavel

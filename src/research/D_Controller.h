@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include "ui/BusyIndicator.h"
 #include "ui/TextField.h"
 
 namespace zavel {
@@ -12,10 +11,11 @@ namespace zavel {
 // Takes its events and keeps what they asked for.
 class ZAVEL_API D_Controller {
  public:
-  // initialize:parentWindow:progress:
-  void initialize(const Rect& frame, const void* parentWindow, BusyIndicator* progress);
+  // initialize:viewID:  `viewNumber` tells this tab's translations from those of other windows.
+  void initialize(const Rect& frame, int viewNumber);
 
   View& mainView() { return view_; }
+  int viewID() const { return viewID_; }
   TextField& queryField() { return queryField_; }
 
   void setQuery(const std::string& query) { queryField_.setText(query); }
@@ -23,8 +23,7 @@ class ZAVEL_API D_Controller {
  private:
   View view_;
   TextField queryField_;
-  const void* parentWindow_ = nullptr;
-  BusyIndicator* progress_ = nullptr;  // borrowed
+  int viewID_ = 0;
 };
 
 }  // namespace zavel

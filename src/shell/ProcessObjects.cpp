@@ -27,6 +27,7 @@ namespace {
 
 std::string hostPathTable;
 std::unique_ptr<MirellModule> ownedMirellModule;
+ProcessStatus status;
 
 std::string text(const char* path) {
   return path ? path : "";
@@ -36,13 +37,13 @@ void makeCommonModule() {
   if (gZavelCommonModule) {
     // The table in use; a copy, because loading replaces what the accessor gave.
     const std::string table = text(zavelPathDictAndHelper());
-    zavelPathLoadDictAndHelper(table.empty() ? nullptr : table.c_str());
+    status.pathTable = zavelPathLoadDictAndHelper(table.empty() ? nullptr : table.c_str());
     return;
   }
   gZavelCommonModule = std::make_unique<ZavelCommonModule>(
       platform().bundle().resourcePath("Entity", "plist").value_or(std::string()));
   zavelPathInitialize();
-  zavelPathLoadDictAndHelper(hostPathTable.empty() ? nullptr : hostPathTable.c_str());
+  status.pathTable = zavelPathLoadDictAndHelper(hostPathTable.empty() ? nullptr : hostPathTable.c_str());
   zavelStyleInitialize();
   zavelStyleSetTStyleUrl(zavelPathTranslationStylePathURL());
   zavelStyleSetTechDictUrl(zavelPathTechnicalDicEngFolderURL(), zavelPathTechnicalDicJpnFolderURL());
@@ -85,6 +86,10 @@ void setHostPathTable(const std::string& path) {
   hostPathTable = path;
 }
 
+ProcessStatus processStatus() {
+  return status;
+}
+
 void retainProcessObjects() {
   ++gCallCount;
   makeCommonModule();
@@ -98,14 +103,17 @@ void retainProcessObjects() {
 }
 
 void makeMirellModule(const std::string& cacheName) {
-  if (gMirellModule) return;
-  ownedMirellModule = std::make_unique<MirellModule>();
-  gMirellModule = ownedMirellModule.get();
-  gMirellModule->load(cacheName);
+  if (!gMirellModule) {
+    ownedMirellModule = std::make_unique<MirellModule>();
+    gMirellModule = ownedMirellModule.get();
+    gMirellModule->load(cacheName);
+  }
+  status.mirellLoaded = gMirellModule->objectODM() != nullptr;
 }
 
 void releaseProcessObjects() {
   if (--gCallCount > 0) return;
+  status = ProcessStatus();
   if (gRSSSubscriber2) gRSSSubscriber2->terminateProcess();
   gRSSSubscriber2.reset();
   gTranslationController2.reset();

@@ -19,6 +19,14 @@ ZAVEL_API extern bool rssTimerFlag;
 // its own sets it before the first controller.
 ZAVEL_API void setHostPathTable(const std::string& path);
 
+// What loading gave, for a host that wants to say why nothing is found. A controller goes on without.
+struct ProcessStatus {
+  int pathTable = 1;          // of the last zavelPathLoadDictAndHelper (config/ZavelPath.h); 0: complete
+  bool mirellLoaded = false;  // there is a lookup manager, though its dictionary need not have opened
+};
+// As the controllers of the process found it; as at first before the first one and after the last one.
+ZAVEL_API ProcessStatus processStatus();
+
 // The steps of a controller's start that make what is shared, in their order: common services with path and
 // style tables; stores; work paths; the translation controller and the feed subscriber.
 void retainProcessObjects();

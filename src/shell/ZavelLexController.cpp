@@ -1,6 +1,8 @@
 // Set-up and end. Look-ups, events and menus stand beside it. Tests: tests/shell/ControllerTest.cpp
 #include "shell/ZavelLexController.h"
 
+#include <utility>
+
 #include "config/WorkPaths.h"
 #include "config/ZFWPlistController.h"
 #include "config/ZPFile.h"
@@ -45,14 +47,12 @@ ZavelLexController::ZavelLexController() : zavelLexView_(std::make_unique<ZEFVie
 }
 
 ZavelLexController::~ZavelLexController() {
+  ready_ = false;
   subscriptions_.clear();
   connections_.clear();
   zavelLexView_.reset();
   tabView_.reset();
-  if (searchField_) {
-    searchField_->onInsertNewline = nullptr;
-    searchField_->setMenu(nullptr);
-  }
+  leaveField();
   // The tabs use what all controllers share, so they go before it.
   zfwPrefController_.reset();
   sController_.reset();
@@ -72,7 +72,7 @@ void ZavelLexController::initController(const Rect& frame, const void* target, c
 
 void ZavelLexController::initController(const Rect& frame, const void* target, const Modes& segment,
                                         const std::string& kenkyu) {
-  if (sController_) return;
+  if (std::exchange(begun_, true)) return;
   zavelParent_ = target;
   resetModes();
   makeMirellModule(kenkyu);
@@ -85,6 +85,7 @@ void ZavelLexController::initController(const Rect& frame, const void* target, c
   ++viewID;
   makePreferences();
   makeMenus();
+  ready_ = true;
   subscriptions_.push_back(NotificationCenter::shared().subscribe(
       S_Controller::ZFChangeSizeNotification,
       [this](const Notification& notification) { handleChangedFontSize(notification); }));
@@ -95,7 +96,7 @@ void ZavelLexController::initController(const Rect& frame, const void* target, c
 
 void ZavelLexController::initController(const Rect& frame, const void* target, const Modes& segment,
                                         const Modes& unSegment) {
-  if (sController_) return;
+  if (begun_) return;
   initController(frame, target, segment);
   numberModes(unSegment, kFirstHiddenMode);
   if (segmentRss_ >= kFirstHiddenMode) updateFeedsOnce();
@@ -103,7 +104,7 @@ void ZavelLexController::initController(const Rect& frame, const void* target, c
 
 void ZavelLexController::initController(const Rect& frame, const void* target, SearchField& input,
                                         BusyIndicator& progress, const std::string& kenkyu) {
-  if (sController_) return;
+  if (std::exchange(begun_, true)) return;
   zavelParent_ = target;
   resetModes();
   numberModes({ZFDictTab, ZFTransTab, ZFSearchTab, ZFRssTab}, 0);
@@ -120,6 +121,7 @@ void ZavelLexController::initController(const Rect& frame, const void* target, S
   ++viewID;
   makePreferences();
   makeMenus();
+  ready_ = true;
   selectMode();
   updateFeedsOnce();
 }
@@ -168,8 +170,16 @@ void ZavelLexController::makeWindow(const Rect& frame, const Modes& segment) {
 }
 
 void ZavelLexController::connectField() {
-  searchField_->onInsertNewline = [this] { return insertNewline(); };
+  searchField_->onInsertNewline = Newline{this};
   connections_.push_back(searchField_->textEdited.connect([this] { controlTextDidChange(); }));
+}
+
+// A host's field goes on; a controller that came later may have it by now.
+void ZavelLexController::leaveField() {
+  if (!searchField_) return;
+  const Newline* const handler = searchField_->onInsertNewline.target<Newline>();
+  if (handler && handler->controller == this) searchField_->onInsertNewline = nullptr;
+  if (isOwn(searchField_->menu())) searchField_->setMenu(nullptr);
 }
 
 void ZavelLexController::makeTabControllers(const Rect& frame) {
@@ -182,14 +192,14 @@ void ZavelLexController::makeTabControllers(const Rect& frame) {
   dController_ = std::make_unique<D_Controller>();
   aController_ = std::make_unique<A_Controller>();
   sController_->initialize(frame, zavelParent_, progressSpinning_);
-  tController_->initialize(frame, zavelParent_, progressSpinning_);
+  tController_->initialize(frame, zavelParent_, progressSpinning_, viewID);
   eController_->initialize(frame, zavelParent_, progressSpinning_);
-  wController_->initialize(frame, zavelParent_, progressSpinning_);
-  rController_->initialize(frame, zavelParent_, progressSpinning_);
+  wController_->initialize(frame, zavelParent_, progressSpinning_, viewID);
+  rController_->initialize(frame, zavelParent_, progressSpinning_, viewID);
   qController_->initialize(frame, zavelParent_, progressSpinning_,
                            {quickTransUpDown_, quickTransButtonHide_, ownedApplet == ZAVEL_APPLET_BROWSER});
-  dController_->initialize(frame, zavelParent_, progressSpinning_);
-  aController_->initialize(frame, zavelParent_, progressSpinning_);
+  dController_->initialize(frame, viewID);
+  aController_->initialize(frame);
 }
 
 void ZavelLexController::makePreferences() {

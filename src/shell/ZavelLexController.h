@@ -60,10 +60,10 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
   ZavelLexController(const ZavelLexController&) = delete;
   ZavelLexController& operator=(const ZavelLexController&) = delete;
 
-  // The set-up, in one of four forms; a second one does nothing. Before it, events and commands do nothing
-  // and there are no tabs to ask for. `target` is the host's token: any address of its own, compared and
-  // never followed; null matches no event. `kenkyu` names the file in the cache folder that entries are shown
-  // through; the first controller of the process settles it for all.
+  // The set-up, in one of four forms; a second one does nothing. Before its end, events and commands do
+  // nothing and there are no tabs to ask for. `target` is the host's token: any address of its own, compared
+  // and never followed; null matches no event. `kenkyu` names the file in the cache folder that entries are
+  // shown through; the first controller of the process settles it for all.
   //
   // initController:target:segment:
   void initController(const Rect& frame, const void* target, const Modes& segment);
@@ -73,7 +73,8 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
   void initController(const Rect& frame, const void* target, const Modes& segment, const Modes& unSegment);
   // initController:target:input:progress:kenkyu:  For a host with a field and a busy indicator of its own,
   // which outlive this controller; it has no mode switch and no tabs. Dictionary, translation, web search and
-  // feeds.
+  // feeds. Takes over the field's text, its menu and its onInsertNewline, and hears of its edits; at its end
+  // it clears menu and onInsertNewline, unless they are somebody else's by then.
   void initController(const Rect& frame, const void* target, SearchField& input, BusyIndicator& progress,
                       const std::string& kenkyu);
 
@@ -165,6 +166,12 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
   void makeTabControllers(const Rect& frame);
   void makeWindow(const Rect& frame, const Modes& segment);
   void connectField();
+  void leaveField();
+  // A host's field may have been given to another controller meanwhile: tells whose handler it has.
+  struct Newline {
+    ZavelLexController* controller;
+    bool operator()() const { return controller->insertNewline(); }
+  };
   void makeMenus();
   void makePreferences();
   void updateFeedsOnce();
@@ -217,10 +224,13 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
   void changeRss();
   void selectRssModeMenu(const std::string& url);
   void giveMenu(const std::shared_ptr<Menu>& menu);
+  bool isOwn(const std::shared_ptr<Menu>& menu) const;
   MenuItem::Action whileAlive(MenuItem::Action action) const;
   int checkedTag(int first, int end) const;
 
   const void* zavelParent_ = nullptr;
+  bool begun_ = false;                     // a set-up form has been called
+  bool ready_ = false;                     // it has made all that events and commands use
   std::unique_ptr<ZEFView> zavelLexView_;  // goes first, so that a host hears nothing of the end
   std::unique_ptr<SegmentedControl> modeControl_;
   std::unique_ptr<SearchField> ownField_;
@@ -230,8 +240,9 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
   Button squareButton_;
   std::unique_ptr<TabView> tabView_;
   std::shared_ptr<Menu> dMenu_, tMenu_, wMenu_, rMenu_, qMenu_;
-  int oMenuNumber_ = 0;  // one past the last display mode tag of dMenu
-  int sMenuNumber_ = 0;  // one past its last direction tag
+  std::weak_ptr<Menu> givenMenu_;  // what the field was given last, one of an earlier list perhaps
+  int oMenuNumber_ = 0;            // one past the last display mode tag of dMenu
+  int sMenuNumber_ = 0;            // one past its last direction tag
   int segmentDict_ = 0, segmentTrans_ = 0, segmentTexttrans_ = 0, segmentSearch_ = 0;
   int segmentRss_ = 0, segmentQuick_ = 0, segmentDocu_ = 0, segmentArch_ = 0;
   bool quickTransUpDown_ = true;

@@ -76,8 +76,8 @@ int ZavelLexController::selectedSegment() const {
 }
 
 void ZavelLexController::selectMode() {
-  if (!sController_) return;
-  if (zfwPrefController_) zfwPrefController_->hide();
+  if (!ready_) return;
+  zfwPrefController_->hide();
   for (const ModeRow& mode : kModes) {
     if (isUp(this->*mode.number)) return show(mode);
   }
@@ -100,7 +100,7 @@ bool ZavelLexController::isForThisHost(const Notification& notification) const {
 
 void ZavelLexController::handle(const EventRow& event, const Notification& notification) {
   const int number = this->*event.mode;
-  if (!sController_ || number == kModeAbsent || !isForThisHost(notification)) return;
+  if (!ready_ || number == kModeAbsent || !isForThisHost(notification)) return;
   if (event.selects && number < kFirstHiddenMode) {
     if (modeControl_) modeControl_->setSelectedSegment(number);
     selectMode();
@@ -184,8 +184,10 @@ void ZavelLexController::handleExampleArchives(const Notification& notification)
 }
 
 void ZavelLexController::handleDropOperation(const Notification& notification) {
-  if (!sController_) return;
-  if (!notification.object.value.isDict()) return dropText(notification.object.value.string());
+  if (!ready_) return;
+  const Value& dropped = notification.object.value;
+  if (dropped.isString()) return dropText(dropped.string());
+  if (!dropped.isDict()) return;
   const void* view = notification.object.identity(ZFViewPointerKey);
   if (view == tController_->webView().identity()) {
     tController_->dropTranslation(textOf(notification));
@@ -213,11 +215,11 @@ void ZavelLexController::handleChangedFontSize(const Notification&) {
 
 void ZavelLexController::slideTabForMenu(const Notification& notification) {
   const ModeRow* mode = modeRow(notification.object.value.string());
-  if (searchField_ && mode && mode->menu) giveMenu(this->*mode->menu);
+  if (ready_ && mode && mode->menu) giveMenu(this->*mode->menu);
 }
 
 bool ZavelLexController::insertNewline() {
-  if (!sController_) return false;
+  if (!ready_) return false;
   const std::string text = searchField_->text();
   if (isUp(segmentDict_)) {
     lookupButton();
@@ -234,7 +236,7 @@ bool ZavelLexController::insertNewline() {
 }
 
 void ZavelLexController::controlTextDidChange() {
-  if (!sController_ || !searchField_->text().empty()) return;
+  if (!ready_ || !searchField_->text().empty()) return;
   if (isUp(segmentDict_)) {
     sController_->clear();
   } else if (isUp(segmentSearch_)) {
@@ -245,7 +247,7 @@ void ZavelLexController::controlTextDidChange() {
 }
 
 void ZavelLexController::panelButton() {
-  if (!zfwPrefController_) return;
+  if (!ready_) return;
   if (squareButton_.title() == platform().bundle().localized("DictList")) {
     zfwPrefController_->showDictPanel();
   } else {

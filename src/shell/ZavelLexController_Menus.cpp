@@ -90,7 +90,13 @@ MenuItem::Action ZavelLexController::whileAlive(MenuItem::Action action) const {
 }
 
 void ZavelLexController::giveMenu(const std::shared_ptr<Menu>& menu) {
+  givenMenu_ = menu;
   searchField_->setMenu(menu);
+}
+
+bool ZavelLexController::isOwn(const std::shared_ptr<Menu>& menu) const {
+  return menu && (menu == givenMenu_.lock() || menu == dMenu_ || menu == tMenu_ || menu == wMenu_ ||
+                  menu == rMenu_ || menu == qMenu_);
 }
 
 // Another window's list, or a host's, is in the store.
@@ -152,6 +158,7 @@ void ZavelLexController::addOutsideDirections() {
 }
 
 void ZavelLexController::selectDictModeMenu(int tag) {
+  if (!dMenu_) return;  // chosen in the menu of a list that is no more
   if (tag >= kDirectionHeadingTag) {
     checkAmong(dMenu_.get(), kFirstDirectionTag, sMenuNumber_, tag);
   } else {

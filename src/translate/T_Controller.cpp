@@ -2,11 +2,13 @@
 
 namespace zavel {
 
-void T_Controller::initialize(const Rect& frame, const void* parentWindow, BusyIndicator* progress) {
+void T_Controller::initialize(const Rect& frame, const void* parentWindow, BusyIndicator* progress,
+                              int viewNumber) {
   view_.setFrame(frame);
   view_.addChild(webView_);
   parentWindow_ = parentWindow;
   progress_ = progress;
+  viewID_ = viewNumber;
 }
 
 void T_Controller::translation(const std::string& text, int direction) {

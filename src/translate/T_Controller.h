@@ -14,10 +14,12 @@ namespace zavel {
 // Takes its events and keeps what they asked for.
 class ZAVEL_API T_Controller {
  public:
-  // initialize:parentWindow:progress:
-  void initialize(const Rect& frame, const void* parentWindow, BusyIndicator* progress);
+  // initialize:parentWindow:progress:  `viewNumber` tells this tab's results and translations from those of
+  // other windows.
+  void initialize(const Rect& frame, const void* parentWindow, BusyIndicator* progress, int viewNumber);
 
   View& mainView() { return view_; }
+  int viewID() const { return viewID_; }
   // Where results are shown; what is dropped on it is translated.
   ZEFWebView& webView() { return webView_; }
 
@@ -44,6 +46,7 @@ class ZAVEL_API T_Controller {
   ZEFWebView webView_;
   const void* parentWindow_ = nullptr;
   BusyIndicator* progress_ = nullptr;  // borrowed
+  int viewID_ = 0;
   int direction_ = kAutoTranslateTag;
   Request request_;
 };

@@ -13,10 +13,12 @@ namespace zavel {
 // Takes its events and keeps what they asked for.
 class ZAVEL_API W_Controller {
  public:
-  // initialize:parentWindow:progress:
-  void initialize(const Rect& frame, const void* parentWindow, BusyIndicator* progress);
+  // initialize:parentWindow:progress:  `viewNumber` tells this tab's results and translations from those of
+  // other windows.
+  void initialize(const Rect& frame, const void* parentWindow, BusyIndicator* progress, int viewNumber);
 
   View& mainView() { return view_; }
+  int viewID() const { return viewID_; }
 
   // The address of the site that is searched; empty for none.
   void setSite(const std::string& url) { site_ = url; }
@@ -30,6 +32,7 @@ class ZAVEL_API W_Controller {
   WebView webView_;
   const void* parentWindow_ = nullptr;
   BusyIndicator* progress_ = nullptr;  // borrowed
+  int viewID_ = 0;
   std::string site_;
   SjisBytes query_;
 };

@@ -95,6 +95,109 @@ TEST_F(Controller, ASecondSetUpDoesNothing) {
   EXPECT_NE(window.controller->searchField(), &input);
 }
 
+// The first segment of a mode named twice, or hidden as well, stays in the switch and is nobody's.
+TEST_F(Controller, ASegmentThatItsModeLeftShowsTheArchives) {
+  Window twice({"zfDictTab", "zfTransTab", "zfDictTab"});
+  EXPECT_EQ(twice.controller->modeControl()->segments().size(), 3u);
+  EXPECT_EQ(twice.segment(), 0);
+  EXPECT_EQ(twice.tab(), "aTab");
+  Window both({"zfDictTab", "zfTransTab"}, {"zfDictTab"});
+  EXPECT_EQ(both.tab(), "sTab");  // it was hidden behind the first choice
+  both.controller->modeControl()->choose(1);
+  both.controller->modeControl()->choose(0);
+  EXPECT_EQ(both.segment(), 0);
+  EXPECT_EQ(both.tab(), "aTab");
+}
+
+TEST_F(Controller, ASegmentBehindAHundredWorksAsAHiddenMode) {
+  std::vector<std::string> modes(100, "zfTransTab");
+  modes.push_back("zfDictTab");
+  Window window(modes);
+  EXPECT_EQ(window.controller->modeControl()->segments().size(), 101u);
+  EXPECT_EQ(window.controller->segmentDict(), 100);
+  window.look("take");
+  EXPECT_EQ(window.field(), "take");
+  EXPECT_EQ(window.segment(), 0);
+}
+
+// --- Inside the set-up ---
+
+// A host that answers each change of a view with all that may be asked of a controller, until its menus are
+// there: the set-up's last piece.
+class Impatient {
+ public:
+  Impatient(ZavelLexController& controller, const void* token, View& view)
+      : heard_(view.changed.connect([&controller, token, this](View&) {
+          if (controller.rMenu()) return;
+          ++times;
+          askAll(controller, token);
+        })) {}
+  int times = 0;
+
+ private:
+  static void askAll(ZavelLexController& controller, const void* token) {
+    NotificationObject object;
+    object.value = Value::Dict{{"zfModeKey", 6}, {"zfTextKey", "match"}};
+    object.identities["zfParentKey"] = token;
+    object.identities["zfViewPointerKey"] = controller.mainView().identity();
+    NotificationCenter& center = NotificationCenter::shared();
+    for (const char* name :
+         {"zfSetDirectionNotification", "zfDictLookupNotification", "zfRssNotification",
+          "zfEtoJTranslationNotification", "zfTranslationSearchNotification", "zfPubMedSearchNotification",
+          "zfExampleArchivesNotification", "zfDropNotification", "zfChangeSizeNotification"}) {
+      center.post(name, object);
+    }
+    object.value = "zfTransTab";
+    center.post("zfSlideTabNotification", object);
+    controller.lookupButton();
+    controller.searchButton();
+    controller.selectMode();
+    controller.panelButton();
+    controller.doTranslate("match", true);
+    controller.controlTextDidChange();
+    EXPECT_FALSE(controller.insertNewline());
+    EXPECT_EQ(controller.urlSearch(), "");
+    controller.initController(Rect(), token, {"zfArchTab"});
+  }
+
+  Connection heard_;
+};
+
+TEST_F(Controller, EventsAndCommandsInsideTheSetUpOfAFieldDoNothing) {
+  SearchField input;
+  BusyIndicator progress;
+  int token = 0;
+  ZavelLexController controller;
+  input.setText("take");
+  const Impatient impatient(controller, &token, input);
+  controller.initController(Rect(), &token, input, progress, "result");
+  EXPECT_EQ(impatient.times, 1);  // the field got its menu
+  EXPECT_EQ(numbers(controller), (std::vector<int>{0, 1, -1, 2, 3, -1, -1, 0}));
+  EXPECT_EQ(input.text(), "take");
+  EXPECT_EQ(input.menu(), controller.dMenu());
+  EXPECT_EQ(controller.tController().direction(), 5);
+  EXPECT_EQ(controller.tController().request(), T_Controller::Request());
+  EXPECT_EQ(linesOf(*controller.tMenu()), (Lines{"5 AutoTranslate", "6 EtoJTranslate", "7 JtoETranslate"}));
+  EXPECT_TRUE(controller.zfwPrefController().panel().hidden());
+  EXPECT_TRUE(input.insertNewline());  // and now it works
+}
+
+TEST_F(Controller, EventsAndCommandsInsideTheSetUpOfAWindowDoNothing) {
+  int token = 0;
+  ZavelLexController controller;
+  const Impatient impatient(controller, &token, controller.mainView());
+  controller.initController(Rect(), &token, kAllModes);
+  EXPECT_GT(impatient.times, 8);  // for each tab at least
+  EXPECT_EQ(numbers(controller), (std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7}));
+  EXPECT_EQ(controller.searchField()->text(), "");
+  EXPECT_EQ(controller.searchField()->menu(), controller.dMenu());
+  EXPECT_EQ(controller.tabView()->selectedIdentifier(), "sTab");
+  EXPECT_EQ(controller.tController().request(), T_Controller::Request());
+  EXPECT_EQ(controller.dController().queryField().text(), "");
+  EXPECT_EQ(controller.aController().queryField().text(), "");
+  EXPECT_TRUE(controller.zfwPrefController().panel().hidden());
+}
+
 // --- The window ---
 
 TEST_F(Controller, TheTabsStandInTheOrderOfTheModes) {
@@ -116,12 +219,18 @@ TEST_F(Controller, AllIsBelowTheRootViewWhichHearsOfItsChanges) {
   EXPECT_EQ(changes, 0u);  // nothing is told of the end
 }
 
-TEST_F(Controller, EachSetUpRaisesTheViewNumber) {
-  const int before = viewID;
+TEST_F(Controller, EachSetUpHasTheNextViewNumber) {
+  const auto numbersOfTabs = [](ZavelLexController& controller) {
+    return std::vector<int>{controller.tController().viewID(), controller.wController().viewID(),
+                            controller.rController().viewID(), controller.dController().viewID()};
+  };
+  viewID = 41;
   Window window(kAllModes);
-  EXPECT_EQ(viewID, before + 1);
+  EXPECT_EQ(viewID, 42);
   FieldHost host;
-  EXPECT_EQ(viewID, before + 2);
+  EXPECT_EQ(viewID, 43);
+  EXPECT_EQ(numbersOfTabs(*window.controller), (std::vector<int>{41, 41, 41, 41}));
+  EXPECT_EQ(numbersOfTabs(*host.controller), (std::vector<int>{42, 42, 42, 42}));
 }
 
 TEST_F(Controller, TheQuickTabIsLaidOutAsTheHostAsked) {
@@ -157,6 +266,65 @@ TEST_F(Controller, TheCorrespondenceClientsFieldHasTheStoredLayout) {
     EXPECT_EQ(host.controller->qController().layout(), each.expected);
     Window window(kAllModes);
     EXPECT_EQ(window.controller->qController().layout(), (Q_Controller::Layout{true, false, false}));
+  }
+}
+
+// --- A host's own field ---
+
+TEST_F(Controller, TheEndOfAControllerLeavesTheHostsFieldToTheNextOne) {
+  SearchField input;
+  BusyIndicator progress;
+  int token = 0;
+  auto controller = std::make_unique<ZavelLexController>();
+  controller->initController(Rect(), &token, input, progress, "result");
+  auto next = std::make_unique<ZavelLexController>();
+  next->initController(Rect(), &token, input, progress, "result");
+  controller = std::move(next);
+  ASSERT_NE(input.menu(), nullptr);
+  EXPECT_EQ(input.menu(), controller->dMenu());
+  input.type("take");
+  EXPECT_TRUE(input.insertNewline());
+  EXPECT_EQ(input.text(), "take");
+}
+
+TEST_F(Controller, TheEndOfAControllerLeavesTheHostsOwnMenuAndHandler) {
+  SearchField input;
+  BusyIndicator progress;
+  int token = 0;
+  auto controller = std::make_unique<ZavelLexController>();
+  controller->initController(Rect(), &token, input, progress, "result");
+  const auto menu = std::make_shared<Menu>("host");
+  input.setMenu(menu);
+  input.onInsertNewline = [] { return true; };
+  controller.reset();
+  EXPECT_EQ(input.menu(), menu);
+  EXPECT_TRUE(input.insertNewline());
+}
+
+TEST_F(Controller, TheEndOfAControllerTakesItsMenuAndHandlerOffTheHostsField) {
+  for (const char* shown : {"the dictionary's", "feeds from before a change", "chosen by the host"}) {
+    SearchField input;
+    BusyIndicator progress;
+    int token = 0;
+    auto controller = std::make_unique<ZavelLexController>();
+    controller->initController(Rect(), &token, input, progress, "result");
+    if (shown == std::string("feeds from before a change")) {
+      NotificationObject feeds;
+      feeds.value = "zfRssTab";
+      NotificationCenter::shared().post("zfSlideTabNotification", feeds);
+      NotificationCenter::shared().post("zfChangeRssNotification");
+      ASSERT_NE(input.menu(), controller->rMenu());
+    } else if (shown == std::string("chosen by the host")) {
+      input.setMenu(controller->wMenu());
+    }
+    int changes = 0;
+    const Connection heard = input.changed.connect([&](View&) { ++changes; });
+    controller.reset();
+    EXPECT_EQ(input.menu(), nullptr);
+    EXPECT_FALSE(input.onInsertNewline);
+    EXPECT_FALSE(input.insertNewline());
+    EXPECT_EQ(changes, 1);  // the menu went
+    EXPECT_EQ(input.textEdited.count(), 0u);
   }
 }
 
@@ -316,6 +484,27 @@ TEST_F(Controller, TheTranslationControllerKnowsItsApplication) {
   platform.ownBundle.signature = "zQN8";
   Window window(kAllModes);
   EXPECT_EQ(gTranslationController2->ownserPath(), at("helpers/zavel-translation-editor"));
+}
+
+TEST_F(Controller, AHostCanAskWhatTheTablesGave) {
+  EXPECT_EQ(processStatus().pathTable, 1);
+  EXPECT_FALSE(processStatus().mirellLoaded);
+  {
+    Window window(kAllModes);
+    EXPECT_EQ(processStatus().pathTable, 0);
+    EXPECT_TRUE(processStatus().mirellLoaded);
+    Value table;
+    ASSERT_TRUE(platform.propertyLists().readFile(at("table.plist"), &table));
+    table.asDict()->erase("ModulePath");
+    ASSERT_TRUE(platform.propertyLists().writeFile(at("table.plist"), table, PropertyListFormat::kXml));
+    ZavelLexController second;
+    EXPECT_EQ(processStatus().pathTable, 1);
+  }
+  EXPECT_FALSE(processStatus().mirellLoaded);
+  setHostPathTable(at("no-table"));
+  FieldHost host;
+  EXPECT_EQ(processStatus().pathTable, 1);
+  EXPECT_FALSE(processStatus().mirellLoaded);
 }
 
 TEST_F(Controller, ALaterControllerReadsThePathTableAgain) {

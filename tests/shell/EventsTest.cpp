@@ -270,6 +270,18 @@ TEST_F(Events, APlainTextGoesToEveryWindowsModeThatIsUp) {
   EXPECT_EQ(dictionary(window), "match|2");
 }
 
+TEST_F(Events, ADropOfNoTextChangesNothing) {
+  Window window(kAllModes);
+  window.look("take");
+  for (const char* name : {"zfDropNotification", "TWDropReferenceNote"}) {
+    NotificationCenter::shared().post(name);
+    NotificationObject object;
+    object.value = 5;
+    NotificationCenter::shared().post(name, object);
+    EXPECT_EQ(dictionary(window), "take|2") << name;
+  }
+}
+
 TEST_F(Events, APlainTextDoesNothingInTheOtherModes) {
   Window window(kAllModes);
   for (const int segment : {2, 4, 5, 6, 7}) {
@@ -346,6 +358,17 @@ TEST_F(Events, AnotherFontSizeLooksUpInEveryWindowAndWithoutARowWhereTheDictiona
   EXPECT_EQ(other.tab(), "sTab");  // the end of a look-up brings the tab up
   EXPECT_EQ(other.segment(), 3);
   EXPECT_EQ(empty.rows().size(), 0u);
+}
+
+TEST_F(Events, AnotherFontSizeBringsTheDictionaryUpEvenWhereItIsNoMode) {
+  Window window({"zfSearchTab"}), other(kAllModes);
+  window.controller->searchField()->type("take");
+  other.dictionary().hwHeadSize().choose(0);
+  EXPECT_EQ(window.controller->segmentDict(), -1);
+  EXPECT_EQ(window.tab(), "sTab");
+  EXPECT_EQ(window.segment(), 0);
+  EXPECT_EQ(dictionary(window), "take|2");
+  EXPECT_EQ(window.dictionary().nowSelectedRow(), -1);
 }
 
 TEST_F(Events, AHostWithoutTabsDoesNotFollowTheFontSize) {

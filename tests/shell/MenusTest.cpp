@@ -217,6 +217,16 @@ TEST_F(Menus, AFieldOfAnotherModeKeepsItsMenuWhenTheListChanges) {
   EXPECT_EQ(window.controller->searchField()->menu(), window.controller->tMenu());
 }
 
+TEST_F(Menus, TheFieldGetsTheNewListOfFeedsWhileTheyAreUp) {
+  Window window(kAllModes), other({"zfDictTab", "zfRssTab"});
+  other.controller->modeControl()->choose(1);
+  gRSSSubscriber2->setSites({{"News", "http://n/", 3}});
+  NotificationCenter::shared().post("zfChangeRssNotification");
+  EXPECT_EQ(window.controller->searchField()->menu(), window.controller->dMenu());
+  EXPECT_EQ(other.controller->searchField()->menu(), other.controller->rMenu());
+  EXPECT_EQ(linesOf(*other.controller->searchField()->menu()), Lines{"0 (3)News"});
+}
+
 TEST_F(Menus, AListThatOneWindowChangedHoldsForAll) {
   writeDictList({kBilingualOn, kTranslationOff});
   Window window(kAllModes), other(kAllModes);
