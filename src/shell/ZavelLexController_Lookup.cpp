@@ -45,7 +45,7 @@ std::string ZavelLexController::queryInField() {
 }
 
 void ZavelLexController::lookupButton(const Value& sender) {
-  if (!sController_) return;
+  if (!ready_) return;
   sController_->clear();
   const std::string query = queryInField();
   if (query.empty()) return;
@@ -95,13 +95,13 @@ void ZavelLexController::finishLookup(bool found, bool bringsUpTab) {
 }
 
 void ZavelLexController::searchButton() {
-  if (!wController_ || searchField_->text().empty()) return;
+  if (!ready_ || searchField_->text().empty()) return;
   wController_->setSite(urlSearch());
   wController_->searchJ(platform().encoding().toSjisLossy(searchField_->text()));
 }
 
 void ZavelLexController::doTranslate(const std::string& text, bool english) {
-  if (tController_) tController_->translation(text, english ? kEtoJTranslateTag : kJtoETranslateTag);
+  if (ready_) tController_->translation(text, english ? kEtoJTranslateTag : kJtoETranslateTag);
 }
 
 }  // namespace zavel
