@@ -176,8 +176,7 @@ std::string Dictionaries::complaint() const {
   if (last->result.interrupted) return name + "was interrupted";
   if (!last->result.started)
     return name + "was not asked: its program " + last->program + " can't be started";
-  if (last->result.stopped)
-    return name + "was given up: its program " + last->program + " went on without end";
+  if (last->result.stopped) return name + "was given up: its program " + last->program + " wrote without end";
   if (last->result.exitStatus != 0) {
     return name + "gave no answer: its program " + last->program + " ended with status " +
            std::to_string(last->result.exitStatus);

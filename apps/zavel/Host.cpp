@@ -15,6 +15,7 @@
 #include "StyleFile.h"
 #include "config/WorkPathTable.h"
 #include "config/WorkPaths.h"
+#include "config/ZFWPlistController.h"
 #include "config/ZavelPath.h"
 #include "foundation/Storage.h"
 #include "platform/Log.h"
@@ -161,6 +162,10 @@ Failure Host::checkDictionary() const {
 }
 
 void Host::openAlone() {
+  if (gZFWPlist && searchesTranslation()) {
+    warn("the translation dictionary was not asked: the folders that " + pathTableFile() +
+         " names can't be made");
+  }
   dictionaries_.reset();
   own_ = std::make_unique<MirellDictionaryManager>();
   const SilentOutput silent;

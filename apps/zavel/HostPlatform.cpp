@@ -8,7 +8,7 @@ namespace {
 
 class MemoryWriter : public ForkedFileWriter {
  public:
-  explicit MemoryWriter(MemoryFiles::File* target) : target_(target) {}
+  MemoryWriter(MemoryFiles::Files* files, std::string path) : files_(files), path_(std::move(path)) {}
 
   bool writeText(std::string_view text) override {
     file_.text = text;
@@ -19,19 +19,20 @@ class MemoryWriter : public ForkedFileWriter {
     return true;
   }
   bool close() override {
-    *target_ = std::move(file_);
+    (*files_)[path_] = std::move(file_);
     return true;
   }
 
  private:
-  MemoryFiles::File* target_;  // borrowed; a map's members stay where they are
+  MemoryFiles::Files* files_;  // borrowed
+  std::string path_;
   MemoryFiles::File file_;
 };
 
 }  // namespace
 
 std::unique_ptr<ForkedFileWriter> MemoryFiles::create(const std::string& path, const char*, const char*) {
-  return std::make_unique<MemoryWriter>(&files_[path]);
+  return std::make_unique<MemoryWriter>(&files_, path);
 }
 
 bool MemoryFiles::read(const std::string& path, const char* recordType, uint16_t number, std::string* text,

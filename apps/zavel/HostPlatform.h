@@ -32,9 +32,10 @@ class MemoryFiles : public ForkedFiles {
     std::string text;
     std::map<std::pair<std::string, uint16_t>, std::string> records;  // by type and number
   };
+  using Files = std::map<std::string, File>;  // by path
 
  private:
-  std::map<std::string, File> files_;  // by path
+  Files files_;
 };
 
 // Property lists of which some files are read once: a start asks for the preferences seven times. Whoever

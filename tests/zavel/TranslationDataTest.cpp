@@ -130,6 +130,17 @@ TEST_F(TranslationDataTest, JsonIsOneDocumentWithBoth) {
                          "\n");
 }
 
+TEST_F(TranslationDataTest, TheDistributionsTechnicalTermsAreFound) {
+  const std::string installed = "/usr/share/edict/compdic";
+  if (!fs::exists(installed)) GTEST_SKIP() << "the package edict is not installed";
+  fs::remove(edict() + "/compdic");
+  fs::create_symlink(installed, edict() + "/compdic");
+  ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
+  ASSERT_EQ(zavel({"prefs", "dict", "enable", "translation"}).run().status, 0);
+  EXPECT_NE(zavel({"look", "コンパイラ"}).run().out.find("★compdic\n    コンパイラ (noun) compiler\n"),
+            std::string::npos);
+}
+
 TEST_F(TranslationDataTest, WithoutTheConverterTheRestIsBuilt) {
   const Outcome outcome = zavel({"dict", "build"}).env("ZAVEL_LIBEXEC", "/nowhere").run();
   EXPECT_EQ(outcome.status, 0);
