@@ -13,6 +13,11 @@ namespace zavel {
 
 class ZAVEL_API RSSSubscriber2 {
  public:
+  RSSSubscriber2() = default;
+  RSSSubscriber2(const RSSSubscriber2&) = delete;
+  RSSSubscriber2& operator=(const RSSSubscriber2&) = delete;
+  virtual ~RSSSubscriber2() = default;
+
   struct Site {
     std::string rssSiteName;
     std::string rssURL;
@@ -29,7 +34,7 @@ class ZAVEL_API RSSSubscriber2 {
   size_t updates() const { return updates_; }
 
   // Ends what is under way; nothing is asked of this object afterwards.
-  void terminateProcess() {}
+  virtual void terminateProcess() {}
 
  private:
   std::vector<Site> sites_;

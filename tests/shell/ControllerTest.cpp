@@ -1,6 +1,7 @@
 // Set-up in its four forms, what controllers share, and their end.
 #include <filesystem>
 
+#include "config/WorkPathTable.h"
 #include "config/WorkPaths.h"
 #include "config/ZFWPlistController.h"
 #include "config/ZavelApplet.h"
@@ -178,6 +179,7 @@ TEST_F(Controller, EventsAndCommandsInsideTheSetUpOfAFieldDoNothing) {
   EXPECT_EQ(controller.tController().direction(), 5);
   EXPECT_EQ(controller.tController().request(), T_Controller::Request());
   EXPECT_EQ(linesOf(*controller.tMenu()), (Lines{"5 AutoTranslate", "6 EtoJTranslate", "7 JtoETranslate"}));
+  EXPECT_EQ(controller.wController().query().bytes(), "");
   EXPECT_TRUE(controller.zfwPrefController().panel().hidden());
   EXPECT_TRUE(input.insertNewline());  // and now it works
 }
@@ -206,6 +208,12 @@ TEST_F(Controller, TheTabsStandInTheOrderOfTheModes) {
   for (const TabView::Item& tab : window.controller->tabView()->items())
     identifiers.push_back(tab.identifier);
   EXPECT_EQ(identifiers, (Lines{"sTab", "tTab", "eTab", "wTab", "rTab", "qTab", "dTab", "aTab"}));
+}
+
+TEST_F(Controller, TheRootViewHasTheHostsFrame) {
+  Window window;
+  window.controller->initController(Rect{1, 2, 800, 600}, &window.token, kAllModes);
+  EXPECT_EQ(window.controller->mainView().frame(), (Rect{1, 2, 800, 600}));
 }
 
 TEST_F(Controller, AllIsBelowTheRootViewWhichHearsOfItsChanges) {
@@ -259,7 +267,8 @@ TEST_F(Controller, TheCorrespondenceClientsFieldHasTheStoredLayout) {
   };
   for (const Case& each :
        {Case{Value(0), "zFQ8", {true, true, false}}, Case{Value(1), "zFQ8", {false, true, false}},
-        Case{Value(), "zFQ8", {true, true, false}}, Case{Value(1), "zQN8", {true, false, false}}}) {
+        Case{Value(2), "zFQ8", {false, true, false}}, Case{Value(), "zFQ8", {true, true, false}},
+        Case{Value(1), "zQN8", {true, false, false}}}) {
     platform.ownBundle.signature = each.signature;
     writeStore(Value::Dict{{"ZFWTransTabKey", Value::Dict{{"ZFWTransTabModeItem", each.stored}}}});
     FieldHost host;
@@ -362,6 +371,27 @@ TEST_F(Controller, TheFirstControllerMakesWhatIsSharedAndTheLastTakesItAway) {
   EXPECT_NE(gZFWiPod, nullptr);  // stays
 }
 
+class WatchedSubscriber : public RSSSubscriber2 {
+ public:
+  explicit WatchedSubscriber(Lines* told) : told_(told) {}
+  ~WatchedSubscriber() override { told_->push_back("gone"); }
+  void terminateProcess() override { told_->push_back("terminated"); }
+
+ private:
+  Lines* told_;
+};
+
+TEST_F(Controller, TheLastControllerEndsTheFeedsWorkOnce) {
+  Lines told;
+  gRSSSubscriber2 = std::make_unique<WatchedSubscriber>(&told);
+  {
+    Window window({"zfRssTab"});
+    { FieldHost host; }
+    EXPECT_EQ(told, Lines{});
+  }
+  EXPECT_EQ(told, (Lines{"terminated", "gone"}));
+}
+
 TEST_F(Controller, WithTheLastControllerNobodyListensAnyMore) {
   const size_t before = NotificationCenter::shared().count();
   {
@@ -389,6 +419,12 @@ TEST_F(Controller, ASecondControllerSharesTheDictionaryAndItsResultFile) {
 TEST_F(Controller, TheShortFormNamesTheResultFile) {
   Window window(kAllModes);
   EXPECT_EQ(gMirellModule->cachePath(), at("cache/ZEFWresultO2008"));
+}
+
+TEST_F(Controller, TheLongFormNamesTheResultFileAsTheHostDoes) {
+  Window window;
+  window.controller->initController(Rect(), &window.token, kAllModes, "own");
+  EXPECT_EQ(gMirellModule->cachePath(), at("cache/own"));
 }
 
 TEST_F(Controller, TwoWindowsLookUpSideBySide) {
@@ -431,6 +467,32 @@ TEST_F(Controller, TheFeedsAreFetchedOncePerProcess) {
   rssTimerFlag = false;
   FieldHost host;
   EXPECT_EQ(gRSSSubscriber2->updates(), 1u);
+}
+
+TEST_F(Controller, TheFeedsAreNotFetchedAgainWhenTheProcessBeginsAnew) {
+  { Window window({"zfRssTab"}); }
+  Window window({"zfRssTab"});
+  EXPECT_EQ(gRSSSubscriber2->updates(), 0u);
+  EXPECT_TRUE(rssTimerFlag);
+}
+
+TEST_F(Controller, HiddenModesWithoutTheFeedsFetchNone) {
+  Window window({"zfDictTab"}, {"zfTransTab"});
+  EXPECT_EQ(gRSSSubscriber2->updates(), 0u);
+  EXPECT_FALSE(rssTimerFlag);
+  EXPECT_FALSE(window.controller->rController().alertSkip());
+}
+
+TEST_F(Controller, FeedsThatAreFetchedUnaskedGiveNoAlert) {
+  {
+    Window hidden({"zfDictTab"}, {"zfRssTab"});
+    EXPECT_TRUE(hidden.controller->rController().alertSkip());
+    FieldHost second;
+    EXPECT_FALSE(second.controller->rController().alertSkip());
+  }
+  rssTimerFlag = false;
+  FieldHost first;
+  EXPECT_TRUE(first.controller->rController().alertSkip());
 }
 
 TEST_F(Controller, TheWorkPathsAreSettled) {
@@ -481,9 +543,15 @@ TEST_F(Controller, TheTranslationControllerHasTheApplicationsFolderEmptied) {
 }
 
 TEST_F(Controller, TheTranslationControllerKnowsItsApplication) {
-  platform.ownBundle.signature = "zQN8";
-  Window window(kAllModes);
-  EXPECT_EQ(gTranslationController2->ownserPath(), at("helpers/zavel-translation-editor"));
+  const std::pair<const char*, const char*> cases[] = {
+      {"zQN8", "zavel-translation-editor"},     {"zOS8", "zavel-memory-browser"},
+      {"zVN8", "zavel-user-dictionary-editor"}, {"zGX8", "zavel-tool-gx"},
+      {"zFQ8", "zavel-correspondence"},         {"zVX8", "zavel-browser"}};
+  for (const auto& [signature, program] : cases) {
+    platform.ownBundle.signature = signature;
+    Window window(kAllModes);
+    EXPECT_EQ(gTranslationController2->ownserPath(), at("helpers/") + program);
+  }
 }
 
 TEST_F(Controller, AHostCanAskWhatTheTablesGave) {
@@ -505,6 +573,28 @@ TEST_F(Controller, AHostCanAskWhatTheTablesGave) {
   FieldHost host;
   EXPECT_EQ(processStatus().pathTable, 1);
   EXPECT_FALSE(processStatus().mirellLoaded);
+}
+
+TEST_F(Controller, StylesAndEntitiesAreThereFromTheStart) {
+  const std::string entities = at("Entity.plist");
+  const Value row = Value::Dict{{"entity", "&road;"}, {"character", "道"}};
+  ASSERT_TRUE(platform.propertyLists().writeFile(entities, Value::Dict{{"Entity", Value::Array{row}}},
+                                                 PropertyListFormat::kXml));
+  platform.ownBundle.resources["Entity.plist"] = entities;
+  ZavelLexController controller;
+  EXPECT_TRUE(zavelStyleLoadTitleAndCurrentID(ownedApplet, nullptr));  // false without the user's style file
+  EXPECT_EQ(gZavelCommonModule->convertEntities("a &road; b"), "a 道 b");
+}
+
+// It stays with the table that it began with.
+TEST_F(Controller, ALaterControllerTakesNoOtherPathTable) {
+  const ZavelLexController first;
+  EXPECT_TRUE(writePathTableIfMissing(
+      at("other"), {at("data"), at("elsewhere"), at("preferences"), at("documents"), at("helpers"), "", ""}));
+  setHostPathTable(at("other"));
+  const ZavelLexController second;
+  EXPECT_STREQ(zavelPathDictAndHelper(), at("table").c_str());
+  EXPECT_STREQ(zavelPathCacheFolderURL(), at("cache").c_str());
 }
 
 TEST_F(Controller, ALaterControllerReadsThePathTableAgain) {

@@ -123,6 +123,23 @@ TEST_F(Events, AHiddenModeTakesItsEventsWithoutComingUp) {
   }
 }
 
+TEST_F(Events, AHiddenModeDisturbsNothingThatIsUp) {
+  Window window({"zfDictTab"}, {"zfTransTab"});
+  window.look("take");
+  window.controller->zfwPrefController().showDictPanel();
+  window.post("zfEtoJTranslationNotification", "t");
+  EXPECT_EQ(requestOf(window), "t|6|-1");
+  EXPECT_FALSE(window.controller->zfwPrefController().panel().hidden());
+  EXPECT_EQ(window.controller->searchField()->menu(), window.controller->dMenu());
+  EXPECT_FALSE(window.controller->searchField()->hidden());
+  EXPECT_EQ(dictionary(window), "take|2");
+  EXPECT_EQ(window.tab(), "sTab");
+  window.controller->tabView()->selectItem("wTab");  // by hand; the mode switch stays
+  window.post("zfEtoJTranslationNotification", "u");
+  EXPECT_EQ(requestOf(window), "u|6|-1");
+  EXPECT_EQ(window.tab(), "wTab");
+}
+
 TEST_F(Events, TheArchiveModeGetsItsEventsThoughItIsNotListed) {
   Window window({"zfTransTab", "zfDictTab"});
   window.controller->modeControl()->choose(1);
@@ -163,12 +180,53 @@ TEST_F(Events, SettingTheDirectionBringsNothingUp) {
   EXPECT_EQ(without.controller->tController().direction(), 5);
 }
 
+const Lines kNoDirection = {"5 AutoTranslate", "6 EtoJTranslate", "7 JtoETranslate"};
+
+TEST_F(Events, ADirectionFromAnotherHostIsNotSet) {
+  Window window(kAllModes);
+  int stranger = 0;
+  NotificationObject object;
+  object.value = Value::Dict{{"zfModeKey", 7}};
+  object.identities["zfParentKey"] = &stranger;
+  NotificationCenter::shared().post("zfSetDirectionNotification", object);
+  object.identities.clear();
+  NotificationCenter::shared().post("zfSetDirectionNotification", object);
+  EXPECT_EQ(window.controller->tController().direction(), 5);
+  EXPECT_EQ(linesOf(*window.controller->tMenu()), kNoDirection);
+}
+
+TEST_F(Events, AHiddenModeTakesItsDirection) {
+  Window window({"zfDictTab"}, {"zfTransTab"});
+  window.post("zfSetDirectionNotification", {{"zfModeKey", 7}});
+  EXPECT_EQ(window.controller->tController().direction(), 7);
+  EXPECT_EQ(linesOf(*window.controller->tMenu())[2], "*7 JtoETranslate");
+}
+
+TEST_F(Events, ADirectionThatIsMissingReadsAsNone) {
+  Window window(kAllModes);
+  window.post("zfSetDirectionNotification", {{"zfModeKey", 7}});
+  window.post("zfSetDirectionNotification", Value::Dict());
+  EXPECT_EQ(window.controller->tController().direction(), 0);
+  EXPECT_EQ(linesOf(*window.controller->tMenu()), kNoDirection);
+}
+
+TEST_F(Events, ATranslationInOneDirectionLeavesTheMenuAlone) {
+  Window window(kAllModes);
+  window.post("zfEtoJTranslationNotification", "take");
+  EXPECT_EQ(requestOf(window), "take|6|-1");
+  EXPECT_EQ(window.controller->tController().direction(), 5);
+  EXPECT_EQ(linesOf(*window.controller->tMenu()), kNoDirection);
+}
+
 TEST_F(Events, ASearchOfTheWebTakesTheTextAsItStands) {
   Window window(kAllModes);
   window.post("zfTranslationSearchNotification", " a\tb ");
   EXPECT_EQ(webSearch(window), " a\tb | a\tb ");
   window.post("zfTranslationSearchNotification", "");
   EXPECT_EQ(window.controller->wController().query().bytes(), " a\tb ");  // nothing is searched
+  window.post("zfTranslationSearchNotification", "日本é");
+  EXPECT_EQ(window.controller->wController().query().bytes(), "\x93\xFA\x96\x7B?");
+  EXPECT_EQ(window.field(), "日本é");
 }
 
 TEST_F(Events, AnEventWithoutAMapOrBeforeTheSetUpIsHarmless) {
@@ -191,13 +249,19 @@ TEST_F(Events, AnEventWithoutAMapOrBeforeTheSetUpIsHarmless) {
   EXPECT_EQ(window.controller->modeMirell(), 0);
   EXPECT_EQ(window.controller->urlSearch(), "");
 
-  Window ready(kAllModes);
   for (const Expected& event : kExpected) {
+    Window ready(kAllModes);
     NotificationObject object;
     object.identities["zfParentKey"] = &ready.token;
     NotificationCenter::shared().post(event.name, object);
+    EXPECT_EQ(ready.tab(), event.tab) << event.name;  // the token was there
     object.value = Value::Dict{{"zfTextKey", 5}, {"zfRowKey", "x"}, {"zfStyleKey", "y"}};
     NotificationCenter::shared().post(event.name, object);
+    // All that is no text reads as an empty one.
+    std::string left = event.left;
+    while (left.find("take") != std::string::npos) left.replace(left.find("take"), 4, "");
+    if (event.tab == std::string("sTab")) left = "|0";
+    EXPECT_EQ(event.seen(ready), left) << event.name;
   }
 }
 
@@ -307,6 +371,9 @@ TEST_F(Events, ANewLineInTheFieldIsForFourModes) {
   EXPECT_TRUE(window.type("http://x/"));
   EXPECT_EQ(feed(window), "http://x/|http://x/");
   modes.choose(1);  // the field is hidden there; the command still works
+  window.controller->searchField()->setText("take");
+  EXPECT_TRUE(window.controller->insertNewline());
+  EXPECT_EQ(requestOf(window), "take|6|-1");
   window.controller->searchField()->setText("これは日本語です");
   EXPECT_TRUE(window.controller->insertNewline());
   EXPECT_EQ(requestOf(window), "これは日本語です|7|-1");
@@ -360,6 +427,30 @@ TEST_F(Events, AnotherFontSizeLooksUpInEveryWindowAndWithoutARowWhereTheDictiona
   EXPECT_EQ(empty.rows().size(), 0u);
 }
 
+// The row is kept only where both the mode and its tab are up.
+TEST_F(Events, AnotherFontSizeKeepsNoRowBehindAnotherTab) {
+  Window window(kAllModes);
+  window.look("match", 1);
+  window.controller->tabView()->selectItem("wTab");
+  NotificationCenter::shared().post("zfChangeSizeNotification");
+  EXPECT_EQ(window.segment(), 0);
+  EXPECT_EQ(window.dictionary().nowSelectedRow(), -1);
+  EXPECT_EQ(window.rows().size(), 2u);
+}
+
+TEST_F(Events, AnotherFontSizeKeepsNoRowInAnotherMode) {
+  Window window(kAllModes);
+  window.look("match");
+  window.controller->modeControl()->choose(3);
+  NotificationCenter::shared().post("zfChangeSizeNotification");
+  EXPECT_EQ(window.tab(), "sTab");
+  EXPECT_TRUE(window.dictionary().hwListView().choose(1));
+  NotificationCenter::shared().post("zfChangeSizeNotification");
+  EXPECT_EQ(window.segment(), 3);
+  EXPECT_EQ(window.dictionary().nowSelectedRow(), -1);
+  EXPECT_EQ(window.rows().size(), 2u);
+}
+
 TEST_F(Events, AnotherFontSizeBringsTheDictionaryUpEvenWhereItIsNoMode) {
   Window window({"zfSearchTab"}), other(kAllModes);
   window.controller->searchField()->type("take");
@@ -397,6 +488,16 @@ TEST_F(Events, AHostWithoutTabsHasItsFixedModes) {
   host.input.type("take");
   EXPECT_TRUE(host.input.insertNewline());
   EXPECT_EQ(host.rows().size(), 2u);
+}
+
+TEST_F(Events, AReportOfALookUpNamesItsController) {
+  FieldHost host, other;
+  std::vector<const void*> senders;
+  const auto heard = NotificationCenter::shared().subscribe(
+      "zfDictResultNotification", [&](const Notification& report) { senders.push_back(report.sender); });
+  host.look("take");
+  other.look("zebra");
+  EXPECT_EQ(senders, (std::vector<const void*>{host.controller.get(), other.controller.get()}));
 }
 
 // --- Ends and beginnings inside an event ---

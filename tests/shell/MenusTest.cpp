@@ -210,6 +210,37 @@ TEST_F(Menus, ADirectionOfTheOutsideBrowserComesBackAsADisplayMode) {
   EXPECT_EQ(dMenuOf(window)[2], "*2 PartOfSpeechAndTranslation");
 }
 
+TEST_F(Menus, ADisplayModeIsNotCarriedToTheDirectionsOfTheOutsideBrowser) {
+  writeDictList({kBilingualOn, kTranslationOff});
+  Window window(kAllModes);
+  window.choose(2);
+  window.controller->zfwPrefController().showDictPanel();
+  EXPECT_TRUE(dictTab(window).appletChoice().choose(3));
+  EXPECT_EQ(dMenuOf(window),
+            (Lines{"0 TWEDbrowser", "*1 ForwardSearch", "2 BackwardSearch", "3 FullSearch"}));
+}
+
+TEST_F(Menus, ADirectionOfTheOutsideBrowserIsADisplayModeOfTheHeadToo) {
+  writeDictList({kBilingualOn}, 3);
+  Window window(kAllModes);
+  const uint8_t filters[] = {0, 3, 4};
+  for (const int tag : {3, 2, 1}) {
+    EXPECT_TRUE(window.choose(tag));
+    EXPECT_EQ(window.dictionary().hwHeadMode(), filters[tag - 1]);
+  }
+}
+
+TEST_F(Menus, ADirectionThatWasAwayForOneChangeIsForgotten) {
+  writeDictList({kBilingualOn, kTranslationOff, kBookOn});
+  Window window(kAllModes);
+  window.choose(12);
+  dictTab(window).setSelected(2, false);
+  EXPECT_EQ(window.controller->directionHW(), 0);
+  dictTab(window).setSelected(2, true);
+  EXPECT_EQ(dMenuOf(window)[7], "*11 ForwardSearch");
+  EXPECT_EQ(dMenuOf(window)[8], "12 BackwardSearch");
+}
+
 TEST_F(Menus, AFieldOfAnotherModeKeepsItsMenuWhenTheListChanges) {
   Window window(kAllModes);
   window.controller->modeControl()->choose(1);
@@ -276,6 +307,13 @@ TEST_F(Menus, ASingleSiteIsNoChoice) {
   Window window({"zfSearchTab"});
   EXPECT_EQ(linesOf(*window.controller->wMenu()), Lines{"*1 One"});
   EXPECT_EQ(window.controller->urlSearch(), "");
+}
+
+TEST_F(Menus, ASiteBelowAHeadingIsOne) {
+  writeSearchSites({site(">>English"), site("One", "http://1/")});
+  Window window({"zfSearchTab"});
+  EXPECT_EQ(linesOf(*window.controller->wMenu()), (Lines{"0 English", "*1 One"}));
+  EXPECT_EQ(window.controller->urlSearch(), "http://1/");
 }
 
 TEST_F(Menus, WithoutTheResourceThereAreNoSites) {
