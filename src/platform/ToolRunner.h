@@ -15,7 +15,7 @@ struct ToolResult {
   // Why it ended, other than by itself. Both may be true of a tool that got a moment to end and used it,
   // whatever its exit status is then.
   bool interrupted = false;  // interrupt() was called while it ran
-  bool stopped = false;      // it wrote too much, or went on for too long with its output closed
+  bool stopped = false;      // it wrote too much
 };
 
 class ToolRunner {

@@ -104,7 +104,6 @@ void ToolRun::readOutput() {
   if (n < 0 && errno == EINTR) return;
   if (n <= 0) {
     output_ = -1;
-    if (pid_ > 0 && !asked_ && !killed_) setDeadline(limits_.closed);
     return;
   }
   const size_t room = limits_.output - result_.output.size();
@@ -144,11 +143,8 @@ void ToolRun::lookAtTheClock() {
   deadline_.reset();
   if (pid_ <= 0) {
     output_ = -1;  // held open by a process that the tool has left behind
-  } else if (asked_) {
-    kill();
   } else {
-    result_.stopped = true;
-    askToEnd();
+    kill();  // it was asked to end
   }
 }
 

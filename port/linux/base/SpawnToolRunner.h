@@ -13,7 +13,6 @@ namespace zavel {
 // What a tool is allowed before it is helped to its end.
 struct ToolLimits {
   size_t output = size_t{64} * 1024 * 1024;   // bytes; one that writes more is killed and keeps these
-  std::chrono::milliseconds closed{10000};    // to run on with its output closed; then it is asked to end
   std::chrono::milliseconds asked{1000};      // from SIGTERM to SIGKILL
   std::chrono::milliseconds leftBehind{500};  // for output of processes that it left behind
 };
@@ -21,8 +20,8 @@ struct ToolLimits {
 // The tool inherits the environment and standard error, no other descriptor; its signals are as at a login. A
 // relative path or an argument that holds a NUL is not started.
 //
-// A tool that keeps its output open is waited for without a limit: interrupt() is the way out. It asks the
-// tool to end, a second call while it still runs kills it.
+// A tool is waited for without a limit, with its output open or closed: interrupt() is the way out. It asks
+// the tool to end, a second call while it still runs kills it.
 class SpawnToolRunner : public ToolRunner {
  public:
   explicit SpawnToolRunner(ToolLimits limits = {}) : limits_(limits) {}
