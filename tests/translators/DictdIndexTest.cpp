@@ -179,6 +179,32 @@ TEST_F(DictdIndexTest, HalvesALargeIndex) {
   EXPECT_LE(disk.count("readAt"), 12);  // half a megabyte, halved down to four kilobytes, and those
 }
 
+// Words of one length in order, with lines of 900 to 3000 bytes: a line is often longer than what a halving
+// leaves.
+TEST_F(DictdIndexTest, HalvesAnIndexOfLongLines) {
+  std::string index;
+  for (int i = 0; i < 400; ++i) {
+    const size_t length = 900 + static_cast<size_t>(i) * 1237 % 2101;
+    std::string line = "w" + number(i) + "\t" + test::dictdNumber(i) + "\tB\t";
+    line.append(length - line.size(), 'x');
+    index += line + "\n";
+  }
+  folder_.write("x.index", index);
+  DictdIndex reader;
+  std::string error;
+  ASSERT_TRUE(reader.open(folder_.file("x.index"), &error)) << error;
+  for (int i = 0; i < 400; ++i) {
+    std::vector<uint64_t> found;
+    const auto note = [&](const IndexLine& line) {
+      found.push_back(line.offset);
+      return true;
+    };
+    ASSERT_TRUE(reader.find("w" + number(i), note, &error)) << error;
+    ASSERT_TRUE(reader.find("w" + number(i) + "5", note, &error)) << error;
+    EXPECT_EQ(found, std::vector<uint64_t>{static_cast<uint64_t>(i)});
+  }
+}
+
 TEST_F(DictdIndexTest, StopsWhereItIsTold) {
   folder_.write("x.index", kSmall);
   DictdIndex reader;

@@ -118,7 +118,8 @@ bool DictdIndex::find(std::string_view word, const std::function<bool(const Inde
 // the file can't be read there or holds no lines.
 std::optional<uint64_t> DictdIndex::firstLine(std::string_view folded, FoldRules rules) {
   uint64_t low = 0, high = size_;  // lines that begin below `low` are ahead of it, those from `high` on not
-  while (high - low > kWindow) {
+  // `high` may stand inside a line, and `low` behind that line's end.
+  while (low < high && high - low > kWindow) {
     const uint64_t middle = low + (high - low) / 2;
     const std::optional<uint64_t> start = lineStart(middle);
     if (!start) return std::nullopt;

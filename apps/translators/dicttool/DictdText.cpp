@@ -11,6 +11,7 @@ namespace {
 
 constexpr size_t kFixedHeader = 10;
 constexpr size_t kExtraLength = 2;
+constexpr size_t kFieldHeader = 4;  // of an extra field
 constexpr uint8_t kDeflate = 8;
 constexpr uint8_t kFlagHeaderCheck = 0x02, kFlagExtra = 0x04, kFlagName = 0x08, kFlagComment = 0x10;
 constexpr uint8_t kKnownFlags = 0x1F;
@@ -22,9 +23,19 @@ uint16_t word(const std::string& bytes, size_t at) {
   return static_cast<uint16_t>(static_cast<uint8_t>(bytes[at]) | static_cast<uint8_t>(bytes[at + 1]) << 8);
 }
 
+uint8_t flagsOf(const std::string& header) {
+  return static_cast<uint8_t>(header[3]);
+}
+
 bool readExactly(StorageFile& file, uint64_t offset, size_t length, std::string* out) {
   out->resize(length);
   return file.readAt(offset, out->data(), length) == static_cast<int64_t>(length);
+}
+
+// Whether it is the beginning of a gzip file, as far as an extra field's length, of a kind that is known.
+bool isGzip(const std::string& header) {
+  return header.size() == kFixedHeader + kExtraLength && static_cast<uint8_t>(header[2]) == kDeflate &&
+         (flagsOf(header) & ~kKnownFlags) == 0;
 }
 
 // An inflating stream that is ended on every way out.
@@ -75,46 +86,52 @@ bool DictdText::readHeader(std::string* error) {
     *error = path_ + " can't be read";
     return false;
   }
-  packed_ = got >= 2 && header.starts_with("\x1F\x8B");
+  header.resize(static_cast<size_t>(got));
+  packed_ = header.starts_with("\x1F\x8B");
   if (!packed_) return true;
-  const uint8_t flags = static_cast<uint8_t>(header[3]);
-  bool sound = got == static_cast<int64_t>(header.size()) && static_cast<uint8_t>(header[2]) == kDeflate &&
-               (flags & ~kKnownFlags) == 0;
-  if (sound && !(flags & kFlagExtra)) {
+  if (isGzip(header) && !(flagsOf(header) & kFlagExtra)) {
     *error = path_ + " is a gzip file that can only be read from its beginning; pack it with dictzip";
     return false;
   }
-  const size_t extra = sound ? word(header, kFixedHeader) : 0;
-  uint64_t begin = kFixedHeader + kExtraLength + extra;
-  std::string table;
-  sound = sound && readExactly(*file_, kFixedHeader + kExtraLength, extra, &table) &&
-          skipNames(flags, begin, &begin);
-  if (sound) {
-    chunkStarts_.push_back(begin);
-    sound = false;
-    for (size_t at = 0; at + 4 <= table.size();) {  // fields: two letters, a length, that many bytes
-      const size_t end = at + 4 + word(table, at + 2);
-      if (end > table.size()) break;
-      if (table.compare(at, 2, "RA") == 0) {
-        sound = readChunkTable(table, at + 4, end);
-        break;
-      }
-      at = end;
-    }
+  if (isGzip(header) && readGzipHeader(header)) return true;
+  *error = path_ + " is damaged: its table of chunks can't be read";
+  return false;
+}
+
+// From the extra fields to where the packed text begins.
+bool DictdText::readGzipHeader(const std::string& header) {
+  const uint64_t fieldsAt = kFixedHeader + kExtraLength;
+  const size_t length = word(header, kFixedHeader);
+  std::string fields;
+  uint64_t begin = 0;
+  if (!readExactly(*file_, fieldsAt, length, &fields) ||
+      !skipNames(flagsOf(header), fieldsAt + length, &begin)) {
+    return false;
   }
-  if (!sound) *error = path_ + " is damaged: its table of chunks can't be read";
-  return sound;
+  chunkStarts_.push_back(begin);
+  return readExtraFields(fields);
+}
+
+// Each field: two letters, a length, that many bytes. The chunks' is called RA.
+bool DictdText::readExtraFields(const std::string& fields) {
+  for (size_t at = 0; at + kFieldHeader <= fields.size();) {
+    const size_t end = at + kFieldHeader + word(fields, at + 2);
+    if (end > fields.size()) return false;
+    if (fields.compare(at, 2, "RA") == 0) return readChunkTable(fields, at + kFieldHeader, end);
+    at = end;
+  }
+  return false;
 }
 
 // Version, length of a chunk, number of chunks, and for each its packed length.
-bool DictdText::readChunkTable(const std::string& table, size_t at, size_t end) {
-  if (end - at < 6 || word(table, at) != kVersion) return false;
-  chunkLength_ = word(table, at + 2);
-  const size_t count = word(table, at + 4);
+bool DictdText::readChunkTable(const std::string& fields, size_t at, size_t end) {
+  if (end - at < 6 || word(fields, at) != kVersion) return false;
+  chunkLength_ = word(fields, at + 2);
+  const size_t count = word(fields, at + 4);
   at += 6;
   if (chunkLength_ == 0 || end - at < 2 * count) return false;
   for (size_t i = 0; i < count; ++i) {
-    chunkStarts_.push_back(chunkStarts_.back() + word(table, at + 2 * i));
+    chunkStarts_.push_back(chunkStarts_.back() + word(fields, at + 2 * i));
   }
   return true;
 }

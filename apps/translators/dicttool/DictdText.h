@@ -27,7 +27,9 @@ class DictdText {
 
  private:
   bool readHeader(std::string* error);
-  bool readChunkTable(const std::string& header, size_t at, size_t end);
+  bool readGzipHeader(const std::string& header);
+  bool readExtraFields(const std::string& fields);
+  bool readChunkTable(const std::string& fields, size_t at, size_t end);
   bool skipNames(uint8_t flags, uint64_t at, uint64_t* begin);
   bool readPlain(uint64_t offset, size_t length, std::string* out);
   bool readPacked(uint64_t offset, size_t length, std::string* out);
