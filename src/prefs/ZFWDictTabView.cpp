@@ -52,11 +52,24 @@ ZFWDictTabView::~ZFWDictTabView() {
 }
 
 void ZFWDictTabView::loadPreferences(const Value::Array& books) {
+  loadAll();
+  appendTWEDplist(books);
+  saveAll();
+}
+
+void ZFWDictTabView::loadPreferences() {
+  loadAll();
+  saveAll();
+}
+
+void ZFWDictTabView::loadAll() {
   loadTWED();
   loadApplet();
   if (zavelType() == ZAVEL_TYPE_GENERAL) appendMirellDict();
   appendTransDict();
-  appendTWEDplist(books);
+}
+
+void ZFWDictTabView::saveAll() {
   saveTWED();
   saveApplet();
   table_.reloadData();

@@ -56,6 +56,8 @@ class ZAVEL_API ZFWDictTabView : public TableDataSource {
   // away listed books that are gone, and stores the outcome. `books`: maps with at least a "Name". Where the
   // store can't be read the tab begins as at a first start, and stores nothing over what it could not read.
   void loadPreferences(const Value::Array& books);
+  // The same where it isn't known which books there are: those that are listed stay.
+  void loadPreferences();
 
   // Takes list and choice from the store, where somebody else changed them; keeps its own where that can't be
   // read.
@@ -96,6 +98,8 @@ class ZAVEL_API ZFWDictTabView : public TableDataSource {
   // False when the store can't be read. What isn't there leaves `value` null, and so does a missing store.
   static bool readStored(const char* item, Value* value);
   static bool save(const char* item, const Value& value, bool unread);
+  void loadAll();
+  void saveAll();
   void takeItems(const Value& items);
   bool hasType(const char* type) const;
   void append(const char* type, const std::string& title, const char* status);

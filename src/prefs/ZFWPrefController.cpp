@@ -25,6 +25,15 @@ void ZFWPrefController::initZavelLex(Owner& owner) {
   reload(owner);
 }
 
+void ZFWPrefController::reload(Owner& owner) {
+  const std::optional<Value::Array> books = owner.twedDictList();
+  if (books) {
+    dictTab_.loadPreferences(*books);
+  } else {
+    dictTab_.loadPreferences();
+  }
+}
+
 void ZFWPrefController::show(const char* item) {
   tabs_.selectItem(item);
   panel_.show();

@@ -2,6 +2,7 @@
 #ifndef PREFS_ZFWPREFCONTROLLER_H
 #define PREFS_ZFWPREFCONTROLLER_H
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,8 +19,8 @@ class ZAVEL_API ZFWPrefController {
   class Owner {
    public:
     virtual ~Owner() = default;
-    // The known books: maps with at least "Name".
-    virtual Value::Array twedDictList() = 0;
+    // The known books, maps with at least "Name"; nothing where it can't be told which there are.
+    virtual std::optional<Value::Array> twedDictList() = 0;
   };
 
   // A tab of the panel.
@@ -35,7 +36,7 @@ class ZAVEL_API ZFWPrefController {
   void initZavelLex(Owner& owner);
 
   // Loads the preferences anew.
-  void reload(Owner& owner) { dictTab_.loadPreferences(owner.twedDictList()); }
+  void reload(Owner& owner);
 
   ZFWDictTabView& dictTab() { return dictTab_; }
   const ZFWDictTabView& dictTab() const { return dictTab_; }

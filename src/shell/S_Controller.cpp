@@ -77,11 +77,10 @@ void S_Controller::initialize(const Rect& frame, const void* parentWindow, BusyI
     if (nowSelectedRow() >= 0) displaySelectedRow(static_cast<size_t>(nowSelectedRow()));
   });
   buildSizeMenu();
-  for (View* part : {static_cast<View*>(&hwHeadImage_), static_cast<View*>(&hwHeadTitle_),
-                     static_cast<View*>(&hwHeadSize_)}) {
-    hwHeadView_.addChild(*part);
-  }
+  hwHeadView_.addChild(hwHeadImage_);
+  hwHeadView_.addChild(hwHeadTitle_);
   hwDetailView_.addChild(hwHeadView_);
+  hwDetailView_.addChild(hwHeadSize_);  // the size counts for rows without a head, too
   hwDetailView_.addChild(hwResultView_);
   hwSplit_.addChild(hwListView_);
   hwSplit_.addChild(hwDetailView_);
@@ -121,24 +120,42 @@ void S_Controller::changeSize() {
   NotificationCenter::shared().post(ZFChangeSizeNotification, size, this);
 }
 
-void S_Controller::clear() {
+uint64_t S_Controller::clear() {
+  const uint64_t lookup = ++lookups_;
+  empty();
+  return lookup;
+}
+
+// False when a newer look-up came in its course.
+bool S_Controller::empty() {
   hwResultArray_.clear();
-  hwListView_.reloadData();
-  if (zavelType() == ZAVEL_TYPE_GENERAL) hwResultView_.setBackgroundColor(kMirellBackColor);
-  hwResultView_.setText("");
   iPodOutTitle_.clear();
   resultType_ = kNoRow;
-  updateTool(false);
+  return inTurn({[this] { hwListView_.reloadData(); },
+                 [this] {
+                   if (zavelType() == ZAVEL_TYPE_GENERAL) hwResultView_.setBackgroundColor(kMirellBackColor);
+                 },
+                 [this] { hwResultView_.setText(""); }, [this] { updateTool(false); }});
+}
+
+// A host that hears of a step's change may look something up; then the later steps would spoil what that
+// found, so they are left out, and false is given.
+bool S_Controller::inTurn(std::initializer_list<std::function<void()>> steps) {
+  const uint64_t lookup = lookups_;
+  for (const std::function<void()>& step : steps) {
+    step();
+    if (!isLatest(lookup)) return false;
+  }
+  return true;
 }
 
 void S_Controller::setUnfound() {
-  clear();
-  hwResultView_.setText(platform().bundle().localized("No entries"));
+  if (empty()) hwResultView_.setText(platform().bundle().localized("No entries"));
 }
 
 void S_Controller::setNewSelectRow(int row) {
   if (row < 0 || static_cast<size_t>(row) >= hwResultArray_.size()) return;
-  if (row != 0) hwListView_.scrollRowToVisible(row);
+  if (row != 0 && !inTurn({[&] { hwListView_.scrollRowToVisible(row); }})) return;
   if (row == nowSelectedRow()) return displaySelectedRow(static_cast<size_t>(row));
   hwListView_.selectRow(row);
 }
@@ -175,26 +192,30 @@ void S_Controller::jumpURL(const std::string& url) {
   if (platform().userServices().openUrl(url)) return;
   Bundle& bundle = platform().bundle();
   platform().userServices().showAlert(
-      {bundle.localized("Error"), bundle.localized("ErrorLinkQuestionPage"), {bundle.localized("OK")}});
+      {bundle.localized("Error"), bundle.localized("ErrorLinkQuestionPage"), {"OK"}});
 }
 
-Value::Array S_Controller::twedDictList() {
+std::optional<Value::Array> S_Controller::twedDictList() {
   readTWEDplist();
+  if (twedUnread_) return std::nullopt;
   return twedDictionaryArray_;
 }
 
 void S_Controller::readTWEDplist() {
   twedDictionaryArray_.clear();
+  twedUnread_ = false;
   const std::string home = platform().folders().home();
   const std::string path = home + kBrowserPreferences;
   if (home.empty() || !storage().exists(path)) return;
   Value preferences;
   if (!platform().propertyLists().readFile(path, &preferences) || !preferences.isDict()) {
+    twedUnread_ = true;
     logLine("Access error local.tarnwick.TWEDBrowser.plist");
     return;
   }
   const Value* books = preferences.find("DictList");
   if (books && books->asArray()) twedDictionaryArray_ = *books->asArray();
+  twedUnread_ = books && !books->isArray();
   setColors(preferences.find("PreferencesAppearance"));
   referenceMaxCount = findMaxOf(preferences);
 }

@@ -4,6 +4,8 @@
 #define SHELL_S_CONTROLLER_H
 
 #include <cstdint>
+#include <functional>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
@@ -34,11 +36,12 @@ class ZAVEL_API S_Controller : public TableDataSource {
 
   static constexpr const char* ZFChangeSizeNotification = "zfChangeSizeNotification";
 
-  // Columns of the result list: the row's title, and the title of its dictionary.
+  // Columns of the result list: the row's title as text (the row itself is in hwResultArray), and the
+  // localized title of its dictionary.
   static constexpr const char* kItemColumn = "itemList";
   static constexpr const char* kTitleColumn = "titleList";
 
-  // init  Reads the current style number of the application.
+  // init  Begins with the application's current style in the style file; 0 where that can't be read.
   S_Controller();
   ~S_Controller() override;
   S_Controller(const S_Controller&) = delete;
@@ -50,13 +53,26 @@ class ZAVEL_API S_Controller : public TableDataSource {
   void initialize(const Rect& frame, const void* parentWindow, BusyIndicator* progress);
 
   // lookup:dictItem:english:direction:
-  // One search of one dictionary; rows are added to those of the same walk. `direction` counts for books: 0
-  // forward, 1 backward, 2 full.
+  // One search of one dictionary; rows are added to those of the same walk. The query goes as it is to the
+  // helper tool of the translation dictionary, which is waited for without a limit; the bilingual dictionary
+  // takes its first 50 bytes.
+  //
+  // `dictItem` is a map: "dictType" is "oType" for the bilingual dictionary and "tType" for the translation
+  // dictionary, any other counts as a book; "dictTitle" is the "Name" of the book; "selectStatus" is the
+  // caller's to heed. `direction` counts for books: 0 forward, 1 backward, 2 full.
+  //
+  // An empty list ends as LookupNotFound, whatever went wrong, but for the searches that end early:
+  // LookupParameterFileFailed and LookupSourceWriteFailed, which also leave the busy indicator running until
+  // the next search ends, and LookupEngineFailed of a book that isn't known. A search in whose course the tab
+  // is cleared adds no more rows; it gives LookupEngineFailed.
   LookupStatus lookup(const SjisBytes& query, const Value& dictItem, bool english, int direction);
 
-  // Empties list and detail.
-  void clear();
-  // The same, and says that there are no entries.
+  // Empties list and detail: a new look-up begins, and any that still runs comes to nothing. Gives the new
+  // one's number.
+  uint64_t clear();
+  // Whether the tab was not cleared again since that look-up began.
+  bool isLatest(uint64_t lookup) const { return lookup == lookups_; }
+  // Empties list and detail, and says that there are no entries.
   void setUnfound();
   // Shows a row, made anew each time; nothing happens for one that isn't there. An entry that can't be had
   // leaves the detail empty.
@@ -73,6 +89,7 @@ class ZAVEL_API S_Controller : public TableDataSource {
   // The size pop-up, by tag, which is the size in points; an unknown one changes nothing.
   void setDefaultFontSize(int tag);
   int defaultFontSize() const;
+  // changeSize:  Posts ZFChangeSizeNotification with the chosen size, a number. An observer may destroy this.
   void changeSize();
 
   // jumpURL:  Has the address of a link opened; says so in an alert when nothing would open it.
@@ -81,8 +98,11 @@ class ZAVEL_API S_Controller : public TableDataSource {
   // Makes the notes button usable, with `available`, where the row shown has a title for a note; unusable
   // otherwise. In the medical edition the button never changes.
   void updateTool(bool available);
-  // Reads the book browser's preferences anew and gives its books: maps with at least "Name".
-  Value::Array twedDictList();
+  // Reads the book browser's preferences anew and gives its books: maps with at least "Name". Without those
+  // preferences there are no books; none is told where they are there and can't be read.
+  std::optional<Value::Array> twedDictList();
+  // The document's translation style: a place in the style file's list, 0 until it is set. Look-ups of the
+  // translation dictionary take the technical dictionaries of that style.
   void setDocStyle(int32_t style) { docStyle_ = style; }
   int32_t docStyle() const { return docStyle_; }
 
@@ -100,6 +120,8 @@ class ZAVEL_API S_Controller : public TableDataSource {
   ResultType resultType() const { return resultType_; }
   const std::string& iPodOutTitle() const { return iPodOutTitle_; }
   bool iPodOutEnglish() const { return iPodOutEnglish_ != 0; }
+  // The style that the helper tool is told, as text: that of the start; in the translation editor and the
+  // browser docStyle, from the first look-up of the translation dictionary on.
   const std::string& styleNumer() const { return styleNumer_; }
 
   size_t rowCount() const override { return hwResultArray_.size(); }
@@ -110,10 +132,14 @@ class ZAVEL_API S_Controller : public TableDataSource {
   LookupStatus lookupTrans(const SjisBytes& query, bool english, bool* finishes);
   LookupStatus lookupBook(const Value& dictItem, bool* finishes);
   LookupStatus finish(LookupStatus status);
+  LookupStatus giveUp();
+  bool empty();
+  bool inTurn(std::initializer_list<std::function<void()>> steps);
   LookupStatus limitStatus() const;
   std::vector<std::string> toolArguments() const;
 
   void display(const MirellData& row);
+  bool loadEntry(const MirellData& row);
   void display(const TransData& row);
   TextView::Font detailFont() const;
 
@@ -136,14 +162,16 @@ class ZAVEL_API S_Controller : public TableDataSource {
   uint8_t hwHeadMode_ = kFilterAll;
   BusyIndicator* progressSpinning_ = nullptr;  // borrowed
   Value::Array twedDictionaryArray_;
+  bool twedUnread_ = false;  // the book browser's preferences are there and can't be read
   std::vector<ResultRow> hwResultArray_;
+  uint64_t lookups_ = 0;                              // how often the tab was cleared
   const void* parentWindow_ = nullptr;                // compared, never followed
   MirellDictionaryManager* mirellManager_ = nullptr;  // borrowed
   std::string iPodOutTitle_;                          // empty: the shown row has none
   uint8_t iPodOutEnglish_ = 0;
   ResultType resultType_ = kNoRow;
   int32_t docStyle_ = 0;
-  std::string styleNumer_;  // docStyle as text
+  std::string styleNumer_;
 };
 
 // Rows that the result list may hold; 400 until the book browser's preferences say otherwise.

@@ -36,50 +36,56 @@ void S_Controller::displaySelectedRow(size_t row) {
   std::visit([this](const auto& data) { display(data); }, shown);
 }
 
+// Puts the entry in the detail view; false when it can't be had.
+bool S_Controller::loadEntry(const MirellData& row) {
+  if (!mirellManager_) return false;
+  const int size = defaultFontSize();
+  const FontHeights heights = platform().fonts().heights(kFont, size);
+  const int32_t ascender = static_cast<int32_t>(heights.ascender);
+  const int32_t descender = static_cast<int32_t>(heights.descender);
+  mirellManager_->SetFontAttribute(kFont, static_cast<uint32_t>(size), static_cast<uint32_t>(ascender),
+                                   static_cast<uint32_t>(ascender + descender));
+  // The engine looks the keyword up, and takes of its entries the one with this headword line.
+  const std::string word(row.keywordBytes(), row.keywordLength());
+  const std::string line = std::string(row.midashiBytes(), row.midashiLength()).c_str();
+  const bool made = row.english() ? mirellManager_->NewGetImiE(word, hwHeadMode_, line)
+                                  : mirellManager_->NewGetImiJ(word, hwHeadMode_, line);
+  return made && gMirellModule && hwResultView_.loadStyledFile(gMirellModule->cachePath());
+}
+
 void S_Controller::display(const MirellData& row) {
-  hwHeadView_.setHidden(false);
-  hwResultView_.setText("");
-  hwResultView_.setBackgroundColor(kMirellBackColor);
-  hwResultView_.setFont(detailFont());
   bool shown = false;
-  if (mirellManager_) {
-    const int size = defaultFontSize();
-    const FontHeights heights = platform().fonts().heights(kFont, size);
-    const int32_t ascender = static_cast<int32_t>(heights.ascender);
-    const int32_t descender = static_cast<int32_t>(heights.descender);
-    mirellManager_->SetFontAttribute(kFont, static_cast<uint32_t>(size), static_cast<uint32_t>(ascender),
-                                     static_cast<uint32_t>(ascender + descender));
-    // The engine looks the keyword up, and takes of its entries the one with this headword line.
-    const std::string word(row.keywordBytes(), row.keywordLength());
-    const std::string line = std::string(row.midashiBytes(), row.midashiLength()).c_str();
-    shown = row.english() ? mirellManager_->NewGetImiE(word, hwHeadMode_, line)
-                          : mirellManager_->NewGetImiJ(word, hwHeadMode_, line);
-    shown = shown && gMirellModule && hwResultView_.loadStyledFile(gMirellModule->cachePath());
-  }
+  const bool latest =
+      inTurn({[this] { hwHeadView_.setHidden(false); }, [this] { hwResultView_.setText(""); },
+              [this] { hwResultView_.setBackgroundColor(kMirellBackColor); },
+              [this] { hwResultView_.setFont(detailFont()); }, [&] { shown = loadEntry(row); }});
+  if (!latest) return;
   iPodOutTitle_.clear();
   if (shown) {
     iPodOutEnglish_ = row.english() ? 1 : 0;
     iPodOutTitle_ = fillIn(platform().bundle().localized("OiPodTitle"), row.iPodTitle(), "");
   }
-  updateTool(shown);
   resultType_ = kMirellRow;
+  updateTool(shown);
 }
 
 void S_Controller::display(const TransData& row) {
-  hwHeadView_.setHidden(true);
-  hwResultView_.setText("");
-  hwResultView_.setBackgroundColor(kWhite);
-  hwResultView_.setFont(detailFont());
-  if (textColor)
-    hwResultView_.setTextColor({textColor->red, textColor->green, textColor->blue, textColor->alpha});
-  hwResultView_.setText(row.detailString());
+  const bool latest = inTurn(
+      {[this] { hwHeadView_.setHidden(true); }, [this] { hwResultView_.setText(""); },
+       [this] { hwResultView_.setBackgroundColor(kWhite); }, [this] { hwResultView_.setFont(detailFont()); },
+       [this] {
+         if (textColor)
+           hwResultView_.setTextColor({textColor->red, textColor->green, textColor->blue, textColor->alpha});
+       },
+       [&] { hwResultView_.setText(row.detailString()); }});
+  if (!latest) return;
   if (zavelType() == ZAVEL_TYPE_GENERAL) {
     iPodOutEnglish_ = row.english() ? 1 : 0;
     iPodOutTitle_ =
         fillIn(platform().bundle().localized("TiPodTitle"), row.english() ? "EJ" : "JE", row.indexTitle());
   }
-  updateTool(true);
   resultType_ = kTransRow;
+  updateTool(true);
 }
 
 }  // namespace zavel

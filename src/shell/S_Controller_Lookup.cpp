@@ -39,7 +39,9 @@ MirellData rowOf(MirellDictionaryManager& manager, const std::string& line, bool
 
 LookupStatus S_Controller::lookup(const SjisBytes& query, const Value& dictItem, bool english,
                                   int /*direction*/) {
+  const uint64_t turn = lookups_;
   if (progressSpinning_) progressSpinning_->start();
+  if (!isLatest(turn)) return giveUp();
   const std::string type = stringAt(dictItem, ZFWDictTypeKey);
   bool finishes = true;
   LookupStatus status = LookupEngineFailed;
@@ -50,15 +52,22 @@ LookupStatus S_Controller::lookup(const SjisBytes& query, const Value& dictItem,
   } else {
     status = lookupBook(dictItem, &finishes);
   }
+  if (!isLatest(turn)) return giveUp();
   return finishes ? finish(status) : status;
 }
 
 // kept: a search whose list is empty found nothing, whatever went wrong in it (docs/quirks.md)
 LookupStatus S_Controller::finish(LookupStatus status) {
-  hwListView_.reloadData();
+  if (!inTurn({[this] { hwListView_.reloadData(); }})) return giveUp();
   if (hwResultArray_.empty()) status = LookupNotFound;
   if (progressSpinning_) progressSpinning_->stop();
   return status;
+}
+
+// A newer look-up came in between: list and detail are its own, and so is what is told of them.
+LookupStatus S_Controller::giveUp() {
+  if (progressSpinning_) progressSpinning_->stop();
+  return LookupEngineFailed;
 }
 
 LookupStatus S_Controller::limitStatus() const {
@@ -90,7 +99,9 @@ LookupStatus S_Controller::lookupTrans(const SjisBytes& query, bool english, boo
   if (zavelType() == ZAVEL_TYPE_GENERAL && !saveZP(docStyle_)) return LookupParameterFileFailed;
   *finishes = true;
   const std::string program = english ? gEJEnginePath : gJEEnginePath;
+  const uint64_t turn = lookups_;
   const ToolResult tool = platform().tools().run(program, toolArguments());
+  if (!isLatest(turn)) return LookupEngineFailed;  // a host's runner may let events in
   // One that was ended may say that all went well, with an answer from before or half of one.
   const bool ended = tool.interrupted || tool.stopped;
   if (!tool.started || ended || tool.exitStatus != 0) return LookupEngineFailed;

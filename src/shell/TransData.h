@@ -13,18 +13,21 @@ namespace zavel {
 
 class ZAVEL_API TransData {
  public:
-  // initWithIndexTitle:detailString:
+  // initWithIndexTitle:detailString:  Title and detail as text; not English.
   void initWithIndexTitle(const std::string& indexTitle, const std::string& detailString);
 
   // initWithIndexTitleData:detailOfFile:english:
   // Reads the tool's result file at `path`, a property list with "Search", a list, and "DictInfoJE", a map
   // from a dictionary's number to its path. English: the detail is the first element. Japanese: each text is
   // a word, each number opens a group with the name of the dictionary that its words are from. A file that
-  // can't be read, or without "Search", leaves the detail empty.
+  // can't be read, or without "Search", leaves the detail empty. `title` is the query; `english` is its
+  // language, which settles how the file is read and is kept.
   void initWithIndexTitleData(const SjisBytes& title, const std::string& path, bool english);
 
+  // setIndexTitle:detailString:  Another title and detail, as text; the language flag stays as it was.
   void setIndexTitle(const std::string& indexTitle, const std::string& detailString);
 
+  // The query that was answered.
   const std::string& indexTitle() const { return indexTitle_; }
   const std::string& detailString() const { return detailString_; }
   bool english() const { return english_ != 0; }

@@ -191,6 +191,7 @@ void ZavelLexController::makeTabControllers(const Rect& frame) {
   qController_ = std::make_unique<Q_Controller>();
   dController_ = std::make_unique<D_Controller>();
   aController_ = std::make_unique<A_Controller>();
+  sController_->setDocStyle(docStyle_);
   sController_->initialize(frame, zavelParent_, progressSpinning_);
   tController_->initialize(frame, zavelParent_, progressSpinning_, viewID);
   eController_->initialize(frame, zavelParent_, progressSpinning_);
@@ -227,6 +228,7 @@ bool ZavelLexController::saveZP(int32_t style) {
 }
 
 void ZavelLexController::setDocStyle(int32_t style) {
+  docStyle_ = style;
   if (sController_) sController_->setDocStyle(style);
 }
 

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -78,16 +79,19 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
   void initController(const Rect& frame, const void* target, SearchField& input, BusyIndicator& progress,
                       const std::string& kenkyu);
 
-  // lookupButton:  The whole look-up of what stands in the search field. `sender`: a number is the row to
-  // select afterwards, none for one that isn't there; anything else means the first.
+  // lookupButton:  The whole look-up of what stands in the search field. `sender`: a number, a fraction cut
+  // off, is the row to select afterwards, none for one that isn't there; anything else means the first. It
+  // returns when it is over, and reports as docs/hosting.md says; an observer of the report may destroy this.
   void lookupButton(const Value& sender = Value());
-  // searchButton:
+  // searchButton:  Web search for the text in the search field, at the checked site; nothing for an empty
+  // field.
   void searchButton();
   // selectMode:  Brings up the mode of the selected segment.
   void selectMode();
-  // panelButton:
+  // panelButton:  Opens the preference panel: the dictionary list where that stands on squareButton(), else
+  // the feeds.
   void panelButton();
-  // doTranslate:language:
+  // doTranslate:language:  Page translation of `text`, UTF-8: English to Japanese, else the other way.
   void doTranslate(const std::string& text, bool english);
 
   // directionHW  The direction of book searches from the menu: 0 forward, 1 backward, 2 full.
@@ -97,13 +101,16 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
   // urlSearch  The address of the web search site from the menu; empty for none.
   std::string urlSearch() const;
 
-  // saveZP:
+  // saveZP:  Writes the helper tool's dictionary parameter file, gDictPath, for the style at that place of
+  // the style file's list. False, and logged, when there is no such style or the file can't be written. Needs
+  // a controller that is alive.
   static bool saveZP(int32_t style);
 
   // control:textView:doCommandBySelector:  A new line in the search field; whether it was for the mode that
   // is up.
   bool insertNewline();
-  // controlTextDidChange:
+  // controlTextDidChange:  The user edited the search field: an emptied one clears the mode that is up, if it
+  // is the dictionary, the web search or the feeds.
   void controlTextDidChange();
 
   // --- Accessors. Widgets and tabs are this controller's; the field and the indicator may be the host's.
@@ -132,8 +139,13 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
   const std::shared_ptr<Menu>& rMenu() const { return rMenu_; }
   const std::shared_ptr<Menu>& qMenu() const { return qMenu_; }
 
+  // The host's token from now on, for events to this controller; the tabs keep that of the set-up.
   void setTarget(const void* target) { zavelParent_ = target; }
+  // These may be called before the set-up, too; then they count from it on.
+  // The document's translation style, a place in the style file's list (S_Controller::setDocStyle).
   void setDocStyle(int32_t style);
+  // Quick translation: its panes one above the other, else side by side; its transport button hidden. The
+  // set-up with a field of the host's own, in the correspondence client, settles both anew.
   void setQuickTransLayoutUpDown(bool upDown);
   void setQuickTransTransportButtonHide(bool hide);
 
@@ -157,7 +169,7 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
   static const EventRow kEvents[17];
   static const ModeRow* modeRow(const std::string& identifier);
 
-  Value::Array twedDictList() override { return sController_->twedDictList(); }
+  std::optional<Value::Array> twedDictList() override { return sController_->twedDictList(); }
 
   // Set-up.
   void subscribe();
@@ -177,9 +189,9 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
   void updateFeedsOnce();
 
   // Look-up.
-  std::string queryInField();
-  void walkDictionaries(const std::string& query, const Value& sender);
-  void finishLookup(bool found, bool bringsUpTab);
+  void search(uint64_t lookup, const std::string& query, const Value& sender);
+  void walkDictionaries(uint64_t lookup, const std::string& query, const Value& sender);
+  void finishLookup(uint64_t lookup, bool found, bool bringsUpTab);
   void doOutsideApplet(int route, const SjisBytes& query, bool english);
 
   // Modes and events.
@@ -245,6 +257,7 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
   int sMenuNumber_ = 0;            // one past its last direction tag
   int segmentDict_ = 0, segmentTrans_ = 0, segmentTexttrans_ = 0, segmentSearch_ = 0;
   int segmentRss_ = 0, segmentQuick_ = 0, segmentDocu_ = 0, segmentArch_ = 0;
+  int32_t docStyle_ = 0;
   bool quickTransUpDown_ = true;
   bool quickTransButtonHide_ = false;
 

@@ -7,13 +7,12 @@
 #include "config/ZavelCommonModule.h"
 #include "platform/Platform.h"
 #include "platform/TextEncoding.h"
+#include "shell/LookupRoute.h"
 #include "shell/QueryText.h"
 #include "shell/ZavelLexController.h"
 
 namespace zavel {
 namespace {
-
-constexpr int kSearchedHere = kSelectedMirell | kSelectedBook | kSelectedTrans;
 
 bool isNumber(const Value& value) {
   return std::holds_alternative<int64_t>(value.storage()) || std::holds_alternative<double>(value.storage());
@@ -33,35 +32,35 @@ bool isSkipped(const Value& item) {
 
 }  // namespace
 
-// The query as Shift_JIS bytes, control characters as blanks; the field shows what is searched. Empty:
-// nothing is.
-std::string ZavelLexController::queryInField() {
-  const std::string text = stripQuery(searchField_->text());
-  if (text.empty()) return std::string();
-  std::string bytes = platform().encoding().toSjisLossy(text).bytes();
-  ZavelCommonModule::trimInsideCheck(&bytes);
-  searchField_->setText(platform().encoding().fromSjisLossy(bytes));
-  return bytes;
-}
-
+// A host may look something else up whenever it hears of a change. Each look-up has a number, and one that
+// isn't the latest any more comes to nothing.
 void ZavelLexController::lookupButton(const Value& sender) {
   if (!ready_) return;
-  sController_->clear();
-  const std::string query = queryInField();
-  if (query.empty()) return;
+  const std::string text = stripQuery(searchField_->text());
+  const uint64_t lookup = sController_->clear();
+  if (text.empty()) return;
+  std::string query = platform().encoding().toSjisLossy(text).bytes();
+  ZavelCommonModule::trimInsideCheck(&query);
+  if (!sController_->isLatest(lookup)) return;
+  searchField_->setText(platform().encoding().fromSjisLossy(query));
+  if (sController_->isLatest(lookup)) search(lookup, query, sender);
+}
+
+void ZavelLexController::search(uint64_t lookup, const std::string& query, const Value& sender) {
   const int selected = zfwPrefController_->dictTab().selectedDict();
-  if ((selected & kSearchedHere) != 0) {
-    walkDictionaries(query, sender);
-  } else if (selected == kSelectedOutside || selected == kSelectedOutsideBrowser) {
-    doOutsideApplet(selected, TextEncoding::adoptSjis(query), isEnglishQuery(query));
-    finishLookup(false, false);
-  } else {
-    sController_->setUnfound();
-    finishLookup(false, true);
+  switch (lookupRoute(selected)) {
+    case LookupRoute::kDictionaries:
+      return walkDictionaries(lookup, query, sender);
+    case LookupRoute::kOutside:
+      doOutsideApplet(selected, TextEncoding::adoptSjis(query), isEnglishQuery(query));
+      return finishLookup(lookup, false, false);
+    case LookupRoute::kNowhere:
+      sController_->setUnfound();
+      return finishLookup(lookup, false, true);
   }
 }
 
-void ZavelLexController::walkDictionaries(const std::string& query, const Value& sender) {
+void ZavelLexController::walkDictionaries(uint64_t lookup, const std::string& query, const Value& sender) {
   const SjisBytes bytes = TextEncoding::adoptSjis(query);
   const bool english = isEnglishQuery(query);
   // A copy: the list may change while a search runs.
@@ -70,6 +69,7 @@ void ZavelLexController::walkDictionaries(const std::string& query, const Value&
   for (const Value& item : dictionaries) {
     if (isSkipped(item)) continue;
     const LookupStatus status = sController_->lookup(bytes, item, english, directionHW());
+    if (!sController_->isLatest(lookup)) return;
     if (status == LookupFound || status == LookupLimitReached) ++successes;
     if (status == LookupLimitReached) break;
   }
@@ -78,13 +78,14 @@ void ZavelLexController::walkDictionaries(const std::string& query, const Value&
   } else {
     sController_->setUnfound();
   }
-  finishLookup(successes > 0, true);
+  finishLookup(lookup, successes > 0, true);
 }
 
 // Hands the query to the application that the user chose in place of this system. None is within reach yet.
 void ZavelLexController::doOutsideApplet(int, const SjisBytes&, bool) {}
 
-void ZavelLexController::finishLookup(bool found, bool bringsUpTab) {
+void ZavelLexController::finishLookup(uint64_t lookup, bool found, bool bringsUpTab) {
+  if (!sController_->isLatest(lookup)) return;
   if (!tabView_) {
     NotificationObject result;
     result.value = found ? kDictFound : kDictNotFound;

@@ -120,6 +120,14 @@ TEST_F(DictTab, ABookThatIsGoneLeavesTheList) {
   EXPECT_EQ(stored(), (Lines{"oType O YES", "tType Gone YES"}));
 }
 
+TEST_F(DictTab, WhereItIsNotKnownWhichBooksThereAreThoseOfTheListStay) {
+  store({item("sType", "A", "YES"), item("oType", "O", "NO")});
+  ZFWDictTabView tab;
+  tab.loadPreferences();
+  EXPECT_EQ(stored(), (Lines{"sType A YES", "oType O NO", "tType TranslationDictionary YES"}));
+  EXPECT_EQ(linesOf(tab), stored());
+}
+
 TEST_F(DictTab, ABookOfOneNameIsListedOnceAndOneWithoutANameNever) {
   ZFWDictTabView tab;
   tab.loadPreferences({book("A"), book("A"), Value::Dict{}});

@@ -2,6 +2,9 @@
 #include <filesystem>
 
 #include "lookup/MirellModule.h"
+#include "platform/FontMetrics.h"
+#include "platform/ForwardingPlatform.h"
+#include "platform/TextEncoding.h"
 #include "shell/ShellTesting.h"
 
 namespace zavel::test {
@@ -45,6 +48,7 @@ TEST_F(Detail, ARowOfTheTranslationDictionary) {
   S_Controller& tab = window.dictionary();
   window.look("take", 2);
   EXPECT_EQ(window.detail(), "an answer");
+  EXPECT_TRUE(tab.iPodOutEnglish());
   EXPECT_EQ(tab.resultType(), S_Controller::kTransRow);
   EXPECT_EQ(tab.hwResultView().backgroundColor(), kWhite);
   EXPECT_EQ(tab.hwResultView().font(), (TextView::Font{"HiraKakuPro-W3", 12}));
@@ -106,6 +110,46 @@ TEST_F(Detail, AResultFileThatCannotBeWrittenLeavesTheDetailEmpty) {
   EXPECT_FALSE(window.dictionary().iPodOut().enabled());
 }
 
+TEST_F(Detail, TheNotesButtonNeedsARowWithATitle) {
+  Window window(kAllModes);
+  S_Controller& tab = window.dictionary();
+  window.look("take");
+  tab.updateTool(false);
+  EXPECT_FALSE(tab.iPodOut().enabled());
+  tab.updateTool(true);
+  EXPECT_TRUE(tab.iPodOut().enabled());
+  tab.hwListView().deselect();
+  tab.updateTool(true);
+  EXPECT_FALSE(tab.iPodOut().enabled());
+  tab.changeHeadView(4);  // no phrases
+  tab.setNewSelectRow(0);
+  tab.updateTool(true);
+  EXPECT_EQ(tab.nowSelectedRow(), 0);
+  EXPECT_FALSE(tab.iPodOut().enabled());
+}
+
+TEST_F(Detail, NoEntriesAreShownInAClearedTab) {
+  Window window(kAllModes);
+  S_Controller& tab = window.dictionary();
+  window.look("take", 2);
+  tab.setUnfound();
+  EXPECT_EQ(window.rows(), Lines{});
+  EXPECT_EQ(window.detail(), "No entries");
+  EXPECT_EQ(tab.hwResultView().backgroundColor(), kYellow);
+  EXPECT_EQ(tab.iPodOutTitle(), "");
+  EXPECT_FALSE(tab.iPodOut().enabled());
+  EXPECT_EQ(tab.resultType(), S_Controller::kNoRow);
+}
+
+TEST_F(Detail, TheWidgetsAtTheStart) {
+  Window window(kAllModes);
+  S_Controller& tab = window.dictionary();
+  EXPECT_EQ(tab.iPodOut().imageName(), "iPodIcon");
+  EXPECT_FALSE(tab.iPodOut().enabled());
+  EXPECT_EQ(tab.hwHeadImage().imageName(), "ZDAll");
+  EXPECT_EQ(tab.hwHeadTitle().text(), "DisplayAll");
+}
+
 TEST_F(Detail, ARowThatIsNotThereShowsNothingNew) {
   Window window(kAllModes);
   window.look("take");
@@ -154,6 +198,51 @@ TEST_F(Detail, TheSizesOfTheFont) {
   EXPECT_EQ(window.dictionary().hwHeadSize().selectedIndex(), 2);
 }
 
+TEST_F(Detail, TheSizeCanBeChosenForARowWithoutAHead) {
+  Window window(kAllModes);
+  window.look("take", 2);
+  EXPECT_TRUE(window.dictionary().hwHeadView().hidden());
+  EXPECT_TRUE(window.dictionary().hwHeadSize().choose(5));
+  EXPECT_EQ(window.detail(), "an answer");
+  EXPECT_EQ(window.dictionary().hwResultView().font(), (TextView::Font{"HiraKakuPro-W3", 24}));
+}
+
+// Heights that are no whole numbers.
+class OddFonts : public ForwardingPlatform, public FontMetrics {
+ public:
+  OddFonts() : ForwardingPlatform(&zavel::platform()), before_(setPlatform(this)) {}
+  ~OddFonts() override { setPlatform(before_); }
+  FontMetrics& fonts() override { return *this; }
+  FontHeights heights(const std::string& name, double size) override {
+    asked.push_back(name + " " + std::to_string(static_cast<int>(size)));
+    return {21.9, -3.2};
+  }
+
+  Lines asked;
+
+ private:
+  Platform* before_;
+};
+
+TEST_F(Detail, AnEntryIsLaidOutForTheFontOfItsSize) {
+  OddFonts fonts;
+  Window window(kAllModes);
+  window.dictionary().setDefaultFontSize(24);
+  window.look("take");
+  EXPECT_EQ(fonts.asked, Lines{"HiraKakuPro-W3 24"});
+  const MirellDictionaryManager& manager = *gMirellModule->objectODM();
+  EXPECT_EQ(manager.fontName, "HiraKakuPro-W3");
+  ASSERT_FALSE(manager.styleRuns.empty());
+  for (const ScrpSTElement& run : manager.styleRuns) {
+    EXPECT_EQ(run.scrpSize, 24);
+    EXPECT_EQ(run.scrpAscent, 21);
+    EXPECT_EQ(run.scrpHeight, 18);  // 21 and -3
+  }
+  for (const AttributedText::Run& run : window.dictionary().hwResultView().text().runs()) {
+    EXPECT_EQ(run.style.fontSize, 24);
+  }
+}
+
 TEST_F(Detail, ASizeIsSetByItsTagAndAnUnknownOneChangesNothing) {
   Window window(kAllModes);
   Posts sizes("zfChangeSizeNotification");
@@ -179,7 +268,7 @@ TEST_F(Detail, WithoutTheFileColoursAndLimitStay) {
   Window window(kAllModes);
   EXPECT_EQ(referenceMaxCount, 7u);
   EXPECT_EQ(headColor, std::nullopt);
-  EXPECT_TRUE(window.dictionary().twedDictList().empty());
+  EXPECT_EQ(window.dictionary().twedDictList(), Value::Array());
   EXPECT_TRUE(logLines.empty() || logLines[0].find("TWEDBrowser") == std::string::npos);
 }
 
@@ -195,8 +284,7 @@ TEST_F(Detail, TheFileGivesBooksColoursAndLimit) {
   EXPECT_EQ(textColor, std::nullopt);
   EXPECT_EQ(refColor, (ZavelColor{0, 1, 0, 1}));
   EXPECT_EQ(referenceMaxCount, 12u);
-  ASSERT_EQ(window.dictionary().twedDictList().size(), 1u);
-  EXPECT_EQ(window.dictionary().twedDictList()[0].find("Name")->string(), "A book");
+  EXPECT_EQ(window.dictionary().twedDictList(), Value::Array{Value(Value::Dict{{"Name", "A book"}})});
 }
 
 TEST_F(Detail, WithoutColoursTheyAreBlueBlackAndGreen) {
@@ -213,10 +301,48 @@ TEST_F(Detail, AFileThatCannotBeReadIsLoggedAndKeepsColoursAndLimit) {
   for (const char* garbage : {"garbage", "<plist version=\"1.0\"><array/></plist>"}) {
     writeFile(at("home/Library/Preferences/local.tarnwick.TWEDBrowser.plist"), garbage);
     logLines.clear();
-    EXPECT_TRUE(window.dictionary().twedDictList().empty());
+    EXPECT_EQ(window.dictionary().twedDictList(), std::nullopt);
     EXPECT_EQ(logLines, Lines{"Access error local.tarnwick.TWEDBrowser.plist"});
     EXPECT_EQ(headColor, (ZavelColor{0, 0, 1, 1}));
     EXPECT_EQ(referenceMaxCount, 12u);
+  }
+}
+
+TEST_F(Detail, WithoutGeneralSettingsTheLimitIs0) {
+  writeBrowserPreferences(Value::Dict{{"DictList", Value::Array()}});
+  Window window(kAllModes);
+  EXPECT_EQ(referenceMaxCount, 0u);
+}
+
+// However they are gone, the tab doesn't know them any more.
+TEST_F(Detail, BooksThatTheFileDoesNotTellOfAreForgotten) {
+  const std::string file = at("home/Library/Preferences/local.tarnwick.TWEDBrowser.plist");
+  const Value::Dict limit = {{"FindMax", 400}};
+  for (const char* way : {"kept", "removed", "garbage", "without"}) {
+    writeBrowserPreferences(Value::Dict{{"DictList", Value::Array{Value::Dict{{"Name", "A book"}}}},
+                                        {"PreferencesGeneral", limit}});
+    Window window(kAllModes);
+    if (way == std::string("removed")) std::filesystem::remove(file);
+    if (way == std::string("garbage")) writeFile(file, "garbage");
+    if (way == std::string("without")) writeBrowserPreferences(Value::Dict{{"PreferencesGeneral", limit}});
+    window.dictionary().twedDictList();
+    logLines.clear();
+    window.dictionary().lookup(TextEncoding::adoptSjis("take"), item("sType", "A book", "YES"), true, 0);
+    const bool known = way == std::string("kept");
+    EXPECT_EQ(logLines, known ? Lines{} : Lines{"Dict title match error."}) << way;
+  }
+}
+
+TEST_F(Detail, ADamagedFileTakesNoBookOutOfTheStoredList) {
+  const Value books = Value::Array{item("sType", "A book", "YES"), item("oType", "StandardDictionary", "YES"),
+                                   item("tType", "TranslationDictionary", "NO")};
+  for (const char* damage :
+       {"garbage", "", "<plist version=\"1.0\"><dict><key>DictList</key><string>x</string></dict></plist>"}) {
+    writeDictList(*books.asArray());
+    writeFile(at("home/Library/Preferences/local.tarnwick.TWEDBrowser.plist"), damage);
+    Window window(kAllModes);
+    EXPECT_EQ(Value(window.controller->zfwPrefController().dictTab().dictListArray()), books) << damage;
+    EXPECT_EQ(*readStore().find("ZFWDictTabKey")->find("ZFWDictTabTWEDItem"), books) << damage;
   }
 }
 
@@ -232,6 +358,7 @@ TEST_F(Detail, TheTextColourIsThatOfTranslatedRows) {
 
 TEST_F(Detail, ALinkIsHandedOnAndAnAlertTellsOfAFailure) {
   platform.ownBundle.texts["ErrorLinkQuestionPage"] = "No page";
+  platform.ownBundle.texts["OK"] = "Very well";  // the button has one text in all languages
   Window window(kAllModes);
   window.dictionary().jumpURL("http://x/");
   EXPECT_EQ(platform.user.urls, Lines{"http://x/"});

@@ -1,5 +1,6 @@
 // The road of one look-up: query, walk, bilingual dictionary, outcome. The helper tool is in ToolTest.cpp.
 #include <filesystem>
+#include <optional>
 #include <utility>
 
 #include "platform/TextEncoding.h"
@@ -10,6 +11,9 @@ namespace zavel::test {
 namespace {
 
 using Lines = std::vector<std::string>;
+
+// As the process begins with it, ahead of any test.
+const size_t kLimitAtStart = referenceMaxCount;
 
 const char* const kTakeShown = "take\r\r-[動]\r取る\n\r\r";
 
@@ -100,6 +104,12 @@ TEST_F(Lookup, TheFirstRowIsShownWithoutScrolling) {
   EXPECT_EQ(window.dictionary().hwListView().scrolledRow(), -1);
 }
 
+TEST_F(Lookup, ARealNumberIsARowToo) {
+  Window window(kAllModes);
+  window.look("match", 1.0);
+  EXPECT_EQ(window.dictionary().nowSelectedRow(), 1);
+}
+
 TEST_F(Lookup, ARowThatIsNotThereSelectsNone) {
   Window window(kAllModes);
   for (const Value& row : {Value(-1), Value(2), Value(int64_t{1} << 32), Value(-(int64_t{1} << 32))}) {
@@ -151,6 +161,34 @@ TEST_F(Lookup, WithoutAnyDictionaryChosenThereAreNoEntries) {
   host.look("take");
   EXPECT_EQ(host.detail(), "No entries");
   EXPECT_EQ(results.numbers(), std::vector<int64_t>{9});
+}
+
+// A host may look up while another mode is up.
+TEST_F(Lookup, AnyLookUpInTheDictionariesBringsUpTheirTab) {
+  Window window({"zfTransTab", "zfDictTab"});
+  for (const char* word : {"take", "zebra"}) {
+    window.controller->tabView()->selectItem("tTab");
+    window.controller->searchField()->setText(word);
+    window.controller->lookupButton();
+    EXPECT_EQ(window.tab(), "sTab") << word;
+  }
+}
+
+TEST_F(Lookup, ALookUpWithoutAnyDictionaryChosenBringsUpTheTab) {
+  writeDictList({item("oType", "StandardDictionary", "NO"), item("tType", "TranslationDictionary", "NO")});
+  Window window({"zfTransTab", "zfDictTab"});
+  window.controller->searchField()->setText("take");
+  window.controller->lookupButton();
+  EXPECT_EQ(window.detail(), "No entries");
+  EXPECT_EQ(window.tab(), "sTab");
+}
+
+TEST_F(Lookup, ALookUpInTheOutsideBrowserBringsUpNoTab) {
+  writeDictList({item("oType", "StandardDictionary", "YES")}, 3);
+  Window window({"zfTransTab", "zfDictTab"});
+  window.controller->searchField()->setText("take");
+  window.controller->lookupButton();
+  EXPECT_EQ(window.tab(), "tTab");
 }
 
 TEST_F(Lookup, WithTheOutsideBrowserChosenNothingIsSearchedAndNoTabComesUp) {
@@ -234,6 +272,10 @@ TEST_F(Lookup, EachSearchCountsTheRowsOfTheWholeWalk) {
   EXPECT_EQ(tab.lookup(TextEncoding::adoptSjis("zebra"), mirell, true, 0), LookupNotFound);
 }
 
+TEST_F(Lookup, TheLimitIs400UntilTheBrowsersPreferencesTellAnother) {
+  EXPECT_EQ(kLimitAtStart, 400u);
+}
+
 TEST_F(Lookup, AMissingLimitReadsAsNoneAndEverySearchReachesIt) {
   writeEnglishTool(answering("<string>an answer</string>"));
   writeDictList({item("oType", "StandardDictionary", "YES"), item("tType", "TranslationDictionary", "YES")});
@@ -312,13 +354,90 @@ TEST_F(Lookup, AResultOfALookUpMayAskForTheNext) {
 }
 
 TEST_F(Lookup, AChangeThatAHostHearsOfMayLeadToAnotherLookUp) {
-  Window window(kAllModes);
-  bool again = false;
-  const Connection heard = window.dictionary().hwResultView().changed.connect([&](View&) {
-    if (!std::exchange(again, true)) window.look("match");
-  });
-  window.look("take");
-  EXPECT_TRUE(again);
+  FieldHost host;
+  for (View* view :
+       {static_cast<View*>(&host.progress), static_cast<View*>(&host.dictionary().hwResultView())}) {
+    host.look("walk");
+    Posts results("zfDictResultNotification");
+    bool again = false;
+    const Connection heard = view->changed.connect([&](View&) {
+      if (!std::exchange(again, true)) host.look("match");
+    });
+    host.look("take");
+    EXPECT_TRUE(again);
+    EXPECT_EQ(host.field(), "match");
+    EXPECT_EQ(host.rows(), (Lines{"match [合う]", "match [試合]"}));
+    EXPECT_EQ(host.detail(), "match\r\r-[動]\r合う\n\r\r");
+    EXPECT_EQ(results.numbers(), std::vector<int64_t>{8});
+    EXPECT_FALSE(host.progress.running());
+  }
+}
+
+// What is left once a look-up for "take" has led to one for another word at its change number `at`, counted
+// over field, busy indicator and tab; nothing when there are fewer changes.
+struct Outcome {
+  std::string field;
+  Lines rows;
+  int row = 0;
+  std::string detail, note;
+  std::vector<int64_t> reports;
+  bool busy = false;
+
+  bool operator==(const Outcome&) const = default;
+};
+
+std::optional<Outcome> overtake(FieldHost& host, int at, const std::string& word, const Value& row = {}) {
+  host.look("walk");
+  host.input.setText(" take");
+  Posts results("zfDictResultNotification");
+  int changes = 0;
+  std::vector<Connection> heard;
+  for (View* view :
+       {static_cast<View*>(&host.input), static_cast<View*>(&host.progress), &host.dictionary().mainView()}) {
+    heard.push_back(view->changed.connect([&](View&) {
+      if (++changes == at) host.look(word);
+    }));
+  }
+  host.controller->lookupButton(row);
+  if (changes < at) return std::nullopt;
+  return Outcome{host.field(),
+                 host.rows(),
+                 host.dictionary().nowSelectedRow(),
+                 host.detail(),
+                 host.dictionary().iPodOutTitle(),
+                 results.numbers(),
+                 host.progress.running()};
+}
+
+TEST_F(Lookup, ALaterLookUpIsNeverSpoiltByTheOneThatLedToIt) {
+  writeEnglishTool(answering("<string>an answer</string>"));
+  writeDictList({item("oType", "StandardDictionary", "YES"), item("tType", "TranslationDictionary", "YES")});
+  platform.ownBundle.texts["OiPodTitle"] = "word %@";
+  FieldHost host;
+  const Outcome found{
+      "match", {"match [合う]", "match [試合]", "match"}, 0, "match\r\r-[動]\r合う\n\r\r", "word match", {8},
+      false};
+  for (const Value& row : {Value(), Value(2)}) {  // the outer look-up's: of either dictionary
+    int at = 0;
+    while (const std::optional<Outcome> outcome = overtake(host, ++at, "match", row)) {
+      EXPECT_EQ(*outcome, found) << at;
+    }
+    EXPECT_GT(at, 10);
+  }
+}
+
+TEST_F(Lookup, ALaterLookUpThatFindsNothingIsNotSpoiltEither) {
+  FieldHost host;
+  const Outcome nothing{"zebra", {}, -1, "No entries", "", {9}, false};
+  int at = 0;
+  while (const std::optional<Outcome> outcome = overtake(host, ++at, "zebra"))
+    EXPECT_EQ(*outcome, nothing) << at;
+  EXPECT_GT(at, 10);
+  // One for nothing clears the tab, and that is all.
+  const Outcome cleared{" ", {}, -1, "", "", {}, false};
+  for (at = 1; const std::optional<Outcome> outcome = overtake(host, at, " "); ++at)
+    EXPECT_EQ(*outcome, cleared) << at;
+  EXPECT_GT(at, 10);
 }
 
 TEST_F(Lookup, AResultOfALookUpMayEndTheController) {

@@ -12,6 +12,17 @@ TEST(QueryText, BlanksOfEveryKindGoAtBothEnds) {
   EXPECT_EQ(stripQuery("\u0085\u1680\u2028go\u2029\u202F\u205F"), "go");
 }
 
+TEST(QueryText, EveryWideBlankGoesAtBothEnds) {
+  const char* const blanks[] = {"\u0085", "\u00A0", "\u1680", "\u2000", "\u2001", "\u2002", "\u2003",
+                                "\u2004", "\u2005", "\u2006", "\u2007", "\u2008", "\u2009", "\u200A",
+                                "\u2028", "\u2029", "\u202F", "\u205F", "\u3000"};
+  for (const std::string blank : blanks) {
+    EXPECT_EQ(stripQuery(blank + "go"), "go") << blank;
+    EXPECT_EQ(stripQuery("go" + blank), "go") << blank;
+    EXPECT_EQ(stripQuery("go" + blank + "on"), "go" + blank + "on") << blank;
+  }
+}
+
 TEST(QueryText, WhatStandsInsideStays) {
   EXPECT_EQ(stripQuery(" take\toff "), "take\toff");
   EXPECT_EQ(stripQuery("行\u3000く"), "行\u3000く");

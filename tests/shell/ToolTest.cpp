@@ -3,9 +3,13 @@
 #include <sys/time.h>
 
 #include <filesystem>
+#include <functional>
+#include <utility>
 
 #include "config/WorkPaths.h"
+#include "config/WorkStyles.h"
 #include "config/ZavelApplet.h"
+#include "platform/ForwardingPlatform.h"
 #include "platform/PropertyLists.h"
 #include "platform/TextEncoding.h"
 #include "shell/ShellTesting.h"
@@ -48,7 +52,11 @@ TEST_F(Tool, AJapaneseQueryGoesToTheJapaneseTool) {
   Window window(kAllModes);
   window.look("行く");
   ASSERT_EQ(platform.watched.runs.size(), 1u);
-  EXPECT_EQ(platform.watched.runs[0][0], at("helpers/zavel-text-je"));
+  EXPECT_EQ(platform.watched.runs[0],
+            (Lines{at("helpers/zavel-text-je"), "-d", at("preferences/ZP.plist"), "-i",
+                   at("preferences/ZavelStyle.plist"), "-s", "0", "-e", cache("SourceFile.txt"), "-r",
+                   cache("ResultFile.plist"), "-w"}));
+  EXPECT_TRUE(std::filesystem::exists(at("preferences/ZP.plist")));
   EXPECT_EQ(window.rows(), Lines{"行く"});
   EXPECT_EQ(readFile(cache("SourceFile.txt")), sjis("行く"));
 }
@@ -75,12 +83,49 @@ TEST_F(Tool, TheToolGetsAllBytesOfTheQuery) {
   EXPECT_EQ(readFile(at("copy")), sixty);
 }
 
-TEST_F(Tool, TheStyleStaysAsItWasAtTheStartInMostApplications) {
+TEST_F(Tool, TheToolGetsTheQueryAsTheFieldShowsIt) {
   writeEnglishTool(answering("<string>an answer</string>"));
   Window window(kAllModes);
-  window.controller->setDocStyle(3);
+  window.look("take\toff");
+  EXPECT_EQ(readFile(cache("SourceFile.txt")), "take off");
+}
+
+TEST_F(Tool, TheStyleStaysAsItWasAtTheStartInMostApplications) {
+  for (const char* signature : {"zFQ8", "zOS8", "zVN8", "zGX8"}) {
+    platform.watched.runs.clear();
+    platform.ownBundle.signature = signature;
+    writeEnglishTool("exit 1");
+    Window window(kAllModes);
+    window.controller->setDocStyle(3);
+    window.look("take");
+    EXPECT_EQ(platform.watched.runs.at(0).at(6), "0") << signature;
+    EXPECT_EQ(window.dictionary().styleNumer(), "0") << signature;
+  }
+}
+
+TEST_F(Tool, TheStyleOfTheStartIsTheApplicationsInTheStyleFile) {
+  Value styles = defaultStyles(StyleLanguage::kEnglish);
+  (*(*styles.asDict())["Selection"].asDict())["FQ"] = 3;
+  ASSERT_TRUE(platform.propertyLists().writeFile(at("preferences/ZavelStyle.plist"), styles,
+                                                 PropertyListFormat::kXml));
+  writeEnglishTool("exit 1");
+  Window window(kAllModes);
+  EXPECT_EQ(window.dictionary().styleNumer(), "3");
   window.look("take");
-  EXPECT_EQ(platform.watched.runs.at(0).at(6), "0");
+  const Lines& run = platform.watched.runs.at(0);
+  EXPECT_EQ(run.at(5), "-s");
+  EXPECT_EQ(run.at(6), "3");
+}
+
+TEST_F(Tool, AStyleThatIsSetAheadOfTheSetUpCounts) {
+  platform.ownBundle.signature = "zQN8";
+  writeEnglishTool("exit 1");
+  Window window;
+  window.controller->setDocStyle(3);
+  window.controller->initController(Rect(), &window.token, kAllModes);
+  EXPECT_EQ(window.dictionary().docStyle(), 3);
+  window.look("take");
+  EXPECT_EQ(platform.watched.runs.at(0).at(6), "3");
 }
 
 TEST_F(Tool, TheTranslationEditorAndTheBrowserUseTheStyleOfTheDocument) {
@@ -212,6 +257,55 @@ TEST_F(Tool, AToolThatHangsCanBeInterruptedAndTheOtherRowsStay) {
   EXPECT_FALSE(window.controller->progressSpinning()->running());
 }
 
+// A platform whose tool runner is the test's.
+class OtherRunner : public ForwardingPlatform, public ToolRunner {
+ public:
+  explicit OtherRunner(std::function<ToolResult()> act)
+      : ForwardingPlatform(&zavel::platform()), act_(std::move(act)), before_(setPlatform(this)) {}
+  ~OtherRunner() override { setPlatform(before_); }
+  ToolRunner& tools() override { return *this; }
+  ToolResult run(const std::string&, const std::vector<std::string>&) override { return act_(); }
+
+ private:
+  std::function<ToolResult()> act_;
+  Platform* before_;
+};
+
+TEST_F(Tool, AToolThatWasEndedLosesItsAnswerWhateverItsStatus) {
+  writeEnglishTool(answering("<string>an answer of before</string>"));
+  Window window(kAllModes);
+  window.look("take");
+  ToolResult result;
+  result.started = true;
+  result.exitStatus = 0;
+  const OtherRunner runner([&] { return result; });
+  EXPECT_EQ(search(window, "take"), LookupFound);
+  result.stopped = true;
+  EXPECT_EQ(search(window, "take"), LookupNotFound);
+  result.stopped = false;
+  result.interrupted = true;
+  EXPECT_EQ(search(window, "take"), LookupNotFound);
+}
+
+TEST_F(Tool, ALookUpWhileTheToolRunsTakesThePlaceOfTheFirst) {
+  writeDictionary();
+  writeDictList({item("tType", "TranslationDictionary", "YES"), item("oType", "StandardDictionary", "YES")});
+  writeEnglishTool(answering("<string>an answer</string>"));
+  FieldHost host;
+  Posts results("zfDictResultNotification");
+  bool again = false;
+  const OtherRunner runner([&] {
+    const bool first = !std::exchange(again, true);
+    if (first) host.look("match");
+    return platform.watched.run(first ? "/bin/true" : at("helpers/zavel-text-ej"), {});
+  });
+  host.look("take");
+  EXPECT_EQ(host.rows(), (Lines{"match", "match [合う]", "match [試合]"}));
+  EXPECT_EQ(host.field(), "match");
+  EXPECT_EQ(results.numbers(), std::vector<int64_t>{8});
+  EXPECT_FALSE(host.progress.running());
+}
+
 TEST_F(Tool, AToolThatWritesMuchToItsOutputIsNotHeldUpByIt) {
   writeEnglishTool("head -c 300000 /dev/zero\n" + answering("<string>an answer</string>"));
   Window window(kAllModes);
@@ -253,6 +347,34 @@ TEST_F(Tool, AStyleFileThatCannotBeReadIsLoggedAndLeavesTheBusyIndicatorOn) {
   EXPECT_TRUE(window.controller->progressSpinning()->running());
   EXPECT_EQ(readFile(cache("SourceFile.txt")), "take");  // written before
   EXPECT_TRUE(platform.watched.runs.empty());
+}
+
+// The parameter file is made for the document's style, whatever the tool is told.
+TEST_F(Tool, AStyleThatIsNotThereFailsTheParameterFile) {
+  Window window(kAllModes);
+  window.controller->setDocStyle(10);
+  EXPECT_EQ(search(window, "take"), LookupParameterFileFailed);
+  EXPECT_EQ(window.dictionary().styleNumer(), "0");
+}
+
+TEST_F(Tool, TheStyleIsTakenEvenWhereTheParameterFileFails) {
+  platform.ownBundle.signature = "zQN8";
+  Window window(kAllModes);
+  window.controller->setDocStyle(10);
+  EXPECT_EQ(search(window, "take"), LookupParameterFileFailed);
+  EXPECT_EQ(window.dictionary().styleNumer(), "10");
+}
+
+TEST_F(Tool, TheLimitEndsTheWalkAndCountsAsFound) {
+  writeDictionary();
+  writeEnglishTool(answering("<string>an answer</string>"));
+  writeDictList({item("tType", "TranslationDictionary", "YES"), item("oType", "StandardDictionary", "YES")});
+  writeBrowserPreferences(Value::Dict{{"PreferencesGeneral", Value::Dict{{"FindMax", 1}}}});
+  Window window(kAllModes);
+  window.look("take");
+  EXPECT_EQ(window.rows(), Lines{"take"});  // the second dictionary has two more
+  EXPECT_EQ(window.detail(), "an answer");
+  EXPECT_EQ(search(window, "take"), LookupLimitReached);
 }
 
 TEST_F(Tool, AFailingDictionaryStopsNoOther) {

@@ -75,6 +75,8 @@ TEST_F(TransRow, TheTitleIsTheQueryAsTextAndTheFlagIsKept) {
   EXPECT_FALSE(row.english());
   row.initWithIndexTitleData(TextEncoding::adoptSjis("go"), folder.file("missing"), true);
   EXPECT_TRUE(row.english());
+  row.setIndexTitle("other", "detail");
+  EXPECT_TRUE(row.english());
 }
 
 TEST_F(TransRow, TitleAndDetailCanBeSetAndCopied) {
@@ -84,6 +86,7 @@ TEST_F(TransRow, TitleAndDetailCanBeSetAndCopied) {
   const TransData copy = row.copyWithZone();
   row.setIndexTitle("other", "");
   EXPECT_FALSE(row.isAvailable());
+  EXPECT_FALSE(row.english());
   EXPECT_EQ(copy.indexTitle(), "title");
   EXPECT_EQ(copy.detailString(), "detail");
 }
