@@ -439,6 +439,21 @@ TEST_F(DictionariesTest, WithoutAFolderOfItsOwnTheCommonFilesServe) {
   EXPECT_EQ(outcome.err, "");
 }
 
+// A look-up must start as fast as a small program: GLib and D-Bus stay where they are, a helper program or
+// not.
+TEST_F(DictionariesTest, NothingHeavyIsLoaded) {
+  helper(answer("a house"));
+  for (const bool on : {false, true}) {
+    if (on) enable();
+    const Outcome outcome = zavel({"look", "church"}).env("LD_DEBUG", "files").run();
+    EXPECT_EQ(outcome.out.find("a house") != std::string::npos, on);
+    EXPECT_NE(outcome.err.find("libplist"), std::string::npos) << "the loader told nothing";
+    for (const char* heavy : {"libglib", "libgio", "libgobject", "zavel-port"}) {
+      EXPECT_EQ(outcome.err.find(heavy), std::string::npos) << heavy;
+    }
+  }
+}
+
 // The log of the library
 
 TEST_F(DictionariesTest, TheLogIsSilentUnlessItIsWanted) {
