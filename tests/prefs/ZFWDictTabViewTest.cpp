@@ -287,17 +287,17 @@ TEST_F(DictTab, AStoredChoiceIsLoadedAndAnUnknownOneKept) {
 
 TEST_F(DictTab, ShowsTitlesAndStatusUnderItsOwnHeading) {
   platform.ownBundle.texts["DictList"] = "Dictionaries";
-  platform.ownBundle.texts["StandardDictionary"] = "Standard";
+  platform.ownBundle.texts["StandardDictionary"] = "Common words";
   platform.ownBundle.texts["TWEDbrowser"] = "Book browser";
   ZFWDictTabView tab;
   tab.loadPreferences({book("A")});
   const std::vector<TableView::Column> columns = {{"selectStatus", "", true}, {"dictTitle", "Dictionaries"}};
   EXPECT_EQ(tab.dictListView().columns(), columns);
-  EXPECT_EQ(tab.dictListView().cell(0, "dictTitle"), Value("Standard"));
+  EXPECT_EQ(tab.dictListView().cell(0, "dictTitle"), Value("Common words"));
   EXPECT_EQ(tab.dictListView().cell(0, "selectStatus"), Value(true));
   EXPECT_EQ(tab.dictListView().cell(2, "dictTitle"), Value("A"));
   EXPECT_EQ(tab.dictListView().cell(2, "selectStatus"), Value(false));
-  const std::vector<RadioGroup::Cell> cells = {{"Standard", 0}, {"Book browser", 3}};
+  const std::vector<RadioGroup::Cell> cells = {{"Common words", 0}, {"Book browser", 3}};
   EXPECT_EQ(tab.appletChoice().cells(), cells);
 }
 
