@@ -7,13 +7,12 @@
 // A setter emits the first kind only, and only when the state really differs; an event method (click(),
 // choose(), type()) emits both. docs/hosting.md shows how a host puts this to use.
 //
-// A third kind is for both: selectionChanged, started and finished tell whoever brought it about, user or
-// logic.
+// A third kind is for both: selectionChanged, started and finished are emitted whoever brought it about.
 //
-// Handlers must not throw. A handler of `changed` destroys no widget; one of a user's event may, the widget
-// that sends it included, and so may one of the third kind: the widget bears it. Logic that is at work on its
-// widgets doesn't, so what the third kind tells inside a look-up, say, ends no controller. All is to be used
-// on one thread.
+// Handlers must not throw. A handler of `changed` destroys no widget. One of a user's event may destroy any,
+// the widget that sends it included, and so may one of the third kind while a user's event runs. While logic
+// is at work on its widgets, a look-up that selects its row for instance, the third kind leaves the
+// controller of those widgets alone. All is to be used on one thread.
 #ifndef UI_VIEW_H
 #define UI_VIEW_H
 
