@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
 
 #include "PlacesInUse.h"
 #include "SilentOutput.h"
@@ -31,6 +32,26 @@ namespace {
 void dropLine(const std::string&) {}
 
 constexpr size_t kLongestFolder = 254;  // bytes, what the module takes
+
+// Where the last row of an index leads, its last four bytes, low byte first; 0 when there is none. To a
+// search a row that leads beyond the entries gives nothing, so a file that was cut short has to be noticed
+// here.
+uint32_t lastEntry(const std::string& index) {
+  std::ifstream in(index, std::ios::binary);
+  std::array<unsigned char, 4> bytes = {};
+  in.seekg(-static_cast<std::streamoff>(bytes.size()), std::ios::end);
+  if (!in.read(reinterpret_cast<char*>(bytes.data()), bytes.size())) return 0;
+  return bytes[0] | bytes[1] << 8 | bytes[2] << 16 | static_cast<uint32_t>(bytes[3]) << 24;
+}
+
+std::string cutFile(const std::string& folder) {
+  for (const std::string name : {"ej", "je"}) {
+    struct stat about = {};
+    if (stat((folder + "/" + name + ".dic").c_str(), &about) != 0) continue;
+    if (lastEntry(folder + "/" + name + ".ix3") >= static_cast<uint64_t>(about.st_size)) return name + ".dic";
+  }
+  return {};
+}
 
 // The failure of a table that is there and is none; none where it says where the dictionary is.
 Failure damagedPathTable() {
@@ -58,6 +79,7 @@ DictionaryState dictionaryIn(const std::string& folder) {
       state.error = errno;
     }
   }
+  if (state.complete()) state.cut = cutFile(folder);
   return state;
 }
 
@@ -79,6 +101,11 @@ Failure dictionaryFailure(const std::string& folder, const DictionaryState& stat
   if (!state.hollow.empty()) {
     return {kExitDamaged, "damaged_dictionary",
             "the file " + state.hollow + " of the dictionary in " + folder + " is empty",
+            "Run: zavel dict build"};
+  }
+  if (!state.cut.empty()) {
+    return {kExitDamaged, "damaged_dictionary",
+            "the file " + state.cut + " of the dictionary in " + folder + " is cut short",
             "Run: zavel dict build"};
   }
   return {};

@@ -56,11 +56,12 @@ struct DictionaryState {
   size_t absent = 0;       // of the thirteen files
   std::string missing;     // the first that is absent; empty when none is
   std::string hollow;      // the first that holds nothing; no file of a dictionary does
+  std::string cut;         // the first file of entries that ends ahead of its last entry
   std::string unreadable;  // the first that is there and can't be read; empty when there is none
   int error = 0;           // why, as errno tells it
 
   bool none() const { return absent == kDictionaryFiles.size(); }
-  bool complete() const { return absent == 0 && unreadable.empty() && hollow.empty(); }
+  bool complete() const { return absent == 0 && unreadable.empty() && hollow.empty() && cut.empty(); }
 };
 
 DictionaryState dictionaryIn(const std::string& folder);

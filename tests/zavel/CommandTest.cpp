@@ -611,6 +611,28 @@ TEST_F(CommandTest, AFileThatHoldsNothingIsDamage) {
   EXPECT_EQ(zavel({"look", "church"}).run().status, 0);
 }
 
+TEST_F(CommandTest, AFileOfEntriesThatIsCutShortIsDamage) {
+  for (const std::string name : {"ej", "je"}) {
+    const std::string path = basic() + "/" + name + ".dic", before = readFile(path);
+    const std::string rows = readFile(basic() + "/" + name + ".ix3");
+    size_t lastEntry = 0;  // where the index's last row leads, low byte first
+    for (size_t i = 1; i <= 4; ++i)
+      lastEntry = lastEntry << 8 | static_cast<unsigned char>(rows[rows.size() - i]);
+    ASSERT_LT(lastEntry, before.size());
+    writeFile(path, before.substr(0, lastEntry));
+    for (const char* word : {"church", "zzzz", "行く"}) {
+      const Outcome outcome = zavel({"look", word}).run();
+      EXPECT_EQ(outcome.status, 5) << name << " " << word;
+      EXPECT_EQ(outcome.err, "zavel: the file " + name + ".dic of the dictionary in " + basic() +
+                                 " is cut short\nRun: zavel dict build\n");
+    }
+    writeFile(path, before.substr(0, lastEntry + 1));
+    EXPECT_NE(zavel({"look", "church"}).run().status, 5);
+    writeFile(path, before);
+  }
+  EXPECT_EQ(zavel({"look", "church"}).run().status, 0);
+}
+
 TEST_F(CommandTest, APathThatIsTooLongIsTold) {
   const std::string deep = root() + "/" + std::string(200, 'a') + "/" + std::string(60, 'b');
   fs::create_directories(deep + "/dictionaries");
