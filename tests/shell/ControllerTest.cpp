@@ -181,6 +181,7 @@ TEST_F(Controller, EventsAndCommandsInsideTheSetUpOfAFieldDoNothing) {
   EXPECT_EQ(linesOf(*controller.tMenu()), (Lines{"5 AutoTranslate", "6 EtoJTranslate", "7 JtoETranslate"}));
   EXPECT_EQ(controller.wController().query().bytes(), "");
   EXPECT_TRUE(controller.zfwPrefController().panel().hidden());
+  EXPECT_EQ(controller.zfwPrefController().selectedItem(), "ZFWDictPref");
   EXPECT_TRUE(input.insertNewline());  // and now it works
 }
 
@@ -198,6 +199,7 @@ TEST_F(Controller, EventsAndCommandsInsideTheSetUpOfAWindowDoNothing) {
   EXPECT_EQ(controller.dController().queryField().text(), "");
   EXPECT_EQ(controller.aController().queryField().text(), "");
   EXPECT_TRUE(controller.zfwPrefController().panel().hidden());
+  EXPECT_EQ(controller.zfwPrefController().selectedItem(), "ZFWDictPref");
 }
 
 // --- The window ---
