@@ -10,7 +10,7 @@ enum LookupStatus {
   LookupNotFound = 2,             // the result list is empty after this search
   LookupParameterFileFailed = 3,  // the helper's dictionary parameter file could not be written
   LookupSourceWriteFailed = 4,    // the query could not be written for the helper
-  LookupEngineFailed = 6,         // the helper failed, or no such book
+  LookupEngineFailed = 6,         // the helper failed, no such book, or the tab was cleared meanwhile
 };
 
 }  // namespace zavel

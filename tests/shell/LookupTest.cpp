@@ -373,71 +373,96 @@ TEST_F(Lookup, AChangeThatAHostHearsOfMayLeadToAnotherLookUp) {
   }
 }
 
-// What is left once a look-up for "take" has led to one for another word at its change number `at`, counted
-// over field, busy indicator and tab; nothing when there are fewer changes.
+// What is left once a look-up has led to one for another word at its change number `at`, counted over field,
+// busy indicator and tab; nothing when there are fewer changes.
 struct Outcome {
   std::string field;
   Lines rows;
   int row = 0;
   std::string detail, note;
+  S_Controller::ResultType shown = S_Controller::kNoRow;
   std::vector<int64_t> reports;
-  bool busy = false;
 
   bool operator==(const Outcome&) const = default;
 };
 
-std::optional<Outcome> overtake(FieldHost& host, int at, const std::string& word, const Value& row = {}) {
+struct Overtaken {
+  std::string query;
+  Value row;
+};
+
+std::optional<Outcome> overtake(FieldHost& host, const Overtaken& first, int at, const std::string& word) {
   host.look("walk");
-  host.input.setText(" take");
+  host.input.setText(" " + first.query);
   Posts results("zfDictResultNotification");
+  S_Controller& tab = host.dictionary();
   int changes = 0;
   std::vector<Connection> heard;
-  for (View* view :
-       {static_cast<View*>(&host.input), static_cast<View*>(&host.progress), &host.dictionary().mainView()}) {
+  for (View* view : {static_cast<View*>(&host.input), static_cast<View*>(&host.progress), &tab.mainView()}) {
     heard.push_back(view->changed.connect([&](View&) {
       if (++changes == at) host.look(word);
     }));
   }
-  host.controller->lookupButton(row);
+  host.controller->lookupButton(first.row);
   if (changes < at) return std::nullopt;
-  return Outcome{host.field(),
-                 host.rows(),
-                 host.dictionary().nowSelectedRow(),
-                 host.detail(),
-                 host.dictionary().iPodOutTitle(),
-                 results.numbers(),
-                 host.progress.running()};
+  EXPECT_EQ(tab.hwResultArray().size(), tab.hwListView().rowCount()) << at;
+  EXPECT_FALSE(host.progress.running()) << at;
+  return Outcome{host.field(),       host.rows(),      tab.nowSelectedRow(), host.detail(),
+                 tab.iPodOutTitle(), tab.resultType(), results.numbers()};
+}
+
+// Tries it at every change; how many there are.
+int overtakeAtEach(FieldHost& host, const Overtaken& first, const std::string& word,
+                   const Outcome& expected) {
+  int at = 0;
+  while (const std::optional<Outcome> outcome = overtake(host, first, ++at, word)) {
+    EXPECT_EQ(*outcome, expected) << first.query << " at " << at;
+  }
+  return at - 1;
 }
 
 TEST_F(Lookup, ALaterLookUpIsNeverSpoiltByTheOneThatLedToIt) {
-  writeEnglishTool(answering("<string>an answer</string>"));
+  writeEnglishTool("case $(cat '" + at("cache/fq/SourceFile.txt") + "') in\nzebra) exit 1 ;;\nesac\n" +
+                   answering("<string>an answer</string>"));
   writeDictList({item("oType", "StandardDictionary", "YES"), item("tType", "TranslationDictionary", "YES")});
   platform.ownBundle.texts["OiPodTitle"] = "word %@";
   FieldHost host;
-  const Outcome found{
-      "match", {"match [合う]", "match [試合]", "match"}, 0, "match\r\r-[動]\r合う\n\r\r", "word match", {8},
-      false};
-  for (const Value& row : {Value(), Value(2)}) {  // the outer look-up's: of either dictionary
-    int at = 0;
-    while (const std::optional<Outcome> outcome = overtake(host, ++at, "match", row)) {
-      EXPECT_EQ(*outcome, found) << at;
-    }
-    EXPECT_GT(at, 10);
+  const Outcome found{"match",
+                      {"match [合う]", "match [試合]", "match"},
+                      0,
+                      "match\r\r-[動]\r合う\n\r\r",
+                      "word match",
+                      S_Controller::kMirellRow,
+                      {8}};
+  // One whose first row is shown, one that shows its last row, of the other dictionary, and one for nothing.
+  for (const Overtaken& first : {Overtaken{"take", {}}, Overtaken{"take", 2}, Overtaken{"zebra", {}}}) {
+    EXPECT_GT(overtakeAtEach(host, first, "match", found), 9) << first.query;
   }
 }
 
 TEST_F(Lookup, ALaterLookUpThatFindsNothingIsNotSpoiltEither) {
   FieldHost host;
-  const Outcome nothing{"zebra", {}, -1, "No entries", "", {9}, false};
-  int at = 0;
-  while (const std::optional<Outcome> outcome = overtake(host, ++at, "zebra"))
-    EXPECT_EQ(*outcome, nothing) << at;
-  EXPECT_GT(at, 10);
+  const Outcome nothing{"zebra", {}, -1, "No entries", "", S_Controller::kNoRow, {9}};
+  EXPECT_GT(overtakeAtEach(host, {"take", {}}, "zebra", nothing), 9);
   // One for nothing clears the tab, and that is all.
-  const Outcome cleared{" ", {}, -1, "", "", {}, false};
-  for (at = 1; const std::optional<Outcome> outcome = overtake(host, at, " "); ++at)
-    EXPECT_EQ(*outcome, cleared) << at;
-  EXPECT_GT(at, 10);
+  const Outcome cleared{" ", {}, -1, "", "", S_Controller::kNoRow, {}};
+  EXPECT_GT(overtakeAtEach(host, {"take", {}}, " ", cleared), 9);
+}
+
+TEST_F(Lookup, ASearchInWhoseCourseTheTabIsClearedAddsNothing) {
+  FieldHost host;
+  S_Controller& tab = host.dictionary();
+  for (View* view : {static_cast<View*>(&host.progress), static_cast<View*>(&tab.hwListView())}) {
+    bool again = false;
+    const Connection heard = view->changed.connect([&](View&) {
+      if (!std::exchange(again, true)) tab.clear();
+    });
+    EXPECT_EQ(tab.lookup(TextEncoding::adoptSjis("take"), item("oType", "", "YES"), true, 0),
+              LookupEngineFailed);
+    EXPECT_TRUE(again);
+    EXPECT_EQ(tab.hwResultArray().size(), 0u);
+    EXPECT_FALSE(host.progress.running());
+  }
 }
 
 TEST_F(Lookup, AResultOfALookUpMayEndTheController) {

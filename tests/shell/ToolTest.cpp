@@ -287,6 +287,19 @@ TEST_F(Tool, AToolThatWasEndedLosesItsAnswerWhateverItsStatus) {
   EXPECT_EQ(search(window, "take"), LookupNotFound);
 }
 
+TEST_F(Tool, AnAnswerIsLostWhereTheTabIsClearedWhileTheToolRuns) {
+  writeEnglishTool(answering("<string>an answer</string>"));
+  Window window(kAllModes);
+  window.look("take");
+  const OtherRunner runner([&] {
+    window.dictionary().clear();
+    return ToolResult{true, 0, "", false, false};
+  });
+  EXPECT_EQ(search(window, "take"), LookupEngineFailed);
+  EXPECT_EQ(window.dictionary().hwResultArray().size(), 0u);
+  EXPECT_FALSE(window.controller->progressSpinning()->running());
+}
+
 TEST_F(Tool, ALookUpWhileTheToolRunsTakesThePlaceOfTheFirst) {
   writeDictionary();
   writeDictList({item("tType", "TranslationDictionary", "YES"), item("oType", "StandardDictionary", "YES")});
