@@ -1,4 +1,4 @@
-// Tests: tests/zavel/DictionariesTest.cpp
+// Tests: tests/zavel/StoreTest.cpp, DictionariesTest.cpp
 #include "Store.h"
 
 #include <algorithm>
@@ -14,9 +14,20 @@ std::string member(const Value& map, const char* key) {
   return value ? value->string() : std::string();
 }
 
-Value::Array storedItems() {
-  const Value list = gZFWPlist->itemForKey(ZFWDictTabKey, ZFWDictTabTWEDItem);
-  return list.isArray() ? *list.asArray() : Value::Array();
+// False when the store can't be read.
+bool readItems(Value::Array* items) {
+  Value list;
+  if (!gZFWPlist->readItem(ZFWDictTabKey, ZFWDictTabTWEDItem, &list)) return false;
+  *items = list.isArray() ? *list.asArray() : Value::Array();
+  return true;
+}
+
+// The list of a run, which is not stored.
+void pretendItems(const std::string& path, const Value::Array& items, HostPlatform& platform) {
+  Value::Dict tab, all;
+  tab.emplace(ZFWDictTabTWEDItem, items);
+  all.emplace(ZFWDictTabKey, std::move(tab));
+  platform.propertyLists().pretend(path, std::move(all));
 }
 
 bool addIfMissing(const char* type, RowKind kind, const char* status, Value::Array* items) {
@@ -34,21 +45,20 @@ std::string openStore(HostPlatform& platform) {
   gZFWPlist = std::make_unique<ZFWPlistController>();
   const std::string& path = gZFWPlist->path();
   platform.propertyLists().keep(path);
-  Value::Array list = storedItems();
+  Value::Array list;
+  const bool known = readItems(&list);
   bool added = addIfMissing(ZFWMirellType, RowKind::kBilingual, ZFWYesStatus, &list);
   added = addIfMissing(ZFWTransType, RowKind::kTranslation, ZFWNoStatus, &list) || added;
-  if (added && !gZFWPlist->setItem(list, ZFWDictTabKey, ZFWDictTabTWEDItem)) {
-    Value::Dict tab, all;
-    tab.emplace(ZFWDictTabTWEDItem, list);
-    all.emplace(ZFWDictTabKey, std::move(tab));
-    platform.propertyLists().pretend(path, std::move(all));
-  }
+  // A list that could not be read may hold the user's choices: nothing is put in its place.
+  const bool stored = added && known && gZFWPlist->setItem(list, ZFWDictTabKey, ZFWDictTabTWEDItem);
+  if (added && !stored) pretendItems(path, list, platform);
   if (gZFWPlist->damagedFile().empty()) return {};
   return "the preferences could not be read and begin anew; the old file is " + gZFWPlist->damagedFile();
 }
 
 bool searchesTranslation() {
-  const Value::Array items = storedItems();
+  Value::Array items;
+  readItems(&items);
   return std::any_of(items.begin(), items.end(), [](const Value& item) {
     return member(item, ZFWDictTypeKey) == ZFWTransType && member(item, ZFWSelectStatusKey) != ZFWNoStatus;
   });
