@@ -101,8 +101,8 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(" \r\n") - first + 1);
 }
 
-// Records repeat the headword of an entry in each of its lines. A damaged dictionary can make one of the whole
-// entry, and then the records grow with its square; the longest true ones have some hundred bytes.
+// Records repeat the headword of an entry in each of its lines. A damaged dictionary can make one of the
+// whole entry, and then the records grow with its square; the longest true ones have some hundred bytes.
 constexpr size_t kMostHeadwordBytes = 2048;
 
 std::string_view headwordLine(const std::string& text) {

@@ -21,7 +21,7 @@ ZAVEL_API Value defaultStyles(StyleLanguage language, const std::vector<std::str
 // Writes them as XML to `path` + ".plist", with the folders above it, if nothing is there. The write is
 // atomic. True when a file stands there afterwards; one that stood there before is not looked into.
 ZAVEL_API bool writeStylesIfMissing(const std::string& path, StyleLanguage language,
-                          const std::vector<std::string>& technicalEJ = {});
+                                    const std::vector<std::string>& technicalEJ = {});
 
 }  // namespace zavel
 

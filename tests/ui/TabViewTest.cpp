@@ -5,8 +5,8 @@
 #include <cmath>
 #include <memory>
 
-#include "ui/Changes.h"
 #include "ui/Button.h"
+#include "ui/Changes.h"
 #include "ui/SplitView.h"
 
 namespace zavel {

@@ -5,8 +5,8 @@
 #include <memory>
 #include <vector>
 
-#include "ui/Changes.h"
 #include "ui/BusyIndicator.h"
+#include "ui/Changes.h"
 #include "ui/ImageView.h"
 #include "ui/Label.h"
 

@@ -1,6 +1,6 @@
-// A host in C++ with a window of its own, without anything to draw: writes the tables of a first start, looks a
-// word up through the main controller and prints the rows that the window would list.
-// Usage: host-window FOLDER WORD   (the bilingual dictionary stands in FOLDER/dictionaries/basic)
+// A host in C++ with a window of its own, without anything to draw: writes the tables of a first start, looks
+// a word up through the main controller and prints the rows that the window would list. Usage: host-window
+// FOLDER WORD   (the bilingual dictionary stands in FOLDER/dictionaries/basic)
 #include <config/WorkPathTable.h>
 #include <config/WorkStyles.h>
 #include <platform/NotificationCenter.h>
