@@ -125,6 +125,11 @@ int Answerer::status() const {
   return found_ > 0 ? kExitFound : kExitNothing;
 }
 
+// Whether the row that is asked for is there. A blank word, which is asked nowhere, has none.
+bool Answerer::hasRow(const LookResult& result) const {
+  return options_.row > 0 && static_cast<size_t>(options_.row) <= result.rows.size();
+}
+
 LookRequest Answerer::request(std::string_view word) const {
   LookRequest request;
   request.word = word;
@@ -152,7 +157,7 @@ void Answerer::refuse(std::string_view word, const Failure& failure) {
 void Answerer::show(const LookResult& result) {
   const bool found = options_.list    ? !result.headwords.empty()
                      : options_.forms ? !result.forms.empty()
-                                      : result.found() || options_.row > 0;
+                                      : result.found() || hasRow(result);
   if (found) ++found_;
   if (options_.json) {
     write(json(result) + "\n");

@@ -34,6 +34,7 @@ class Answerer {
 
  private:
   LookRequest request(std::string_view word) const;
+  bool hasRow(const LookResult& result) const;
   void look(std::string_view word, LookResult* result, Failure* failure);
   void askDictionaries(LookResult* result);
   void complain();

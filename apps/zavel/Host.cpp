@@ -105,7 +105,8 @@ Failure dictionaryFailure(const std::string& folder, const DictionaryState& stat
   }
   if (!state.cut.empty()) {
     return {kExitDamaged, "damaged_dictionary",
-            "the file " + state.cut + " of the dictionary in " + folder + " is cut short",
+            "the file " + state.cut + " of the dictionary in " + folder +
+                " is cut short, or its index is damaged",
             "Run: zavel dict build"};
   }
   return {};

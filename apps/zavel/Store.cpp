@@ -5,6 +5,7 @@
 
 #include "Dictionaries.h"
 #include "config/ZFWPlistController.h"
+#include "foundation/Storage.h"
 
 namespace zavel::host {
 namespace {
@@ -52,6 +53,9 @@ std::string openStore(HostPlatform& platform) {
   // A list that could not be read may hold the user's choices: nothing is put in its place.
   const bool stored = added && known && gZFWPlist->setItem(list, ZFWDictTabKey, ZFWDictTabTWEDItem);
   if (added && !stored) pretendItems(path, list, platform);
+  if (!known && storage().exists(path)) {
+    return "the preferences in " + path + " can't be read; this time all is as at the first start";
+  }
   if (gZFWPlist->damagedFile().empty()) return {};
   return "the preferences could not be read and begin anew; the old file is " + gZFWPlist->damagedFile();
 }

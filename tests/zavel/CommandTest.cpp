@@ -624,7 +624,7 @@ TEST_F(CommandTest, AFileOfEntriesThatIsCutShortIsDamage) {
       const Outcome outcome = zavel({"look", word}).run();
       EXPECT_EQ(outcome.status, 5) << name << " " << word;
       EXPECT_EQ(outcome.err, "zavel: the file " + name + ".dic of the dictionary in " + basic() +
-                                 " is cut short\nRun: zavel dict build\n");
+                                 " is cut short, or its index is damaged\nRun: zavel dict build\n");
     }
     writeFile(path, before.substr(0, lastEntry + 1));
     EXPECT_NE(zavel({"look", "church"}).run().status, 5);

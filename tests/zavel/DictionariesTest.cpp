@@ -347,6 +347,11 @@ TEST_F(DictionariesTest, ARowThatIsNotThereIsToldWithTheirNumber) {
   EXPECT_EQ(
       zavel({"look", "--row", "1", "zzz"}).run().err,
       "zavel: \"zzz\": there is no row 1: the look-up gave none\nLeave --row out to see what there is.\n");
+  // A blank word is asked nowhere.
+  for (const char* blank : {"", " ", "\u3000", "\x01"}) {
+    EXPECT_EQ(zavel({"look", "--row", "1", blank}).run().status, 1) << blank;
+    EXPECT_EQ(zavel({"look", "--row", "1", "--json", blank}).run().status, 1) << blank;
+  }
   EXPECT_EQ(zavel({"look", "--row", "2", "church", "go"}).run().status, 4);
   const Json json = Json::parse(zavel({"look", "--json", "--row", "9", "church"}).run().out);
   EXPECT_EQ(json["error"]["code"], "no_row");
