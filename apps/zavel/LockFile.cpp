@@ -1,9 +1,11 @@
-// Tests: tests/zavel/zavel-test.sh
+// Tests: tests/zavel/PrefsTest.cpp, zavel-test.sh
 #include "LockFile.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
+
+#include <thread>
 
 namespace zavel::host {
 namespace {
@@ -15,12 +17,21 @@ std::string readAll(int fd) {
   return name.substr(0, name.find('\n'));
 }
 
+bool lockWithin(int fd, std::chrono::milliseconds patience) {
+  const auto end = std::chrono::steady_clock::now() + patience;
+  while (flock(fd, LOCK_EX | LOCK_NB) != 0) {
+    if (std::chrono::steady_clock::now() >= end) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(2));
+  }
+  return true;
+}
+
 }  // namespace
 
-LockFile::LockFile(const std::string& path) {
+LockFile::LockFile(const std::string& path, std::chrono::milliseconds patience) {
   fd_ = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
   if (fd_ < 0) return;
-  if (flock(fd_, LOCK_EX | LOCK_NB) != 0) {
+  if (!lockWithin(fd_, patience)) {
     holder_ = readAll(fd_);
     if (holder_.empty()) holder_ = "another process";
     return;

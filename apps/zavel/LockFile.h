@@ -2,15 +2,17 @@
 #ifndef ZAVEL_LOCKFILE_H
 #define ZAVEL_LOCKFILE_H
 
+#include <chrono>
 #include <string>
 
 namespace zavel::host {
 
-// Held until destroyed or the process ends, and as long as a child has the descriptor. The file itself stays: removing it would let two processes
-// hold two files of one name.
+// Held until destroyed or the process ends, and as long as a child has the descriptor. The file itself stays:
+// removing it would let two processes hold two files of one name.
 class LockFile {
  public:
-  explicit LockFile(const std::string& path);
+  // Waits up to `patience` for another process to let go.
+  explicit LockFile(const std::string& path, std::chrono::milliseconds patience = {});
   ~LockFile();
   LockFile(const LockFile&) = delete;
   LockFile& operator=(const LockFile&) = delete;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <chrono>
 #include <cstdio>
 #include <functional>
 #include <optional>
@@ -11,6 +12,7 @@
 #include "Host.h"
 #include "HostPlatform.h"
 #include "JsonWriter.h"
+#include "LockFile.h"
 #include "Store.h"
 #include "Utf8.h"
 #include "config/ZFWPlistController.h"
@@ -18,6 +20,8 @@
 
 namespace zavel::host {
 namespace {
+
+constexpr std::chrono::seconds kPatience{10};
 
 struct Item {
   bool on = false;
@@ -133,10 +137,21 @@ Failure notStored() {
           "See whether the disk is full, or the folder not yours."};
 }
 
-// Finds the dictionary, changes it, shows the list.
+Failure locked(const LockFile& lock) {
+  return {kExitEnvironment, "locked", "other preferences are being written: " + lock.holder(),
+          "Wait for it to end, then try again."};
+}
+
+// Finds the dictionary, changes it, shows the list. One process at a time, from reading to writing: of two
+// that read the same list the second would undo what the first changed.
 int change(const PrefsDictOptions& options,
            const std::function<Failure(DictionaryList& list, size_t index)>& edit) {
-  if (findPlaces().data.empty()) return report(noHome(), options.json);
+  const Places places = findPlaces();
+  if (places.data.empty()) return report(noHome(), options.json);
+  makeFolders(places.config);
+  const LockFile lock(places.config + "/.lock", kPatience);
+  // Where no lock file can be made nothing can be stored, which is told then.
+  if (!lock.held() && !lock.holder().empty()) return report(locked(lock), options.json);
   DictionaryList list;
   const std::optional<size_t> index = list.find(options.dictionary);
   if (!index) return report(noSuchDictionary(options.dictionary), options.json);

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
+#include <thread>
 
 #include "support/DicWriter.h"
 #include "support/TempFolder.h"
@@ -54,6 +55,18 @@ TEST_F(PrefsTest, MovingKeepsWhatIsOn) {
   EXPECT_EQ(dict({"move", "translation", "1"}).run().out, kMoved);
   EXPECT_EQ(dict({"move", "1", "1"}).run().out, kMoved);
   EXPECT_EQ(dict({"move", "1", "2"}).run().out, kOff);
+}
+
+TEST_F(PrefsTest, TwoChangesAtOnceAreBothKept) {
+  for (int round = 0; round < 20; ++round) {
+    ASSERT_EQ(dict({"disable", "translation"}).run().status, 0);
+    ASSERT_EQ(dict({"move", "translation", "2"}).run().out, kOff);
+    std::thread other([this] { EXPECT_EQ(dict({"enable", "translation"}).run().status, 0); });
+    EXPECT_EQ(dict({"move", "translation", "1"}).run().status, 0);
+    other.join();
+    ASSERT_EQ(dict({"list"}).run().out,
+              "1  on   Translation dictionary  translation\n2  on   Standard dictionary     bilingual\n");
+  }
 }
 
 TEST_F(PrefsTest, JsonHasTheSameList) {
