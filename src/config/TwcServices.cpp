@@ -42,7 +42,8 @@ int32_t createEachFolder(const std::string& path) {
     component = 0;
     const std::string prefix = path.substr(0, i);
     if (storage.exists(prefix)) continue;
-    if (int error = storage.makeFolder(prefix)) return error;
+    const int error = storage.makeFolder(prefix);
+    if (error != 0 && !storage.exists(prefix)) return error;  // else another process has made it meanwhile
   }
   return 0;
 }

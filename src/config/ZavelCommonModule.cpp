@@ -305,7 +305,10 @@ bool ZavelCommonModule::createDirectoriesAtPath(const std::string& path) {
   for (size_t end = 0; end < path.size();) {
     end = std::min(path.find('/', end + 1), path.size());
     const std::string prefix = path.substr(0, end);
-    if (!storage().exists(prefix) && storage().makeFolder(prefix) != 0) return false;
+    // Another process may make it between the two questions.
+    const bool there =
+        storage().exists(prefix) || storage().makeFolder(prefix) == 0 || storage().exists(prefix);
+    if (!there) return false;
   }
   return true;
 }
