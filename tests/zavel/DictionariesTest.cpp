@@ -1,7 +1,6 @@
 // Several dictionaries at once: the program with helper programs that answer, fail, hang or write nonsense.
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -10,9 +9,7 @@
 #include <nlohmann/json.hpp>
 
 #include "support/DicWriter.h"
-#include "support/TempFolder.h"
-#include "zavel/Command.h"
-#include "zavel/HostDictionary.h"
+#include "zavel/RootTest.h"
 
 namespace zavel::host {
 namespace {
@@ -37,33 +34,25 @@ std::string answer(const std::string& text) {
          text + "\" >\"$result\"\n";
 }
 
-class DictionariesTest : public testing::Test {
+class DictionariesTest : public test::RootTest {
  protected:
   void SetUp() override {
-    test::writeHostDictionary(root() + "/dictionaries/basic");
+    RootTest::SetUp();
     fs::create_directories(helpers());
     fs::create_directories(temporary());
   }
 
-  std::string root() const { return folder_.path() + "/root"; }
-  std::string helpers() const { return folder_.path() + "/helpers"; }
-  std::string temporary() const { return folder_.path() + "/tmp"; }
-  std::string file(const std::string& name) const { return folder_.file(name); }
+  std::string helpers() const { return file("helpers"); }
+  std::string temporary() const { return file("tmp"); }
 
   Command zavel(std::vector<std::string> arguments) const {
-    return Command(std::move(arguments))
-        .env("ZAVEL_ROOT", root())
-        .env("ZAVEL_LIBEXEC", helpers())
-        .env("TMPDIR", temporary());
+    return inRoot(std::move(arguments)).env("ZAVEL_LIBEXEC", helpers()).env("TMPDIR", temporary());
   }
 
   // The helper program of both directions, a shell script.
   void helper(const std::string& lines) const {
-    for (const char* name : {"/zavel-text-ej", "/zavel-text-je"}) {
-      const std::string path = helpers() + name;
-      std::ofstream(path, std::ios::trunc) << "#!/bin/sh\n" << kArguments << lines;
-      chmod(path.c_str(), 0700);
-    }
+    for (const char* name : {"/zavel-text-ej", "/zavel-text-je"})
+      script(helpers() + name, kArguments + lines);
   }
 
   void enable() const { ASSERT_EQ(zavel({"prefs", "dict", "enable", "translation"}).run().status, 0); }
@@ -72,8 +61,6 @@ class DictionariesTest : public testing::Test {
   std::string complaint(const std::string& start, const std::string& end) const {
     return "zavel: the translation dictionary " + start + helpers() + "/zavel-text-ej" + end + "\n";
   }
-
-  test::TempFolder folder_;
 };
 
 // Which dictionaries are asked

@@ -1,16 +1,12 @@
 // Every key of every document that the program writes, read back by another parser: its place in the order,
 // its type, what it says; and whether docs/json.md tells of it.
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <nlohmann/json.hpp>
 #include <set>
 
-#include "support/TempFolder.h"
-#include "zavel/Command.h"
-#include "zavel/HostDictionary.h"
+#include "zavel/RootTest.h"
 
 namespace zavel::host {
 namespace {
@@ -36,15 +32,10 @@ void collect(const Json& value, std::set<std::string>* keys) {
   }
 }
 
-class JsonKeysTest : public testing::Test {
+class JsonKeysTest : public test::RootTest {
  protected:
-  void SetUp() override { test::writeHostDictionary(root() + "/dictionaries/basic"); }
-
-  std::string root() const { return folder_.path() + "/root"; }
-
   Command command(std::vector<std::string> arguments) const {
-    return Command(std::move(arguments))
-        .env("ZAVEL_ROOT", root())
+    return inRoot(std::move(arguments))
         .env("ZAVEL_MKDICT", MKDICT_PROGRAM)
         .env("ZAVEL_EDICT", folder_.path());
   }
@@ -71,8 +62,6 @@ class JsonKeysTest : public testing::Test {
           << key << " is not in docs/json.md";
     }
   }
-
-  test::TempFolder folder_;
 };
 
 TEST_F(JsonKeysTest, OfALookUp) {

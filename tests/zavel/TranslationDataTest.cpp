@@ -1,15 +1,11 @@
 // `zavel dict build`: what it makes for the translation dictionary, and that look-ups find it.
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
 
 #include "support/DicWriter.h"
-#include "support/TempFolder.h"
-#include "zavel/Command.h"
-#include "zavel/HostDictionary.h"
+#include "zavel/RootTest.h"
 
 namespace zavel::host {
 namespace {
@@ -21,10 +17,10 @@ using test::readFile;
 using test::writeFile;
 namespace fs = std::filesystem;
 
-class TranslationDataTest : public testing::Test {
+class TranslationDataTest : public test::RootTest {
  protected:
   void SetUp() override {
-    test::writeHostDictionary(root() + "/dictionaries/basic");
+    RootTest::SetUp();
     fs::create_directories(edict());
     writeFile(edict() + "/enamdict", "　？？？ /ENAMDICT/\n鷺ノ宮 [さぎのみや] /(p) Saginomiya/\n");
     // A tenth of the lines may be of another form.
@@ -34,24 +30,14 @@ class TranslationDataTest : public testing::Test {
               "黄 [き] /(n) yellow/\n紫 [むらさき] /(n) purple/\n銀 [ぎん] /(n) silver/\nnot a line\n");
   }
 
-  std::string root() const { return folder_.path() + "/root"; }
-  std::string edict() const { return folder_.path() + "/edict"; }
+  std::string edict() const { return file("edict"); }
   std::string made(const std::string& name) const { return root() + "/dictionaries/translation/" + name; }
 
   Command zavel(std::vector<std::string> arguments) const {
-    return Command(std::move(arguments))
-        .env("ZAVEL_ROOT", root())
+    return inRoot(std::move(arguments))
         .env("ZAVEL_EDICT", edict())
-        .env("ZAVEL_MKDICT", script("mkdict", "exit 0\n"));
+        .env("ZAVEL_MKDICT", script(file("mkdict"), "exit 0\n"));
   }
-  std::string script(const std::string& name, const std::string& lines) const {
-    const std::string path = folder_.file(name);
-    std::ofstream(path, std::ios::trunc) << "#!/bin/sh\n" << lines;
-    chmod(path.c_str(), 0700);
-    return path;
-  }
-
-  test::TempFolder folder_;
 };
 
 TEST_F(TranslationDataTest, NamesAndTechnicalTermsAreConverted) {
@@ -116,9 +102,9 @@ TEST_F(TranslationDataTest, QuietMeansQuietAndPlainProgressALineEach) {
 }
 
 TEST_F(TranslationDataTest, JsonIsOneDocumentWithBoth) {
-  const std::string compiler =
-      script("mkdict", R"(echo '{"schema":1,"status":"built","folder":"/f","figures":{},"left_out":[]}')"
-                       "\n");
+  const std::string compiler = script(
+      file("mkdict"), R"(echo '{"schema":1,"status":"built","folder":"/f","figures":{},"left_out":[]}')"
+                      "\n");
   const Outcome outcome = Command({"dict", "build", "--json"})
                               .env("ZAVEL_ROOT", root())
                               .env("ZAVEL_EDICT", edict())
@@ -150,11 +136,11 @@ TEST_F(TranslationDataTest, WithoutTheConverterTheRestIsBuilt) {
 }
 
 TEST_F(TranslationDataTest, TheConvertersFailureIsTheBuilds) {
-  fs::create_directories(folder_.file("helpers"));
+  fs::create_directories(file("helpers"));
   for (const auto& [lines, status] :
        std::vector<std::pair<std::string, int>>{{"echo broken >&2\nexit 5\n", 5}, {"kill -KILL $$\n", 137}}) {
-    script("helpers/zavel-dicttool", lines);
-    const Outcome outcome = zavel({"dict", "build"}).env("ZAVEL_LIBEXEC", folder_.file("helpers")).run();
+    script(file("helpers/zavel-dicttool"), lines);
+    const Outcome outcome = zavel({"dict", "build"}).env("ZAVEL_LIBEXEC", file("helpers")).run();
     EXPECT_EQ(outcome.status, status);
     EXPECT_EQ(outcome.out, "");
   }
