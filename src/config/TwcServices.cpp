@@ -31,7 +31,6 @@ char* copyOfPath(const char* path) {
 
 // Makes each folder on the way to `path` that is not there.
 int32_t createEachFolder(const std::string& path) {
-  zavel::Storage& storage = zavel::storage();
   size_t component = 0;  // bytes gathered of the current one
   // The walk begins at the second byte: the first is the delimiter of an absolute path.
   for (size_t i = 1; i <= path.size(); ++i) {
@@ -41,9 +40,8 @@ int32_t createEachFolder(const std::string& path) {
     }
     component = 0;
     const std::string prefix = path.substr(0, i);
-    if (storage.exists(prefix)) continue;
-    const int error = storage.makeFolder(prefix);
-    if (error != 0 && !storage.exists(prefix)) return error;  // else another process has made it meanwhile
+    if (zavel::storage().exists(prefix)) continue;
+    if (const int error = zavel::makeFolderOrFind(prefix)) return error;
   }
   return 0;
 }

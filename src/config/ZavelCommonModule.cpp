@@ -305,10 +305,7 @@ bool ZavelCommonModule::createDirectoriesAtPath(const std::string& path) {
   for (size_t end = 0; end < path.size();) {
     end = std::min(path.find('/', end + 1), path.size());
     const std::string prefix = path.substr(0, end);
-    // Another process may make it between the two questions.
-    const bool there =
-        storage().exists(prefix) || storage().makeFolder(prefix) == 0 || storage().exists(prefix);
-    if (!there) return false;
+    if (!storage().exists(prefix) && makeFolderOrFind(prefix) != 0) return false;
   }
   return true;
 }

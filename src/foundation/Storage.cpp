@@ -51,4 +51,9 @@ bool writeFileAtomically(const std::string& path, std::string_view bytes) {
   return false;
 }
 
+int makeFolderOrFind(const std::string& path) {
+  const int error = storage().makeFolder(path);
+  return error != 0 && storage().isFolder(path) ? 0 : error;
+}
+
 }  // namespace zavel

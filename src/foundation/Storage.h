@@ -95,6 +95,10 @@ bool readWholeFile(const std::string& path, size_t limit, std::string* out);
 // can't be synced, the new content stands there whole, false only says that it may not outlive a power cut.
 bool writeFileAtomically(const std::string& path, std::string_view bytes);
 
+// Makes one folder, as Storage::makeFolder does. 0 also when that fails because another process has made the
+// folder meanwhile; anything else that stands there is an error.
+int makeFolderOrFind(const std::string& path);
+
 }  // namespace zavel
 
 #endif

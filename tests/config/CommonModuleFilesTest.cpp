@@ -8,6 +8,7 @@
 #include "platform/TextEncoding.h"
 #include "support/EnvironmentVariable.h"
 #include "support/FaultyStorage.h"
+#include "support/RacingStorage.h"
 
 namespace zavel::test {
 namespace {
@@ -219,6 +220,19 @@ TEST_F(CreateDirectories, StopsAtTheFirstFailure) {
 TEST_F(CreateDirectories, WhatIsThereAlreadyCounts) {
   writeText(at("file"), "");
   EXPECT_TRUE(Module::createDirectoriesAtPath(at("file")));
+}
+
+TEST_F(CreateDirectories, GoesOnWhereAnotherProcessMakesThemFirst) {
+  const RacingStorage disk(RacingStorage::kMakesTheFolder);
+  EXPECT_TRUE(Module::createDirectoriesAtPath(at("one/two")));
+  EXPECT_TRUE(isFolder(at("one/two")));
+}
+
+TEST_F(CreateDirectories, StopsWhereAnotherProcessMakesAFileFirst) {
+  const RacingStorage disk(RacingStorage::kMakesAFile, "two");
+  EXPECT_FALSE(Module::createDirectoriesAtPath(at("one/two/three")));
+  EXPECT_FALSE(Module::createDirectoriesAtPath(at("four/two")));
+  EXPECT_TRUE(isFolder(at("four")));
 }
 
 using RemoveFiles = ConfigTest;

@@ -13,6 +13,7 @@
 #include "platform/ForkedFiles.h"
 #include "platform/PropertyLists.h"
 #include "support/FaultyStorage.h"
+#include "support/RacingStorage.h"
 
 extern "C" int zavelConfigInC(void);
 
@@ -227,6 +228,19 @@ TEST_F(TwcCreateFolder, APathOver4096BytesFails) {
   while (path.size() <= 4096) path += "/" + std::string(200, 'a');
   EXPECT_NE(twcCreateFolder(path.c_str()), 0);
   EXPECT_TRUE(isFolder(at(std::string(200, 'a'))));
+}
+
+TEST_F(TwcCreateFolder, GoesOnWhereAnotherProcessMakesTheFoldersFirst) {
+  RacingStorage disk(RacingStorage::kMakesTheFolder);
+  EXPECT_EQ(create("one/two"), 0);
+  EXPECT_TRUE(isFolder(at("one/two")));
+  EXPECT_EQ(disk.count("makeFolder"), 4);  // each of both folders by both
+}
+
+TEST_F(TwcCreateFolder, StopsWhereAnotherProcessMakesAFileFirst) {
+  RacingStorage disk(RacingStorage::kMakesAFile, "/one");
+  EXPECT_EQ(create("one/two"), EEXIST);
+  EXPECT_EQ(readText(at("one")), "");
 }
 
 // --- twcMakeFolderInFolderX, twcCFStringToFSRef ---

@@ -2,13 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+
 #include "support/FaultyStorage.h"
+#include "support/RacingStorage.h"
 #include "support/TempFolder.h"
 
 namespace zavel {
 namespace {
 
 using test::FaultyStorage;
+using test::RacingStorage;
 using test::TempFolder;
 using Names = std::vector<std::string>;
 
@@ -124,6 +128,28 @@ TEST(WriteFileAtomically, DoesNotReplaceAFolder) {
   ASSERT_EQ(storage().makeFolder(folder.file("a")), 0);
   EXPECT_FALSE(writeFileAtomically(folder.file("a"), "text"));
   EXPECT_EQ(folder.names(), Names{"a"});
+}
+
+TEST(MakeFolderOrFind, MakesOneFolder) {
+  TempFolder folder;
+  EXPECT_EQ(makeFolderOrFind(folder.file("a")), 0);
+  EXPECT_TRUE(storage().isFolder(folder.file("a")));
+  EXPECT_EQ(makeFolderOrFind(folder.file("b/c")), ENOENT);
+}
+
+TEST(MakeFolderOrFind, IsContentWithAFolderThatAnotherProcessMade) {
+  TempFolder folder;
+  RacingStorage disk(RacingStorage::kMakesTheFolder);
+  EXPECT_EQ(disk.makeFolder(folder.file("a")), EEXIST);
+  EXPECT_EQ(makeFolderOrFind(folder.file("b")), 0);
+  EXPECT_TRUE(storage().isFolder(folder.file("b")));
+}
+
+TEST(MakeFolderOrFind, TellsOfAFileThatStandsThere) {
+  TempFolder folder;
+  RacingStorage disk(RacingStorage::kMakesAFile);
+  EXPECT_EQ(makeFolderOrFind(folder.file("a")), EEXIST);
+  EXPECT_FALSE(storage().isFolder(folder.file("a")));
 }
 
 TEST(SetStorage, GivesWhatWasInUseBefore) {

@@ -7,12 +7,14 @@
 
 #include "base/PlistPropertyLists.h"
 #include "support/FaultyStorage.h"
+#include "support/RacingStorage.h"
 #include "support/TempFolder.h"
 
 namespace zavel {
 namespace {
 
 using test::FaultyStorage;
+using test::RacingStorage;
 using test::TempFolder;
 
 class FixedFolders : public Folders {
@@ -107,6 +109,12 @@ TEST_F(PlistUserDefaultsTest, NoNameLeadsOutOfThePreferences) {
   folders_.place.clear();
   EXPECT_FALSE(defaults_.synchronize("app"));
   EXPECT_FALSE(defaults_.setValue("app", "k", Value(1)));
+}
+
+TEST_F(PlistUserDefaultsTest, WritesIntoFoldersThatAnotherProcessMakesFirst) {
+  const RacingStorage disk(RacingStorage::kMakesTheFolder);
+  EXPECT_TRUE(defaults_.setValue("local.tarnwick.ZavelLex", "key", "value"));
+  EXPECT_EQ(defaults_.value("local.tarnwick.ZavelLex", "key"), Value("value"));
 }
 
 TEST_F(PlistUserDefaultsTest, AFailingDiskLeavesOldOrNew) {

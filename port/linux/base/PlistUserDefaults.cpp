@@ -1,8 +1,6 @@
 // Tests: tests/port/PlistUserDefaultsTest.cpp
 #include "base/PlistUserDefaults.h"
 
-#include <errno.h>
-
 #include "foundation/Storage.h"
 
 namespace zavel {
@@ -12,9 +10,7 @@ constexpr char kPreferences[] = "/Library/Preferences";
 
 bool makeFolders(const std::string& path) {
   if (path.empty() || storage().isFolder(path)) return true;
-  if (!makeFolders(path.substr(0, path.rfind('/')))) return false;
-  const int error = storage().makeFolder(path);
-  return error == 0 || (error == EEXIST && storage().isFolder(path));
+  return makeFolders(path.substr(0, path.rfind('/'))) && makeFolderOrFind(path) == 0;
 }
 
 }  // namespace
