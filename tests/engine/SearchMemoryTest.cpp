@@ -1,38 +1,10 @@
 // Searches without memory: each request for some fails once. The call ends in 17, or it did without.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <functional>
-#include <new>
 
 #include "engine/SearchFixture.h"
-
-namespace {
-
-// Requests until the one that fails; 0: none does.
-long g_countdown = 0;
-
-void* Allocate(size_t size) {
-  if (g_countdown > 0 && --g_countdown == 0) return nullptr;
-  return std::malloc(size > 0 ? size : 1);
-}
-
-}  // namespace
-
-// Not inlined: the compiler would see a free() of what new gave, and call it a mismatch.
-[[gnu::noinline]] void* operator new(size_t size) {
-  if (void* bytes = Allocate(size)) return bytes;
-  throw std::bad_alloc();
-}
-[[gnu::noinline]] void* operator new(size_t size, const std::nothrow_t&) noexcept {
-  return Allocate(size);
-}
-[[gnu::noinline]] void operator delete(void* bytes) noexcept {
-  std::free(bytes);
-}
-[[gnu::noinline]] void operator delete(void* bytes, size_t) noexcept {
-  std::free(bytes);
-}
+#include "support/FailingMemory.h"
 
 namespace zavel::test {
 namespace {
@@ -44,25 +16,24 @@ using Call = std::function<uint16_t(uint32_t* size, Handle* list)>;
 
 class SearchMemoryTest : public SearchTest {
  protected:
-  // Makes every request of `call` fail in turn, then none. The number of those that failed.
-  int failEach(const Call& call) {
-    for (long n = 1;; ++n) {
-      uint32_t size = 99;
-      Handle list = nullptr;
-      g_countdown = n;
-      const uint16_t result = call(&size, &list);
-      const bool failed = g_countdown == 0;
-      g_countdown = 0;
-      EXPECT_EQ(0, g_ProcessInfo->readersE + g_ProcessInfo->readersJ) << n;
-      EXPECT_EQ(result == 17, list == nullptr) << n << " gave " << result;
-      EXPECT_EQ(result == 17, size == 0) << n;
-      GlobalFree(list);
-      if (!failed) {
-        EXPECT_EQ(1, result);
-        return static_cast<int>(n) - 1;
-      }
-      EXPECT_EQ(17, result) << n;
-    }
+  // Refuses every request of `call` in turn. The number of those that were refused.
+  int refuseEach(const Call& call) {
+    uint16_t result = 0;
+    uint32_t size = 0;
+    Handle list = nullptr;
+    return refuseEachRequest(
+        [&] {
+          size = 99;
+          list = nullptr;
+          result = call(&size, &list);
+        },
+        [&](bool refused) {
+          EXPECT_EQ(0, g_ProcessInfo->readersE + g_ProcessInfo->readersJ);
+          EXPECT_EQ(refused ? 17 : 1, result);
+          EXPECT_EQ(refused, list == nullptr);
+          EXPECT_EQ(refused, size == 0);
+          GlobalFree(list);
+        });
   }
 };
 
@@ -89,7 +60,7 @@ TEST_F(SearchMemoryTest, EverySearchEndsIn17WithoutMemory) {
   };
   for (const auto& [name, search] : searches) {
     SCOPED_TRACE(name);
-    EXPECT_GE(failEach(search), 5);
+    EXPECT_GE(refuseEach(search), 5);
   }
 }
 

@@ -14,4 +14,4 @@ zavel_test(engine_search_test
     SerchMidasiTest.cpp
     UserImiTest.cpp
     UsualLineTest.cpp
-  LINKS zavel_test_support)
+  LINKS zavel_test_support zavel_test_memory)
