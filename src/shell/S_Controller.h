@@ -70,6 +70,8 @@ class ZAVEL_API S_Controller : public TableDataSource {
   // Empties list and detail: a new look-up begins, and any that still runs comes to nothing. Gives the new
   // one's number.
   uint64_t clear();
+  // The number of the look-up that began last.
+  uint64_t latestLookup() const { return lookups_; }
   // Whether the tab was not cleared again since that look-up began.
   bool isLatest(uint64_t lookup) const { return lookup == lookups_; }
   // Empties list and detail, and says that there are no entries.

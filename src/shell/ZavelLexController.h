@@ -189,6 +189,7 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
   void updateFeedsOnce();
 
   // Look-up.
+  void lookUp(const std::string& text, const Value& row);
   void search(uint64_t lookup, const std::string& query, const Value& sender);
   void walkDictionaries(uint64_t lookup, const std::string& query, const Value& sender);
   void finishLookup(uint64_t lookup, bool found, bool bringsUpTab);

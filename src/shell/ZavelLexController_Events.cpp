@@ -101,17 +101,25 @@ bool ZavelLexController::isForThisHost(const Notification& notification) const {
 void ZavelLexController::handle(const EventRow& event, const Notification& notification) {
   const int number = this->*event.mode;
   if (!ready_ || number == kModeAbsent || !isForThisHost(notification)) return;
+  const uint64_t lookup = sController_->latestLookup();
   if (event.selects && number < kFirstHiddenMode) {
     if (modeControl_) modeControl_->setSelectedSegment(number);
     selectMode();
   }
-  (this->*event.act)(notification);
+  const bool overtaken = event.mode == &Self::segmentDict_ && !sController_->isLatest(lookup);
+  if (!overtaken) (this->*event.act)(notification);
+}
+
+// A host that hears of the changed field may look something else up; that is the newer look-up then.
+void ZavelLexController::lookUp(const std::string& text, const Value& row) {
+  const uint64_t lookup = sController_->latestLookup();
+  searchField_->setText(text);
+  if (sController_->isLatest(lookup)) lookupButton(row);
 }
 
 void ZavelLexController::handleDictLookup(const Notification& notification) {
-  searchField_->setText(textOf(notification));
   const Value* row = memberOf(notification, ZFRowKey);
-  lookupButton(row ? *row : Value());
+  lookUp(textOf(notification), row ? *row : Value());
 }
 
 void ZavelLexController::handleDropTranslation(const Notification& notification) {
@@ -198,8 +206,7 @@ void ZavelLexController::handleDropOperation(const Notification& notification) {
 
 void ZavelLexController::dropText(const std::string& text) {
   if (isUp(segmentDict_)) {
-    searchField_->setText(text);
-    lookupButton();
+    lookUp(text, Value());
   } else if (isUp(segmentTrans_)) {
     tController_->dropTranslation(text);
   } else if (isUp(segmentSearch_)) {

@@ -386,24 +386,37 @@ struct Outcome {
   bool operator==(const Outcome&) const = default;
 };
 
+void PrintTo(const Outcome& outcome, std::ostream* out) {
+  *out << outcome.field << " | " << ::testing::PrintToString(outcome.rows) << " | " << outcome.row << " | "
+       << outcome.detail << " | " << outcome.note << " | " << outcome.shown << " | "
+       << ::testing::PrintToString(outcome.reports);
+}
+
 struct Overtaken {
   std::string query;
   Value row;
+  bool posted = false;  // by an event; else the text stands in the field and the command is given
 };
 
-std::optional<Outcome> overtake(FieldHost& host, const Overtaken& first, int at, const std::string& word) {
+void begin(FieldHost& host, const Overtaken& first) {
+  if (!first.posted) return host.controller->lookupButton(first.row);
+  first.row.isNull() ? host.look(first.query) : host.look(first.query, first.row);
+}
+
+std::optional<Outcome> overtake(FieldHost& host, const Overtaken& first, int at, const std::string& word,
+                                int row) {
   host.look("walk");
-  host.input.setText(" " + first.query);
+  if (!first.posted) host.input.setText(" " + first.query);
   Posts results("zfDictResultNotification");
   S_Controller& tab = host.dictionary();
   int changes = 0;
   std::vector<Connection> heard;
   for (View* view : {static_cast<View*>(&host.input), static_cast<View*>(&host.progress), &tab.mainView()}) {
     heard.push_back(view->changed.connect([&](View&) {
-      if (++changes == at) host.look(word);
+      if (++changes == at) host.look(word, row);
     }));
   }
-  host.controller->lookupButton(first.row);
+  begin(host, first);
   if (changes < at) return std::nullopt;
   EXPECT_EQ(tab.hwResultArray().size(), tab.hwListView().rowCount()) << at;
   EXPECT_FALSE(host.progress.running()) << at;
@@ -412,10 +425,10 @@ std::optional<Outcome> overtake(FieldHost& host, const Overtaken& first, int at,
 }
 
 // Tries it at every change; how many there are.
-int overtakeAtEach(FieldHost& host, const Overtaken& first, const std::string& word,
-                   const Outcome& expected) {
+int overtakeAtEach(FieldHost& host, const Overtaken& first, const std::string& word, const Outcome& expected,
+                   int row = 0) {
   int at = 0;
-  while (const std::optional<Outcome> outcome = overtake(host, first, ++at, word)) {
+  while (const std::optional<Outcome> outcome = overtake(host, first, ++at, word, row)) {
     EXPECT_EQ(*outcome, expected) << first.query << " at " << at;
   }
   return at - 1;
@@ -447,6 +460,48 @@ TEST_F(Lookup, ALaterLookUpThatFindsNothingIsNotSpoiltEither) {
   // One for nothing clears the tab, and that is all.
   const Outcome cleared{" ", {}, -1, "", "", S_Controller::kNoRow, {}};
   EXPECT_GT(overtakeAtEach(host, {"take", {}}, " ", cleared), 9);
+}
+
+// It may be overtaken while its text is put into the field, before it has begun.
+TEST_F(Lookup, ALaterLookUpIsNotSpoiltByTheEventThatLedToIt) {
+  FieldHost host;
+  const Outcome found{"match",      {"match [合う]", "match [試合]"}, 1,  "match\r\r-[名]\r試合\n\r\r",
+                      "OiPodTitle", S_Controller::kMirellRow,         {8}};
+  EXPECT_GT(overtakeAtEach(host, {"take", {}, true}, "match", found, 1), 9);
+  EXPECT_GT(overtakeAtEach(host, {"zebra", 3, true}, "match", found, 1), 5);
+}
+
+// With a window the mode comes up ahead of the look-up, and hosts hear of that.
+TEST_F(Lookup, AnEventIsOvertakenWhileItsModeComesUp) {
+  Window window({"zfDictTab", "zfQuickTab"});
+  window.look("walk");
+  for (View* view : {static_cast<View*>(window.controller->modeControl()),
+                     static_cast<View*>(window.controller->tabView()),
+                     static_cast<View*>(window.controller->searchField())}) {
+    window.controller->modeControl()->choose(1);
+    bool again = false;
+    const Connection heard = view->changed.connect([&](View&) {
+      if (!std::exchange(again, true)) window.look("match", 1);
+    });
+    window.look("take");
+    EXPECT_TRUE(again);
+    EXPECT_EQ(window.field(), "match");
+    EXPECT_EQ(window.rows(), (Lines{"match [合う]", "match [試合]"}));
+    EXPECT_EQ(window.dictionary().nowSelectedRow(), 1);
+    EXPECT_EQ(window.tab(), "sTab");
+  }
+}
+
+TEST_F(Lookup, ADropIsOvertakenWhileItsTextIsPutIntoTheField) {
+  Window window(kAllModes);
+  bool again = false;
+  const Connection heard = window.controller->searchField()->changed.connect([&](View&) {
+    if (!std::exchange(again, true)) window.look("match", 1);
+  });
+  window.controller->mainView().dragEntered("take");
+  window.controller->mainView().drop();
+  EXPECT_EQ(window.field(), "match");
+  EXPECT_EQ(window.dictionary().nowSelectedRow(), 1);
 }
 
 TEST_F(Lookup, ASearchInWhoseCourseTheTabIsClearedAddsNothing) {
