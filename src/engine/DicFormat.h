@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 namespace zavel::engine {
 
@@ -88,6 +89,17 @@ inline constexpr uint16_t kTagPhraseNote = 0xF5E7;
 inline constexpr uint8_t kKanjiSeparator = 0x1B;  // between kana and kanji in a Japanese headword
 inline constexpr uint8_t kSyllableMark = 0xA5;    // in English headwords; what a line shows for 0x1B
 inline constexpr uint8_t kShortLong = 0xB0;       // shown as the pair 0x81 0x5B
+
+// User entries. The `kind` of an English one:
+inline constexpr uint8_t kKindMeaning = 1;  // a meaning with a part of speech
+inline constexpr uint8_t kKindPhrase = 2;   // a phrase
+inline constexpr uint16_t kLastHinsi = 9;   // parts of speech are 1 to 9
+// What stands ahead of the first kurei and of the first bunrei of a Japanese entry; "/" ahead of later ones.
+inline constexpr std::string_view kKureiMark = "\x81\xF7";                 // ¶
+inline constexpr std::string_view kBunreiMark = "[\x95\xB6\x97\xE1]\x1B";  // [文例]
+// The .dic files of the user sets by number.
+inline constexpr uint16_t kEntriesE = 1;
+inline constexpr uint16_t kEntriesJ = 2;
 
 // Characters that a Japanese key passes over.
 inline constexpr unsigned kLongSound = 0x815B;  // ー

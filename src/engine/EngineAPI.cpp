@@ -51,4 +51,44 @@ uint16_t GetKatuyo(const char* word, uint32_t* size, Handle* list) {
   return _GetKatuyo(word, size, list);
 }
 
+uint16_t AddUserDicE(const add_dic_e* entry) {
+  return _AddUserDicE(entry);
+}
+
+uint16_t AddUserDicJ(const add_dic_j* entry) {
+  return _AddUserDicJ(entry);
+}
+
+uint16_t SerchUserDicE(const char* word, const char* midasi, uint16_t* count, Handle* list) {
+  return _SerchUserDicE(word, midasi, count, list);
+}
+
+uint16_t SerchUserDicJ(const char* word, const char* midasi, uint16_t* count, Handle* list) {
+  return _SerchUserDicJ(word, midasi, count, list);
+}
+
+uint16_t DelUserDicE(const sikibetu_data* sikibetu) {
+  return _DelUserDicE(sikibetu);
+}
+
+uint16_t DelUserDicJ(const sikibetu_data* kana, const sikibetu_data* kanji) {
+  return _DelUserDicJ(kana, kanji);
+}
+
+uint16_t GetListUserDicE(uint16_t* count, Handle* list, uint32_t* size) {
+  return _GetListUserDicE(count, list, size);
+}
+
+uint16_t GetListUserDicJ(uint16_t* count, Handle* list, uint32_t* size) {
+  return _GetListUserDicJ(count, list, size);
+}
+
+uint16_t ArrangeUserDicE(void) {
+  return _ArrangeUserDicE();
+}
+
+uint16_t ArrangeUserDicJ(void) {
+  return _ArrangeUserDicJ();
+}
+
 }  // extern "C"

@@ -144,6 +144,53 @@ ZAVEL_API uint16_t SerchImiJ(char* word, const char* midasi, uint8_t filter, uin
  * Status: 1; 17; 18 bad argument; 19 and 257 a malformed conjugation record; 20; 21; 35; 257 no file. */
 ZAVEL_API uint16_t GetKatuyo(const char* word, uint32_t* size, Handle* list);
 
+/* Adds an English user entry, or overwrites the one that entry->sikibetu identifies; that one's word and the
+ * new word must have the same key (their letters without case, blanks and marks).
+ *   entry  word: letters, blank and & ' , - . / _; imi: Shift_JIS; phrase and eng of examples: ASCII; jpn of
+ *          examples: Shift_JIS. None of them empty. phrase is read when kind is 2, hinsi when it is 1.
+ * The entry is found at once and is on the disk after EndAPI answered 1.
+ * Status: 1; 17; 18 a null entry, a text that is not as told, hinsi or kind out of range, an identification
+ * that is no longer current; 20 a word of marks alone, a damaged index; 21; 35; 258; 2051 too many words of
+ * one beginning; 2052 an entry of 65,535 bytes or more. On any other than 1 the dictionary is as it was. */
+ZAVEL_API uint16_t AddUserDicE(const add_dic_e* entry);
+
+/* The same for Japanese.
+ *   entry  kana: hiragana, katakana and 0x815B 0x817C 0x8163; kanji: the same and kanji of JIS levels 1 and
+ * 2, or null; imi and eng of examples: ASCII; jpn of examples: Shift_JIS. To overwrite, both identifications;
+ * an entry keeps having or lacking kanji. Status: as AddUserDicE, with 259 in the place of 258; 19 a kanji
+ * index that contradicts itself; 260 no memory slot for a further kanji index; 2049 ten further kanji indexes
+ * are in use. */
+ZAVEL_API uint16_t AddUserDicJ(const add_dic_j* entry);
+
+/* Gives the user's entries of exactly `word` in structured form, each with its identification.
+ *   word    English, or Japanese in kana; not changed
+ *   midasi  null, or a line as SerchMidasiE or SerchMidasiJ listed it: only the entries that yield this line
+ *   count   out: number of entries
+ *   list    out: serial entries one behind the other; engine/UserEntry.h has their fields
+ * Status: 1; 17; 18 bad argument; 20 an entry that can't be understood; 21; 35; 258 or 259. */
+ZAVEL_API uint16_t SerchUserDicE(const char* word, const char* midasi, uint16_t* count, Handle* list);
+ZAVEL_API uint16_t SerchUserDicJ(const char* word, const char* midasi, uint16_t* count, Handle* list);
+
+/* Deletes the entry that an identification names; Japanese: by both of them. The other entries of its block
+ * have to be searched again before their identifications serve.
+ * Status: 1; 17; 18 a null pointer, an identification that is no longer current; 20; 21; 35; 258 or 259. */
+ZAVEL_API uint16_t DelUserDicE(const sikibetu_data* sikibetu);
+ZAVEL_API uint16_t DelUserDicJ(const sikibetu_data* kana, const sikibetu_data* kanji);
+
+/* Lists the user's headwords, Japanese ones by their reading, each once, by letters without case or by kana.
+ *   count  out: number of headwords, 65,535 for more
+ *   list   out: headwords, each with its NUL
+ *   size   out: bytes in *list
+ * Status: 1; 17; 18 a null pointer; 20; 21; 35; 258 or 259. */
+ZAVEL_API uint16_t GetListUserDicE(uint16_t* count, Handle* list, uint32_t* size);
+ZAVEL_API uint16_t GetListUserDicJ(uint16_t* count, Handle* list, uint32_t* size);
+
+/* Rewrites the files of a user set without what changes and deletions left behind. Identifications from
+ * before no longer serve. Status: 1; 17; 20 a damaged set; 21; 35; 258 or 259. On 20 and 21 the files as they
+ * were may stand beside the set with the suffix ".arrbkp", and the set answers 20 until EndAPI. */
+ZAVEL_API uint16_t ArrangeUserDicE(void);
+ZAVEL_API uint16_t ArrangeUserDicJ(void);
+
 #ifdef __cplusplus
 }
 #endif

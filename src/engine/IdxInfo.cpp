@@ -8,20 +8,15 @@
 #include "foundation/ByteReader.h"
 
 namespace zavel::engine {
-namespace {
 
-// The part of a key that a block files.
-std::string Remainder(const std::string& key, uint16_t type) {
+std::string KeyRemainder(const std::string& key, uint16_t type) {
   return key.size() > kPrefixLength[type] ? key.substr(kPrefixLength[type]) : std::string();
 }
 
-// Row `number` of a block that was checked.
 std::string_view RowText(const Ix3View& block, uint16_t number) {
   const uint8_t* record = block.strings() + readLE16(block.rowOffsets() + size_t{2} * number);
   return {reinterpret_cast<const char*>(record) + 2, readLE16(record)};
 }
-
-}  // namespace
 
 void InitIdxInfo(index_info* info) {
   *info = index_info{};
@@ -65,7 +60,7 @@ Status GetIdx3Info(index_info* info, uint16_t type) {
   const Ix3View view = block.view();
   info->ix3Count = view.count;
   info->ix3Size = view.size;
-  GetIdx3(view, Remainder(info->word, type), &info->ix3First, &info->ix3Matches);
+  GetIdx3(view, KeyRemainder(info->word, type), &info->ix3First, &info->ix3Matches);
   return kOk;
 }
 

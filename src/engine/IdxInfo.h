@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "engine/EngineStatus.h"
 #include "engine/Index3.h"
@@ -39,6 +40,11 @@ Status GetIdx3Info(index_info* info, uint16_t type);
 
 // Finds the place of `remainder` among the rows of a block that was checked.
 void GetIdx3(const Ix3View& block, const std::string& remainder, uint16_t* first, uint16_t* matches);
+
+// The part of a key that a block of `type` files: what follows the key prefix.
+std::string KeyRemainder(const std::string& key, uint16_t type);
+// The remainder in row `number` of a block that was checked, borrowed from it.
+std::string_view RowText(const Ix3View& block, uint16_t number);
 
 // All of it: turns info->word into its key and fills the other fields. kBadArgument for a word that is none,
 // kInternal for unloaded or damaged tables, kFileError.

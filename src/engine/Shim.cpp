@@ -106,6 +106,11 @@ FileMapping* CreateFileMapping(int, void*, uint32_t, uint32_t, uint32_t sizeLow,
   return slot;
 }
 
+size_t FreeMappings() {
+  return static_cast<size_t>(std::count_if(std::begin(g_mappings), std::end(g_mappings),
+                                           [](const FileMapping& slot) { return slot.block == nullptr; }));
+}
+
 void* MapViewOfFile(FileMapping* mapping) {
   return mapping ? mapping->block : nullptr;
 }

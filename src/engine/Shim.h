@@ -43,6 +43,8 @@ struct FileMapping {
 // not cleared. Null when all are taken, for a name of 64 bytes or more, and without memory.
 FileMapping* CreateFileMapping(int file, void* security, uint32_t protect, uint32_t sizeHigh,
                                uint32_t sizeLow, const char* name);
+// Slots that are left.
+size_t FreeMappings();
 void* MapViewOfFile(FileMapping* mapping);
 // Nothing: the block stays with its content. 1.
 int UnmapViewOfFile(void* view);

@@ -170,21 +170,29 @@ std::string lineText(const std::string& bytes, size_t at, size_t length) {
   return bytes.substr(at, length - 1);
 }
 
-}  // namespace
-
-std::string sjis(std::string_view utf8) {
-  const iconv_t converter = iconv_open("CP932", "UTF-8");
-  std::string in(utf8);
-  std::string out(utf8.size() * 2 + 1, '\0');
+std::string convert(const char* toName, const char* fromName, std::string_view text) {
+  const iconv_t converter = iconv_open(toName, fromName);
+  std::string in(text);
+  std::string out(text.size() * 3 + 1, '\0');
   char* from = in.data();
   char* to = out.data();
   size_t left = in.size();
   size_t room = out.size();
   const bool failed = iconv(converter, &from, &left, &to, &room) == static_cast<size_t>(-1);
   iconv_close(converter);
-  if (failed) ADD_FAILURE() << "not in Shift_JIS: " << utf8;
+  if (failed) ADD_FAILURE() << "not in " << toName << ": " << text;
   out.resize(out.size() - room);
   return out;
+}
+
+}  // namespace
+
+std::string sjis(std::string_view utf8) {
+  return convert("CP932", "UTF-8", utf8);
+}
+
+std::string utf8(std::string_view sjis) {
+  return convert("UTF-8", "CP932", sjis);
 }
 
 std::string tag(uint16_t value) {

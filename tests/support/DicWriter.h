@@ -17,6 +17,9 @@ namespace zavel::test {
 // UTF-8 literal to Shift_JIS bytes for entry text and words; fails the test on a character it lacks.
 std::string sjis(std::string_view utf8);
 
+// The way back.
+std::string utf8(std::string_view sjis);
+
 // A tag's two bytes.
 std::string tag(uint16_t value);
 

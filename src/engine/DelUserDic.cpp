@@ -1,0 +1,44 @@
+// Deleting user entries: their rows go, their text stays in the .dic file until the set is arranged.
+// Tests: tests/engine/DelUserDicTest.cpp
+#include <functional>
+
+#include "engine/DicFormat.h"
+#include "engine/RenewIndex.h"
+#include "engine/Sikibetu.h"
+#include "engine/UserFrame.h"
+#include "engine/Workers.h"
+
+namespace zavel::engine {
+namespace {
+
+Status DeleteE(const sikibetu_data* sikibetu) {
+  if (sikibetu == nullptr) return kBadArgument;
+  const Status status = CheckOverwirteSikibetu(sikibetu, nullptr, kTypeE);
+  return status == kOk ? DeleteIdx3(kTypeE, *sikibetu) : status;
+}
+
+Status DeleteJ(const sikibetu_data* kana, const sikibetu_data* kanji) {
+  if (kana == nullptr || kanji == nullptr) return kBadArgument;
+  Status status = CheckOverwirteSikibetu(kana, kanji, kTypeKana);
+  if (status == kOk) status = DeleteIdx3(kTypeKana, *kana);
+  if (status != kOk || kanji->pos1 == kNoPosition) return status;
+  status = NoMemoryAsStatus([&] { return DeleteIdx3(kTypeKji, *kanji); });
+  if (status == kOk) return kOk;
+  index_info before = PlaceOf(*kana);
+  RenewIdx1(&before, kTypeKana);
+  return status;
+}
+
+}  // namespace
+
+Status _DelUserDicE(const sikibetu_data* sikibetu) {
+  const auto work = [sikibetu] { return DeleteE(sikibetu); };
+  return RunUserWriter(kCodeDelUserDicE, std::cref(work));
+}
+
+Status _DelUserDicJ(const sikibetu_data* kana, const sikibetu_data* kanji) {
+  const auto work = [kana, kanji] { return DeleteJ(kana, kanji); };
+  return RunUserWriter(kCodeDelUserDicJ, std::cref(work));
+}
+
+}  // namespace zavel::engine
