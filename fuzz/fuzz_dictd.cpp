@@ -5,6 +5,7 @@
 #include "MemoryStorage.h"
 #include "dicttool/DictdDictionary.h"
 #include "dicttool/EdictEntry.h"
+#include "dicttool/EnglishBases.h"
 #include "dicttool/EntryLine.h"
 #include "foundation/Utf8.h"
 #include "support/DictdFiles.h"
@@ -50,11 +51,17 @@ void lookUp(fuzz::Input& input) {
 }
 
 void readLine(const std::string& line) {
+  for (const std::vector<std::string>& alternatives : englishBases(line)) {
+    for (const std::string& base : alternatives)
+      fuzz::demand(base.size() <= line.size() + 1, "bases are short");
+  }
   EdictEntry entry;
   if (!isValidUtf8(line) || !EdictEntry::parse(line, &entry)) return;
   fuzz::demand(isValidUtf8(entry.text(false)) && isValidUtf8(entry.text(true)), "texts are UTF-8");
-  for (const EdictKey& key : entry.keys()) {
-    fuzz::demand(isValidUtf8(key.word) && key.rank >= 0 && key.rank < 256, "words are UTF-8");
+  for (const bool names : {false, true}) {
+    for (const EdictKey& key : entry.keys(names)) {
+      fuzz::demand(isValidUtf8(key.word) && key.rank >= 0 && key.rank < 16, "words are UTF-8");
+    }
   }
 }
 

@@ -70,6 +70,21 @@ TEST_F(DictdDictionaryTest, RefusesOneThatNamesOthers) {
             Found{"d.index holds no words of its own but names other dictionaries; name those instead"});
 }
 
+TEST_F(DictdDictionaryTest, KnowsWhetherItIsOfNames) {
+  const auto isOfNames = [this](const std::string& info) {
+    test::DictdFiles files;
+    if (!info.empty()) files.entry("00-database-info\n" + info + "\n", {"00-database-info"});
+    files.entry("cat\n", {"cat"}).write(folder_.file("d"));
+    DictdDictionary dictionary;
+    std::string error;
+    EXPECT_TRUE(dictionary.open(folder_.file("d.index"), &error)) << error;
+    return dictionary.isOfNames();
+  };
+  EXPECT_TRUE(isOfNames("ENAMDICT Japanese-English Proper Names Dictionary/2021"));
+  EXPECT_FALSE(isOfNames("COMPDIC Japanese-English Computing Dictionary/2021"));
+  EXPECT_FALSE(isOfNames(""));
+}
+
 TEST_F(DictdDictionaryTest, NamesWhatIsMissing) {
   files_.entry("cat\n", {"cat"});
   folder_.write("d.index", files_.index());

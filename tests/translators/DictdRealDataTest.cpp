@@ -61,6 +61,11 @@ TEST(DictdRealData, TheTechnicalDictionaryIsFoundFromBothSides) {
     };
     EXPECT_EQ(std::count_if(matches.entries.begin(), matches.entries.end(), sought), 1) << word;
   }
+  // ウィンドウ is part of more terms than its other spellings; terms that "go" is about there are none.
+  ASSERT_TRUE(dictionary.find("window", 100, &matches, &error)) << error;
+  EXPECT_EQ(matches.entries.front().text, "ウィンドウ\n(noun) (1) window; (2) window (shop display)\n");
+  ASSERT_TRUE(dictionary.find("go", 100, &matches, &error)) << error;
+  EXPECT_TRUE(matches.entries.empty());
 }
 
 TEST(DictdRealData, AnEntryIsReadFromThePackedText) {

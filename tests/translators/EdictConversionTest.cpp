@@ -73,6 +73,39 @@ TEST_F(EdictConversionTest, LeadsFromBothLanguages) {
   EXPECT_EQ(find("station"), Texts{kTokyo[1]});
 }
 
+// 田中 begins two further names.
+TEST_F(EdictConversionTest, PutsAWordWithCompoundsFirst) {
+  const std::string names =
+      "　？？？ /ENAMDICT - Names/\n"
+      "タナカ /(u) Tanaka/\n"
+      "多中 [たなか] /(s) Tanaka/\n"
+      "田中 [たなか] /(p,s,f) Tanaka/\n"
+      "田中さくら [たなかさくら] /(h) Tanaka Sakura/\n"
+      "田中駅 [たなかえき] /(st) Tanaka Station/\n"
+      "京都 [きょうと] /(p) Kyouto/\n";
+  ASSERT_FALSE(convert(names));
+  EXPECT_EQ(find("Tanaka"), (Texts{"田中 [たなか]\n(place, surname, female given name) Tanaka\n",
+                                   "タナカ\n(name) Tanaka\n", "多中 [たなか]\n(surname) Tanaka\n",
+                                   "田中さくら [たなかさくら]\n(full name) Tanaka Sakura\n",
+                                   "田中駅 [たなかえき]\n(station) Tanaka Station\n"}));
+  EXPECT_EQ(find("たなか").front(), "田中 [たなか]\n(place, surname, female given name) Tanaka\n");
+  EXPECT_EQ(find("Kyoto"), Texts{"京都 [きょうと]\n(place) Kyouto\n"});
+}
+
+// What a word means first counts for more than how common it is; a gloss that says more comes behind.
+TEST_F(EdictConversionTest, PutsWhatAWordMeansFirstAheadOfWhatIsCommon) {
+  const std::string words =
+      "昇順整列 [しょうじゅんせいれつ] /(n) sort (in ascending order)/\n"
+      "並べ替え [ならべかえ] /(n) sort/\n"
+      "種類 [しゅるい] /(n) kind/sort/\n"
+      "種類別 [しゅるいべつ] /(adj-no) by kind/\n"
+      "整列 [せいれつ] /(n) sort/(P)/\n";
+  ASSERT_FALSE(convert(words));
+  EXPECT_EQ(find("sort"), (Texts{"整列 [せいれつ]\n(noun) sort\n", "並べ替え [ならべかえ]\n(noun) sort\n",
+                                 "昇順整列 [しょうじゅんせいれつ]\n(noun) sort (in ascending order)\n",
+                                 "種類 [しゅるい]\n(noun) kind; sort\n"}));
+}
+
 TEST_F(EdictConversionTest, ReadsUtf8Alike) {
   ASSERT_FALSE(convert(inEuc(kNames)));
   const std::string index = folder_.read("d.index"), text = folder_.read("d.dict");

@@ -12,12 +12,14 @@ std::string textOf(const char* line, bool names = false) {
   return EdictEntry::parse(line, &entry) ? entry.text(names) : "(none)";
 }
 
-// "word:rank" of each key.
-std::vector<std::string> keysOf(const char* line) {
+// "word:rank" of each key, with a "+" where its gloss says more.
+std::vector<std::string> keysOf(const char* line, bool names = false) {
   EdictEntry entry;
   EXPECT_TRUE(EdictEntry::parse(line, &entry));
   std::vector<std::string> keys;
-  for (const EdictKey& key : entry.keys()) keys.push_back(key.word + ":" + std::to_string(key.rank));
+  for (const EdictKey& key : entry.keys(names)) {
+    keys.push_back(key.word + ":" + std::to_string(key.rank) + (key.explained ? "+" : ""));
+  }
   return keys;
 }
 
@@ -70,15 +72,45 @@ TEST(EdictEntry, IsFoundByItsFormsItsGlossesAndTheirWords) {
   EXPECT_EQ(keysOf("猫 [ねこ] /(n) cat/"), (Keys{"猫:0", "ねこ:1", "cat:0"}));
   EXPECT_EQ(
       keysOf("応答確認 [おうとうかくにん] /(n) response confirmation/"),
-      (Keys{"応答確認:0", "おうとうかくにん:1", "response confirmation:0", "response:2", "confirmation:2"}));
+      (Keys{"応答確認:0", "おうとうかくにん:1", "response confirmation:0", "response:3", "confirmation:3"}));
 }
 
 TEST(EdictEntry, LeavesOutOfKeysWhatNobodySearches) {
   EXPECT_EQ(keysOf("行く [いく] /(v5k-s) to go/"), (Keys{"行く:0", "いく:1", "go:0"}));
   EXPECT_EQ(keysOf("国 /(n) (the) state of the art (of a (large) land)/"),
-            (Keys{"国:0", "state of the art:0", "state:4", "art:4"}));
+            (Keys{"国:0", "state of the art:0+", "state:7", "art:7"}));
   EXPECT_EQ(keysOf("例 /(n) one two three four five six seven/"),
             (Keys{"例:0", "one two three four five six seven:0"}));
+}
+
+TEST(EdictEntry, IsMostAboutItsFirstGloss) {
+  EXPECT_EQ(keysOf("主 /(n) (1) main/(2) chief (of a group)/head/(3) core/(4) root/"),
+            (Keys{"主:0", "main:0", "chief:1+", "head:1", "core:2", "root:2"}));
+}
+
+TEST(EdictEntry, IsFoundByTheWordsOfItsFirstFourGlossesAlone) {
+  EXPECT_EQ(keysOf("落ちる [おちる] /(v1,vi) to fall/to come off/to sink/to log out/to go under/"),
+            (Keys{"落ちる:0", "おちる:1", "fall:0", "come off:1", "come:3", "off:3", "sink:1", "log out:2",
+                  "log:4", "out:4", "go under:2"}));
+}
+
+TEST(EdictEntry, OfANameIsFoundByShortVowelsToo) {
+  EXPECT_EQ(keysOf("京都 [きょうと] /(p) Kyouto/", true),
+            (Keys{"京都:0", "きょうと:1", "Kyouto:0", "Kyoto:1"}));
+  EXPECT_EQ(keysOf("大野優子 [おおのゆうこ] /(h) Oono Yuuko/", true),
+            (Keys{"大野優子:0", "おおのゆうこ:1", "Oono Yuuko:0", "Ono Yuko:1", "Oono:3", "Yuuko:3"}));
+  EXPECT_EQ(keysOf("京都 [きょうと] /(n) Kyouto/"), (Keys{"京都:0", "きょうと:1", "Kyouto:0"}));
+  EXPECT_EQ(keysOf("ツールーズ /(p) Toulouse/", true), (Keys{"ツールーズ:0", "Toulouse:0"}));  // no reading
+}
+
+TEST(EdictEntry, KnowsWhetherItIsCommon) {
+  EdictEntry entry;
+  ASSERT_TRUE(EdictEntry::parse("猫 [ねこ] /(n) cat/(P)/", &entry));
+  EXPECT_TRUE(entry.common);
+  ASSERT_TRUE(EdictEntry::parse("猫 [ねこ] /(n) cat (P)/", &entry));
+  EXPECT_TRUE(entry.common);
+  ASSERT_TRUE(EdictEntry::parse("猫 [ねこ] /(n) cat/", &entry));
+  EXPECT_FALSE(entry.common);
 }
 
 TEST(EdictEntry, IsFoundByUsualLettersToo) {

@@ -5,6 +5,7 @@
 #include <set>
 #include <utility>
 
+#include "dicttool/EdictCodes.h"
 #include "foundation/Storage.h"
 #include "foundation/Utf8.h"
 
@@ -71,6 +72,13 @@ bool DictdDictionary::find(std::string_view word, size_t most, DictdMatches* mat
       },
       error);
   return read && sound;
+}
+
+bool DictdDictionary::isOfNames() {
+  DictdMatches matches;
+  std::string error;
+  return find("00-database-info", 1, &matches, &error) && !matches.entries.empty() &&
+         matches.entries.front().text.find(kNamesTitle) != std::string::npos;
 }
 
 bool DictdDictionary::addEntry(const IndexLine& line, DictdMatches* matches, std::string* error) {

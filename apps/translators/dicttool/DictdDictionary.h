@@ -37,6 +37,9 @@ class DictdDictionary {
   // dictionary turns out to be damaged on the way.
   bool find(std::string_view word, size_t most, DictdMatches* matches, std::string* error);
 
+  // Whether it says of itself that it is made of the file of names.
+  bool isOfNames();
+
  private:
   bool addEntry(const IndexLine& line, DictdMatches* matches, std::string* error);
 

@@ -11,7 +11,7 @@ namespace zavel::dicttool {
 namespace {
 
 constexpr size_t kPiece = size_t{1} << 20;          // bytes written at once
-constexpr size_t kLongestWord = 1000;               // bytes
+constexpr size_t kLongestWord = 1000;               // bytes, below 4096
 constexpr uint64_t kLongestEntry = (1u << 24) - 1;  // bytes
 
 std::string folderOf(const std::string& path) {
@@ -66,18 +66,18 @@ bool DictdWriter::addEntry(std::string_view text) {
   return text.size() <= kLongestEntry && append(text_, text);
 }
 
-void DictdWriter::addWord(std::string_view word, uint8_t rank) {
+void DictdWriter::addWord(std::string_view word, unsigned rank) {
   const std::string folded = foldWord(word, {});
   if (folded.empty() || folded.size() > kLongestWord) return;
   for (size_t i = entryRow_; i < rows_.size(); ++i) {
     if (wordOf(rows_[i]) != folded) continue;  // a spelling and a reading, two glosses: one line is enough
-    rows_[i].rank = std::min<uint64_t>(rows_[i].rank, rank);
+    rows_[i].rank = std::min<uint64_t>(rows_[i].rank, rank) & (kRanks - 1);
     return;
   }
   Row row{};
   row.word = folded_.size();
   row.wordLength = folded.size();
-  row.rank = rank;
+  row.rank = rank & (kRanks - 1);
   row.offset = entryOffset_;
   row.length = entryLength_;
   rows_.push_back(row);

@@ -18,6 +18,8 @@ namespace zavel::dicttool {
 // bytes.
 class DictdWriter {
  public:
+  static constexpr unsigned kRanks = 1u << 12;
+
   // `base` is the path without ".index" and ".dict"; its folder exists.
   explicit DictdWriter(std::string base);
   ~DictdWriter();
@@ -28,9 +30,9 @@ class DictdWriter {
   bool addEntry(std::string_view text);
 
   // Files the entry added last under `word` (UTF-8), which is folded here. Among the entries of one word a
-  // lower rank comes first, then the order in which they were added. A word that folds to nothing is passed
-  // over.
-  void addWord(std::string_view word, uint8_t rank);
+  // lower rank (below kRanks) comes first, then the order in which they were added. A word that folds to
+  // nothing is passed over.
+  void addWord(std::string_view word, unsigned rank);
 
   // Writes the index and puts both files in place. While the one replaces the other there is no index, so
   // that nobody ever reads the new text by the old one. False when a file can't be written.
@@ -42,8 +44,8 @@ class DictdWriter {
  private:
   struct Row {
     uint64_t word : 40;  // place of the folded word in folded_
-    uint64_t wordLength : 16;
-    uint64_t rank : 8;
+    uint64_t wordLength : 12;
+    uint64_t rank : 12;
     uint64_t offset : 40;
     uint64_t length : 24;
   };

@@ -1,12 +1,17 @@
 // Tests: tests/translators/EdictConversionTest.cpp
 #include "dicttool/EdictConversion.h"
 
+#include <algorithm>
+#include <bit>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <system_error>
 
 #include "dicttool/DictdWriter.h"
+#include "dicttool/EdictCodes.h"
+#include "dicttool/EdictCompounds.h"
 #include "dicttool/EdictEntry.h"
 #include "foundation/Storage.h"
 #include "foundation/Utf8.h"
@@ -20,13 +25,27 @@ constexpr size_t kMostBytes = size_t{512} << 20;
 
 // The first line of the distributed files stands for no word but tells name, holder and date.
 constexpr std::string_view kTitleWord = "　？？？ /";
-constexpr std::string_view kNames = "ENAMDICT";
+
+constexpr unsigned kMostCommon = 15;
 
 std::string withoutEnd(std::string path) {
   for (const std::string_view end : {".index", ".dict"}) {
     if (path.ends_with(end) && path.size() > end.size()) return path.substr(0, path.size() - end.size());
   }
   return path;
+}
+
+// Calls `visit` for each line that holds something, until it or a signal ends that; false when `visit` did.
+bool eachLine(std::string_view bytes, const volatile std::sig_atomic_t* stop,
+              const std::function<bool(std::string_view)>& visit) {
+  while (!bytes.empty() && !(stop && *stop)) {
+    const size_t end = std::min(bytes.find('\n'), bytes.size());
+    std::string_view one = bytes.substr(0, end);
+    if (one.ends_with('\r')) one.remove_suffix(1);
+    if (!one.empty() && !visit(one)) return false;
+    bytes.remove_prefix(std::min(end + 1, bytes.size()));
+  }
+  return true;
 }
 
 class Conversion {
@@ -41,11 +60,16 @@ class Conversion {
  private:
   bool begin(std::string_view title);
   bool header(const char* word, const std::string& text);
+  std::optional<std::string> decoded(std::string_view bytes) const;
+  bool gather(std::string_view bytes);
   bool line(std::string_view bytes);
+  unsigned commonness() const;
 
   std::string name_;
   DictdWriter writer_;
   ConversionAccount* account_;
+  EdictCompounds compounds_;
+  EdictEntry entry_;  // the one at hand
   bool utf8_ = false, begun_ = false, names_ = false;
 };
 
@@ -58,42 +82,62 @@ bool Conversion::header(const char* word, const std::string& text) {
 // What dictd programs ask a dictionary about itself. Whose data it is stays with it.
 bool Conversion::begin(std::string_view title) {
   begun_ = true;
-  names_ = title.find(kNames) != std::string_view::npos;
+  names_ = title.find(kNamesTitle) != std::string_view::npos;
   const std::string name(title.substr(0, title.find('/')));
   const std::string info = title.empty() ? name_ : std::string(title);
   return header("00-database-utf8", "") && header("00-database-short", name.empty() ? name_ : name) &&
          header("00-database-info", info);
 }
 
+std::optional<std::string> Conversion::decoded(std::string_view bytes) const {
+  return platform().encoding().toUtf8Strict(bytes, utf8_ ? Encoding::kUtf8 : Encoding::kEucJp);
+}
+
+// The first round: which words there are.
+bool Conversion::gather(std::string_view bytes) {
+  const std::optional<std::string> text = decoded(bytes);
+  if (text && !text->starts_with(kTitleWord) && EdictEntry::parse(*text, &entry_)) {
+    compounds_.add(entry_.written.front(), entry_.readings.empty() ? "" : entry_.readings.front());
+  }
+  return true;
+}
+
+// From 0 to kMostCommon: what is marked as common; else by the number of its compounds, each step twice as
+// many.
+unsigned Conversion::commonness() const {
+  if (entry_.common) return kMostCommon;
+  const size_t compounds = compounds_.of(account_->entries - 1);
+  return std::min(static_cast<unsigned>(std::bit_width(compounds)), kMostCommon - 1);
+}
+
+// The second round: the entries.
 bool Conversion::line(std::string_view bytes) {
-  const Encoding encoding = utf8_ ? Encoding::kUtf8 : Encoding::kEucJp;
-  const std::optional<std::string> text = platform().encoding().toUtf8Strict(bytes, encoding);
+  const std::optional<std::string> text = decoded(bytes);
+  const bool title = text && text->starts_with(kTitleWord);
   if (!begun_) {
-    const bool title = text && text->starts_with(kTitleWord);
     if (!begin(title ? std::string_view(*text).substr(kTitleWord.size()) : std::string_view())) return false;
     if (title) return true;
   }
-  EdictEntry entry;
-  if (!text || !EdictEntry::parse(*text, &entry)) {
+  if (!text || title || !EdictEntry::parse(*text, &entry_)) {
     ++account_->leftOut;
     return true;
   }
   ++account_->entries;
-  if (!writer_.addEntry(entry.text(names_))) return false;
-  for (const EdictKey& key : entry.keys()) writer_.addWord(key.word, static_cast<uint8_t>(key.rank));
+  if (!writer_.addEntry(entry_.text(names_))) return false;
+  const unsigned rare = kMostCommon - commonness();
+  for (const EdictKey& key : entry_.keys(names_)) {
+    const unsigned rank =
+        (static_cast<unsigned>(key.rank) * (kMostCommon + 1) + rare) * 2 + (key.explained ? 1 : 0);
+    writer_.addWord(key.word, rank);
+  }
   return true;
 }
 
 bool Conversion::run(std::string_view bytes, const volatile std::sig_atomic_t* stop) {
   utf8_ = isValidUtf8(bytes);
-  while (!bytes.empty() && !(stop && *stop)) {
-    const size_t end = std::min(bytes.find('\n'), bytes.size());
-    std::string_view one = bytes.substr(0, end);
-    if (one.ends_with('\r')) one.remove_suffix(1);
-    if (!one.empty() && !line(one)) return false;
-    bytes.remove_prefix(std::min(end + 1, bytes.size()));
-  }
-  return true;
+  eachLine(bytes, stop, [this](std::string_view one) { return gather(one); });
+  compounds_.count();
+  return eachLine(bytes, stop, [this](std::string_view one) { return line(one); });
 }
 
 bool Conversion::finish() {

@@ -12,7 +12,10 @@ namespace {
 
 constexpr size_t kMostWords = 6;  // a longer gloss is an explanation
 constexpr size_t kLongestKey = 200;
-enum Rank { kWritten = 0, kWholeGloss = 0, kReading = 1 };  // that of a single word: the words of its gloss
+constexpr size_t kMainGlosses = 3;  // the later ones of an entry are senses among many
+constexpr size_t kSeparateGlosses =
+    4;  // whose words are looked at: "go" isn't what the 20th sense "go under" is about
+enum Rank { kFirst = 0, kNext = 1, kLater = 2 };
 
 std::vector<std::string_view> split(std::string_view text, char separator) {
   std::vector<std::string_view> parts;
@@ -101,9 +104,8 @@ bool isLetter(unsigned char byte) {
          (byte >= 'a' && byte <= 'z') || byte == '\'';
 }
 
-// Words of a gloss of several, each with the number of them all: the shorter the gloss, the more it is about
-// the word.
-std::vector<EdictKey> singleWords(const std::string& gloss) {
+// Words of a gloss of several: the shorter the gloss, the more it is about the word.
+std::vector<EdictKey> singleWords(const std::string& gloss, bool main) {
   std::vector<std::string> words;
   std::string word;
   for (const char byte : gloss + " ") {
@@ -115,12 +117,25 @@ std::vector<EdictKey> singleWords(const std::string& gloss) {
     }
   }
   if (words.size() < 2 || words.size() > kMostWords) return {};
+  const int rank = 2 * static_cast<int>(words.size()) - (main ? 1 : 0);
   std::vector<EdictKey> keys;
   for (std::string& one : words) {
     if (one.size() < 2 || saysNothing(foldWord(one, {}))) continue;
-    keys.push_back({std::move(one), static_cast<int>(words.size())});
+    keys.push_back({std::move(one), rank});
   }
   return keys;
+}
+
+// "Kyouto", "Oosaka", "Yuuko" as most write them: "Kyoto", "Osaka", "Yuko".
+std::string withShortVowels(const std::string& name) {
+  std::string text;
+  for (const char letter : name) {
+    const char last = text.empty() ? '\0' : text.back();
+    const bool lengthens =
+        (letter == 'u' && (last == 'o' || last == 'u')) || (letter == 'o' && (last == 'o' || last == 'O'));
+    if (!lengthens) text += letter;
+  }
+  return text;
 }
 
 void addJapanese(std::vector<EdictKey>& keys, const std::string& word, int rank) {
@@ -146,7 +161,10 @@ bool EdictEntry::parse(std::string_view line, EdictEntry* out) {
   out->written = wordsOf(head);
   for (const std::string_view part : split(line.substr(slash + 2), '/')) {
     std::string_view gloss = trimmed(part);
-    if (gloss.ends_with("(P)")) gloss = trimmed(gloss.substr(0, gloss.size() - 3));
+    if (gloss.ends_with("(P)")) {
+      gloss = trimmed(gloss.substr(0, gloss.size() - 3));
+      out->common = true;
+    }
     if (!gloss.empty() && !gloss.starts_with("EntL")) out->glosses.emplace_back(gloss);
   }
   return !out->written.empty() && !out->glosses.empty();
@@ -164,15 +182,20 @@ std::string EdictEntry::text(bool names) const {
   return text + "\n" + body + "\n";
 }
 
-std::vector<EdictKey> EdictEntry::keys() const {
+std::vector<EdictKey> EdictEntry::keys(bool names) const {
   std::vector<EdictKey> keys;
-  for (const std::string& word : written) addJapanese(keys, word, kWritten);
-  for (const std::string& word : readings) addJapanese(keys, word, kReading);
-  for (const std::string& gloss : glosses) {
-    const std::string whole = plain(gloss);
+  for (const std::string& word : written) addJapanese(keys, word, kFirst);
+  for (const std::string& word : readings) addJapanese(keys, word, kNext);
+  for (size_t i = 0; i < glosses.size(); ++i) {
+    const std::string whole = plain(glosses[i]);
     if (whole.empty()) continue;
-    keys.push_back({whole, kWholeGloss});
-    for (EdictKey& key : singleWords(whole)) keys.push_back(std::move(key));
+    const bool main = i < kMainGlosses, explained = glosses[i].ends_with(')');
+    const int rank = i == 0 ? kFirst : main ? kNext : kLater;
+    keys.push_back({whole, rank, explained});
+    const std::string shortened = names && !readings.empty() ? withShortVowels(whole) : whole;
+    if (shortened != whole) keys.push_back({shortened, std::max<int>(rank, kNext), explained});
+    if (i >= kSeparateGlosses) continue;
+    for (EdictKey& key : singleWords(whole, main)) keys.push_back(std::move(key));
   }
   std::erase_if(keys, [](const EdictKey& key) { return key.word.size() > kLongestKey; });
   return keys;

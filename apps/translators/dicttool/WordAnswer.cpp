@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "dicttool/DictdDictionary.h"
+#include "dicttool/EnglishBases.h"
 #include "dicttool/EntryLine.h"
 
 namespace zavel::dicttool {
@@ -39,23 +40,104 @@ std::string asText(const std::vector<AnswerGroup>& groups) {
   return text;
 }
 
+// One dictionary in the course of a search.
+struct Asked {
+  std::string index;
+  DictdDictionary dictionary;
+  bool sound = true;
+  bool holdsWord = false;
+};
+
+// The search of one word in all dictionaries.
+class Search {
+ public:
+  Search(const std::string& word, const std::vector<std::string>& indexes);
+
+  WordAnswer run();
+
+ private:
+  std::vector<std::string> find(Asked& asked, const std::string& word);
+  void lookUpBase();
+  bool askForBases(const std::vector<std::string>& bases, bool ofWords, bool ofNames);
+
+  std::string word_;
+  std::vector<Asked> asked_;
+  WordAnswer answer_;
+};
+
+Search::Search(const std::string& word, const std::vector<std::string>& indexes) : word_(word) {
+  for (const std::string& index : indexes) {
+    Asked asked;
+    asked.index = index;
+    std::string error;
+    asked.sound = asked.dictionary.open(index, &error);
+    if (!asked.sound) answer_.complaints.push_back(error);
+    asked_.push_back(std::move(asked));
+  }
+}
+
+// The lines for `word`; a dictionary that turns out to be damaged is named and not asked again.
+std::vector<std::string> Search::find(Asked& asked, const std::string& word) {
+  DictdMatches matches;
+  std::string error;
+  if (asked.dictionary.find(word, kMostLines, &matches, &error)) return linesOf(matches);
+  asked.sound = false;
+  answer_.complaints.push_back(error);
+  return {};
+}
+
+WordAnswer Search::run() {
+  for (Asked& asked : asked_) {
+    if (!asked.sound) continue;
+    std::vector<std::string> lines = find(asked, word_);
+    if (asked.sound) ++answer_.searched;
+    asked.holdsWord = !lines.empty();
+    if (asked.holdsWord) answer_.groups.push_back({asked.index, std::move(lines)});
+  }
+  lookUpBase();
+  return std::move(answer_);
+}
+
+// "goes" is a surname, too, but whoever writes it small asks for "go".
+void Search::lookUpBase() {
+  const bool anySmall = !word_.empty() && word_.front() >= 'a' && word_.front() <= 'z';
+  for (Asked& asked : asked_) {
+    if (asked.holdsWord && !(anySmall && asked.dictionary.isOfNames())) return;
+  }
+  const bool held = !answer_.groups.empty();
+  const std::vector<std::vector<std::string>> bases = englishBases(word_);
+  for (const std::vector<std::string>& alternatives : bases) {
+    if (askForBases(alternatives, true, !anySmall)) return;
+  }
+  for (const std::vector<std::string>& alternatives : bases) {
+    if (!held && anySmall && askForBases(alternatives, false, true)) return;
+  }
+}
+
+// Whether some dictionary of the kinds that are asked holds one of `bases`.
+bool Search::askForBases(const std::vector<std::string>& bases, bool ofWords, bool ofNames) {
+  bool found = false;
+  for (Asked& asked : asked_) {
+    if (!asked.sound || asked.holdsWord) continue;
+    if (ofWords != ofNames && asked.dictionary.isOfNames() != ofNames) continue;
+    AnswerGroup group{asked.index, {}};
+    for (const std::string& base : bases) {
+      const std::vector<std::string> lines = find(asked, base);
+      if (lines.empty()) continue;
+      group.lines.push_back(word_ + ": form of " + base);
+      group.lines.insert(group.lines.end(), lines.begin(), lines.end());
+    }
+    if (group.lines.empty()) continue;
+    answer_.groups.push_back(std::move(group));
+    found = true;
+  }
+  return found;
+}
+
 }  // namespace
 
 WordAnswer WordAnswer::of(const std::string& word, const std::vector<std::string>& indexes) {
-  WordAnswer answer;
-  for (const std::string& index : indexes) {
-    DictdDictionary dictionary;
-    DictdMatches matches;
-    std::string error;
-    if (!dictionary.open(index, &error) || !dictionary.find(word, kMostLines, &matches, &error)) {
-      answer.complaints.push_back(error);
-      continue;
-    }
-    ++answer.searched;
-    std::vector<std::string> lines = linesOf(matches);
-    if (!lines.empty()) answer.groups.push_back({index, std::move(lines)});
-  }
-  return answer;
+  return Search(word, indexes).run();
 }
 
 Value WordAnswer::result(Direction form) const {

@@ -21,7 +21,9 @@ struct WordAnswer {
   size_t searched = 0;                  // dictionaries that could be searched
 
   // Looks `word` (UTF-8, tidy) up in the dictionaries at these index paths. Each gives at most twenty lines,
-  // and one more that counts the rest.
+  // and one more that counts the rest. For an English word that none of them holds, or one in small letters
+  // that only dictionaries of names hold, its base is looked up in the others: their groups come last, with a
+  // line in front that names the base.
   static WordAnswer of(const std::string& word, const std::vector<std::string>& indexes);
 
   // The result map. "DictInfoJE" leads from the number of a group, from 1 on, as text to its dictionary's
