@@ -66,8 +66,9 @@ TEST_F(DictdDictionaryTest, ReadsTheBeginningOfALongEntry) {
 
 TEST_F(DictdDictionaryTest, RefusesOneThatNamesOthers) {
   files_.option("00databasevirtual").write(folder_.file("d"));
-  EXPECT_EQ(find("x"),
-            Found{"d.index holds no words of its own but names other dictionaries; name those instead"});
+  EXPECT_EQ(
+      find("x"),
+      Found{"d.index has no words of its own, it only refers to other dictionaries; use those instead"});
 }
 
 TEST_F(DictdDictionaryTest, KnowsWhetherItIsOfNames) {

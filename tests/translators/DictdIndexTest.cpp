@@ -223,11 +223,11 @@ TEST_F(DictdIndexTest, StopsWhereItIsTold) {
 
 TEST_F(DictdIndexTest, NamesDamage) {
   EXPECT_EQ(find("", "cat"), Words{"x.index is damaged: it is empty"});
-  EXPECT_EQ(find("cat\tA\tB", "cat"), Words{"x.index is damaged: its last line does not end"});
-  EXPECT_EQ(find("cat\tA\n", "cat"), Words{"x.index is damaged: what stands there is no index"});
-  EXPECT_EQ(find("cat\tA\t!\n", "cat"), Words{"x.index is damaged: what stands there is no index"});
+  EXPECT_EQ(find("cat\tA\tB", "cat"), Words{"x.index is damaged: its last line is incomplete"});
+  EXPECT_EQ(find("cat\tA\n", "cat"), Words{"x.index is damaged: it is not a valid index"});
+  EXPECT_EQ(find("cat\tA\t!\n", "cat"), Words{"x.index is damaged: it is not a valid index"});
   EXPECT_EQ(find(std::string(100000, 'x') + "\n", "cat"),
-            Words{"x.index is damaged: what stands there is no index"});
+            Words{"x.index is damaged: it is not a valid index"});
   DictdIndex reader;
   std::string error;
   EXPECT_FALSE(reader.open(folder_.file("none.index"), &error));

@@ -87,7 +87,8 @@ TEST_F(DictdTextTest, RefusesAMissingFile) {
 
 TEST_F(DictdTextTest, RefusesAGzipFileWithoutChunks) {
   EXPECT_EQ(at(plainGzip("0123456789"), 0, 1),
-            "text is a gzip file that can only be read from its beginning; pack it with dictzip");
+            "text is an ordinary gzip file, which can only be read from the start; compress it with dictzip "
+            "instead");
 }
 
 TEST_F(DictdTextTest, RefusesAHeaderThatIsCutOrWrong) {

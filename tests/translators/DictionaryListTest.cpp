@@ -95,7 +95,7 @@ TEST_F(DictionaryListTest, FollowsTheUsersConfiguration) {
   english.addConfiguration();
   EXPECT_EQ(below(english.indexes()), (Paths{"own/b.index", "zp/c.index"}));
   EXPECT_EQ(below(english.complaints()),
-            Paths{"own/missing, which own/dictionaries.plist names, has no index beside it"});
+            Paths{"own/missing, named in own/dictionaries.plist, has no index file next to it"});
   DictionaryList japanese = list(Direction::kJapanese);  // which it doesn't speak of
   japanese.addConfiguration();
   EXPECT_EQ(below(japanese.indexes()), (Paths{"own/a.index", "own/b.index"}));
@@ -108,7 +108,7 @@ TEST_F(DictionaryListTest, GoesOnWithoutADamagedConfiguration) {
   english.addConfiguration();
   EXPECT_EQ(below(english.indexes()), Paths{"own/a.index"});
   EXPECT_EQ(below(english.complaints()), Paths{"own/dictionaries.plist can't be read as a property list; the "
-                                               "standard dictionaries are used"});
+                                               "standard dictionaries are used instead"});
 }
 
 TEST_F(DictionaryListTest, TakesTheStylesDictionariesFirst) {

@@ -90,7 +90,7 @@ TEST_F(DicttoolProgramTest, AnswersAWordThatNoneHolds) {
 TEST_F(DicttoolProgramTest, SaysThatItDoesNotTranslateYet) {
   const Outcome outcome = run({"-e", folder_.file("source"), "-r", folder_.file("result")});
   EXPECT_EQ(outcome.status, 3);
-  EXPECT_EQ(outcome.err, "zavel-dicttool: sentence translation is not built in yet\n");
+  EXPECT_EQ(outcome.err, "zavel-dicttool: sentences can't be translated yet; add -w to look up a word\n");
   EXPECT_EQ(folder_.read("result"), "(none)");
 }
 

@@ -141,12 +141,12 @@ TEST_F(EdictConversionTest, LeavesStrayLinesOut) {
 TEST_F(EdictConversionTest, RefusesWhatIsNoEdict) {
   Failure failure = convert("one\ntwo\n");
   EXPECT_EQ(failure.status, 5);
-  EXPECT_EQ(withoutFolder(failure.message), "source is no EDICT file: 2 of 2 lines are of another form");
+  EXPECT_EQ(withoutFolder(failure.message), "source is not an EDICT file: 2 of 2 lines have another format");
   failure = convert("");
-  EXPECT_EQ(withoutFolder(failure.message), "source is no EDICT file: 0 of 0 lines are of another form");
+  EXPECT_EQ(withoutFolder(failure.message), "source is not an EDICT file: 0 of 0 lines have another format");
   failure = convert("猫 [ねこ] /(n) cat/\n犬 [いぬ] /(n) do");
   EXPECT_EQ(failure.status, 5);
-  EXPECT_EQ(withoutFolder(failure.message), "source is cut short: its last line breaks off");
+  EXPECT_EQ(withoutFolder(failure.message), "source is incomplete: its last line is cut off");
   EXPECT_EQ(folder_.names(), Texts{"source"});
 }
 

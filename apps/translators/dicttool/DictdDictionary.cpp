@@ -51,7 +51,7 @@ std::optional<std::string> DictdDictionary::indexOf(const std::string& path) {
 bool DictdDictionary::open(const std::string& indexPath, std::string* error) {
   if (!index_.open(indexPath, error)) return false;
   if (index_.hasOption("virtual") || index_.hasOption("plugin")) {
-    *error = indexPath + " holds no words of its own but names other dictionaries; name those instead";
+    *error = indexPath + " has no words of its own, it only refers to other dictionaries; use those instead";
     return false;
   }
   const std::string base = withoutEnd(indexPath, kIndex);

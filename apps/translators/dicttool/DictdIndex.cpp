@@ -72,7 +72,7 @@ bool DictdIndex::open(const std::string& path, std::string* error) {
   size_ = static_cast<uint64_t>(size);
   char last = 0;
   if (size_ == 0 || file_->readAt(size_ - 1, &last, 1) != 1 || last != '\n') {
-    *error = path + (size_ == 0 ? " is damaged: it is empty" : " is damaged: its last line does not end");
+    *error = path + (size_ == 0 ? " is damaged: it is empty" : " is damaged: its last line is incomplete");
     return false;
   }
   // They are filed in the order that they tell of, so they are looked for in both.
@@ -110,7 +110,7 @@ bool DictdIndex::find(std::string_view word, const std::function<bool(const Inde
                        return sound && visit(*parsed);
                      }) &&
           sound;
-  if (!sound) *error = path_ + " is damaged: what stands there is no index";
+  if (!sound) *error = path_ + " is damaged: it is not a valid index";
   return sound;
 }
 

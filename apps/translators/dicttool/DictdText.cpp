@@ -90,7 +90,9 @@ bool DictdText::readHeader(std::string* error) {
   packed_ = header.starts_with("\x1F\x8B");
   if (!packed_) return true;
   if (isGzip(header) && !(flagsOf(header) & kFlagExtra)) {
-    *error = path_ + " is a gzip file that can only be read from its beginning; pack it with dictzip";
+    *error =
+        path_ +
+        " is an ordinary gzip file, which can only be read from the start; compress it with dictzip instead";
     return false;
   }
   if (isGzip(header) && readGzipHeader(header)) return true;

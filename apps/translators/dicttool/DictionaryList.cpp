@@ -113,7 +113,8 @@ void DictionaryList::addConfiguration() {
   const std::string path = places_.folder + kConfiguration;
   Value file;
   if (storage().exists(path) && (!platform().propertyLists().readFile(path, &file) || !file.isDict())) {
-    complaints_.push_back(path + " can't be read as a property list; the standard dictionaries are used");
+    complaints_.push_back(path +
+                          " can't be read as a property list; the standard dictionaries are used instead");
     file = {};
   }
   const Value* own = file.find(code());
@@ -123,8 +124,8 @@ void DictionaryList::addConfiguration() {
   }
   for (const std::string& place : stringsOf(own)) {
     if (add(below(places_.folder, place))) continue;
-    complaints_.push_back(below(places_.folder, place) + ", which " + path +
-                          " names, has no index beside it");
+    complaints_.push_back(below(places_.folder, place) + ", named in " + path +
+                          ", has no index file next to it");
   }
 }
 

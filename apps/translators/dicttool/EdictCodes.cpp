@@ -40,7 +40,7 @@ const Table& wordCodes() {
       {"prt", "particle"},
       {"sl", "slang"},
       {"suf", "suffix"},
-      {"uk", "usually kana"},
+      {"uk", "usually written in kana"},
       {"v1", "ichidan verb"},
       {"v5aru", "godan verb"},
       {"v5b", "godan verb"},

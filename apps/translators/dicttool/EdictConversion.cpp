@@ -155,7 +155,7 @@ Failure convertEdict(const std::string& source, std::string target, const volati
   std::string bytes;
   if (!readWholeFile(source, kMostBytes, &bytes)) return {kExitEnvironment, source + " can't be read"};
   if (!bytes.empty() && bytes.back() != '\n' && bytes.back() != '/') {  // each line ends in "/"
-    return {kExitDamaged, source + " is cut short: its last line breaks off"};
+    return {kExitDamaged, source + " is incomplete: its last line is cut off"};
   }
   target = withoutEnd(std::move(target));
   const Failure unwritable{kExitEnvironment, target + ".index and .dict can't be written"};
@@ -166,9 +166,9 @@ Failure convertEdict(const std::string& source, std::string target, const volati
   if (error || !conversion.run(bytes, stop)) return unwritable;
   if (stop && *stop) return {kExitInterrupted, "interrupted; nothing was changed"};
   if (!conversion.isEdict()) {
-    return {kExitDamaged, source + " is no EDICT file: " + std::to_string(account->leftOut) + " of " +
+    return {kExitDamaged, source + " is not an EDICT file: " + std::to_string(account->leftOut) + " of " +
                               std::to_string(account->leftOut + account->entries) +
-                              " lines are of another form"};
+                              " lines have another format"};
   }
   return conversion.finish() ? Failure{} : unwritable;
 }

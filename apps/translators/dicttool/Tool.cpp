@@ -24,7 +24,7 @@ Failure convert(const ToolOptions& options, std::ostream& out, const volatile st
 Failure work(const ToolOptions& options, std::ostream& out, std::ostream& err,
              const volatile std::sig_atomic_t* stop) {
   if (!options.conversion.empty()) return convert(options, out, stop);
-  if (!options.word) return {kExitEnvironment, "sentence translation is not built in yet"};
+  if (!options.word) return {kExitEnvironment, "sentences can't be translated yet; add -w to look up a word"};
   return lookUpWord(options, DictionaryPlaces::standard(), err);
 }
 

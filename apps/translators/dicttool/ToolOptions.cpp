@@ -10,8 +10,9 @@ namespace zavel::dicttool {
 namespace {
 
 constexpr const char* kAbout =
-    "Looks a word up in dictionaries of dictd form, for programs that ask by files: the word stands in the\n"
-    "source file, the answer goes into the result file.\n"
+    "Looks a word up in dictd dictionaries for another program: reads the word from the source file, writes "
+    "the\n"
+    "answer to the result file.\n"
     "\n"
     "Examples:\n"
     "  printf cat >word; zavel-dicttool -e word -r answer.plist -w\n"
@@ -20,25 +21,26 @@ constexpr const char* kAbout =
     "~/.local/share/zavel/dictionaries/translation/compdic\n";
 
 constexpr const char* kExits =
-    "Exit status: 0 done, the word found or not; 2 wrong usage; 3 a file missing or not to be written, no\n"
-    "dictionary; 5 damaged data; 130 interrupted. zavel-dicttool(1) tells the rest.\n";
+    "Exit status: 0 done, whether the word was found or not; 2 wrong usage; 3 a file is missing or can't be\n"
+    "written, or there is no dictionary; 5 damaged data; 130 interrupted. See zavel-dicttool(1) for more.\n";
 
 void describe(CLI::App& app, ToolOptions* options) {
   app.footer(kExits);
   app.set_version_flag("-V,--version", "zavel-dicttool " ZAVEL_VERSION);
   CLI::Option* parameters =
-      app.add_option("-d", options->parameterFile, "Parameter file: dictionaries to search")
+      app.add_option("-d", options->parameterFile, "Parameter file that names the dictionaries to search")
           ->type_name("FILE");
-  app.add_flag("-m", options->medical, "Search the configuration's dictionaries alone")->excludes(parameters);
-  app.add_option("-i", options->styleFile, "Style file: technical and user dictionaries by name")
+  app.add_flag("-m", options->medical, "Search only the dictionaries of the configuration")
+      ->excludes(parameters);
+  app.add_option("-i", options->styleFile, "Style file that names technical and user dictionaries")
       ->type_name("FILE");
-  app.add_option("-s", options->styleNumber, "Place of the style in that file, from 0 on")
+  app.add_option("-s", options->styleNumber, "Position of the style in that file, counted from 0")
       ->type_name("NUMBER");
-  app.add_option("-e", options->source, "Source file: the word, in Shift_JIS")->type_name("FILE");
+  app.add_option("-e", options->source, "Source file with the word, in Shift_JIS")->type_name("FILE");
   app.add_option("-r", options->result, "Result file to write, a property list")->type_name("FILE");
-  app.add_flag("-w", options->word, "Look a word up");
+  app.add_flag("-w", options->word, "Look up a word");
   app.add_option("--convert", options->conversion,
-                 "Make TARGET.index and TARGET.dict of a file in EDICT form")
+                 "Make TARGET.index and TARGET.dict from a file in EDICT format")
       ->expected(2)
       ->type_name("SOURCE TARGET");
 }
@@ -46,7 +48,7 @@ void describe(CLI::App& app, ToolOptions* options) {
 void check(const ToolOptions& options) {
   const bool files = !options.source.empty() || !options.result.empty() || options.word;
   if (!options.conversion.empty()) {
-    if (files) throw CLI::ValidationError("--convert stands alone");
+    if (files) throw CLI::ValidationError("--convert can't be combined with -e, -r or -w");
     return;
   }
   if (options.source.empty()) throw CLI::ValidationError("-e FILE is required");
