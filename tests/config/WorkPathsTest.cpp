@@ -12,6 +12,9 @@
 namespace zavel::test {
 namespace {
 
+// As the process begins with it, ahead of any test.
+const int kAppletAtStart = ownedApplet;
+
 class WorkPaths : public ConfigTest {
  protected:
   WorkPaths() {
@@ -53,6 +56,7 @@ class WorkPaths : public ConfigTest {
 // --- ownedApplet ---
 
 TEST_F(WorkPaths, TheApplicationIsTheCorrespondenceClientAtFirst) {
+  EXPECT_EQ(kAppletAtStart, 6);
   checkOwnApplet();
   EXPECT_EQ(ownedApplet, 6);
 }

@@ -123,6 +123,16 @@ TEST_F(Events, AHiddenModeTakesItsEventsWithoutComingUp) {
   }
 }
 
+TEST_F(Events, OneThatBringsUpItsModeHidesThePreferences) {
+  for (const char* name :
+       {"zfDictLookupNotification", "zfEtoJTranslationNotification", "zfRssNotification"}) {
+    Window window(kAllModes);
+    window.controller->zfwPrefController().showDictPanel();
+    window.post(name, "take");
+    EXPECT_TRUE(window.controller->zfwPrefController().panel().hidden()) << name;
+  }
+}
+
 TEST_F(Events, AHiddenModeDisturbsNothingThatIsUp) {
   Window window({"zfDictTab"}, {"zfTransTab"});
   window.look("take");
@@ -488,6 +498,38 @@ TEST_F(Events, AHostWithoutTabsHasItsFixedModes) {
   host.input.type("take");
   EXPECT_TRUE(host.input.insertNewline());
   EXPECT_EQ(host.rows().size(), 2u);
+}
+
+// Its first mode, the dictionary, is up for good.
+TEST_F(Events, AHostWithoutTabsLooksUpWhatIsDropped) {
+  FieldHost host;
+  Posts results("zfDictResultNotification");
+  postText("take");
+  EXPECT_EQ(dictionary(host), "take|2");
+  host.post("zfRssNotification", "http://x/");
+  postText("match");
+  EXPECT_EQ(dictionary(host), "match|2");
+  EXPECT_EQ(results.numbers(), (std::vector<int64_t>{8, 8}));
+}
+
+TEST_F(Events, AHostWithoutTabsClearsTheDictionaryWithItsField) {
+  FieldHost host;
+  host.look("take");
+  host.input.type("tak");
+  EXPECT_EQ(host.rows().size(), 2u);
+  host.input.type("");
+  EXPECT_EQ(host.rows().size(), 0u);
+  EXPECT_EQ(host.detail(), "");
+}
+
+TEST_F(Events, AHostWithoutTabsIsGivenTheMenusOfItsModes) {
+  FieldHost host;
+  NotificationObject mode;
+  mode.value = "zfTransTab";
+  NotificationCenter::shared().post("zfSlideTabNotification", mode);
+  EXPECT_EQ(host.input.menu(), host.controller->tMenu());
+  host.look("take");  // brings the dictionary's back
+  EXPECT_EQ(host.input.menu(), host.controller->dMenu());
 }
 
 TEST_F(Events, AReportOfALookUpNamesItsController) {
