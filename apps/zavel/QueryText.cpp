@@ -123,7 +123,26 @@ int soundMark(char32_t c) {
   return 0;
 }
 
+// Kanji that keyboards give in a shape that Shift_JIS lacks, each with the shape that it has.
+constexpr std::u32string_view kNewShapes =
+    U"𠮷𠮟俠剝啞嚙囊塡屢搔摑潑瀆焰瘦禱簞繡繫萊蔣蟬蠟軀醬醱頰顚驒鷗鹼麴";
+constexpr std::u32string_view kOldShapes =
+    U"吉叱侠剥唖噛嚢填屡掻掴溌涜焔痩祷箪繍繋莱蒋蝉蝋躯醤醗頬顛騨鴎鹸麹";
+static_assert(kNewShapes.size() == kOldShapes.size());
+
+char32_t oldShape(char32_t c) {
+  const size_t place = c < 0x4E00 ? std::u32string_view::npos : kNewShapes.find(c);
+  return place == std::u32string_view::npos ? c : kOldShapes[place];
+}
+
+// Characters that only tell how their neighbours are drawn or where a line may break.
+bool isInvisible(char32_t c) {
+  return c == 0xAD || (c >= 0x200B && c <= 0x200F) || c == 0x2060 || (c >= 0xFE00 && c <= 0xFE0F) ||
+         c == 0xFEFF || (c >= 0xE0100 && c <= 0xE01EF);
+}
+
 void appendPlain(char32_t c, std::u32string* out) {
+  if (isInvisible(c)) return;
   if (c >= 0xFF01 && c <= 0xFF5E) c -= 0xFEE0;  // full-width ASCII
   if (c >= 0xFF66 && c <= 0xFF9D) c = kFullKatakana[c - 0xFF66];
   const int mark = soundMark(c);
@@ -145,8 +164,22 @@ void appendPlain(char32_t c, std::u32string* out) {
   } else if (c >= 0xC0 && c < 0x180 && kPlainLetters[c - 0xC0] != ' ') {
     *out += static_cast<char32_t>(kPlainLetters[c - 0xC0]);
   } else if (c < 0x300 || c >= 0x370) {  // an accent by itself belongs to the letter ahead of it
-    *out += c;
+    *out += oldShape(c);
   }
+}
+
+std::u32string plain(std::u32string_view typed) {
+  std::u32string out;
+  for (const char32_t c : typed) appendPlain(c, &out);
+  return out;
+}
+
+// Signs of ASCII and those of its neighbours that words are written with.
+bool isSign(char32_t c) {
+  if (c >= 0xFF01 && c <= 0xFF5E) c -= 0xFEE0;
+  if (c < 0x80) return c > ' ' && !isDigit(c) && !(c >= U'a' && c <= U'z') && !(c >= U'A' && c <= U'Z');
+  const bool japanese = (c >= 0x3001 && c <= 0x3020 && !(c >= 0x3005 && c <= 0x3007)) || c == 0x30FB;
+  return japanese || (c >= 0x2010 && c <= 0x203B) || (c >= 0x2190 && c <= 0x25FF);
 }
 
 std::u32string_view withoutOuterSigns(std::u32string_view text) {
@@ -232,13 +265,26 @@ std::string foldedQuery(std::string_view utf8) {
   bool sound = true;
   const std::u32string typed = decoded(utf8, &sound);
   if (!sound) return std::string(utf8);
-  std::u32string plain;
-  for (const char32_t c : typed) appendPlain(c, &plain);
-  std::u32string word(withoutOuterSigns(plain));
+  const std::u32string inner = plain(typed);
+  std::u32string word(withoutOuterSigns(inner));
   const auto isJapanese = [](char32_t c) { return isKana(c) || isKanji(c); };
   if (std::any_of(word.begin(), word.end(), isJapanese)) {
     word = withKanjiNumbers(withoutIterationMarks(word));
   }
+  return encoded(word);
+}
+
+std::string plainCharacters(std::string_view utf8) {
+  bool sound = true;
+  const std::u32string typed = decoded(utf8, &sound);
+  return sound ? encoded(plain(typed)) : std::string(utf8);
+}
+
+std::string withoutSigns(std::string_view utf8) {
+  bool sound = true;
+  std::u32string word = decoded(utf8, &sound);
+  if (!sound) return std::string(utf8);
+  std::erase_if(word, isSign);
   return encoded(word);
 }
 

@@ -2,7 +2,9 @@
 #include "WordBytes.h"
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "Utf8.h"
 #include "engine/ChangeMidasi.h"
@@ -17,6 +19,16 @@ bool isAscii(const std::string& text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; });
 }
 
+std::vector<std::string> charactersOf(const std::string& utf8) {
+  std::vector<std::string> characters;
+  char32_t code = 0;
+  std::string_view left = utf8;
+  for (size_t length = 0; (length = decodeUtf8(left, &code)) > 0; left.remove_prefix(length)) {
+    characters.emplace_back(left.substr(0, length));
+  }
+  return characters;
+}
+
 }  // namespace
 
 std::optional<std::string> wordBytes(const std::string& utf8) {
@@ -24,6 +36,22 @@ std::optional<std::string> wordBytes(const std::string& utf8) {
   const std::optional<SjisBytes> bytes = platform().encoding().toSjisStrict(utf8);
   if (!bytes) return std::nullopt;
   return bytes->bytes();
+}
+
+std::string unknownCharacters(const std::string& utf8) {
+  std::string unknown;
+  for (const std::string& character : charactersOf(utf8)) {
+    if (!wordBytes(character) && unknown.find(character) == std::string::npos) unknown += character;
+  }
+  return unknown;
+}
+
+std::string withoutUnknownCharacters(const std::string& utf8) {
+  std::string known;
+  for (const std::string& character : charactersOf(utf8)) {
+    if (wordBytes(character)) known += character;
+  }
+  return known;
 }
 
 std::string shownText(std::string sjis) {

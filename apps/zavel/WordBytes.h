@@ -10,6 +10,12 @@ namespace zavel::host {
 // In Shift_JIS; nothing when a character has no place there, so that no headword can hold it.
 std::optional<std::string> wordBytes(const std::string& utf8);
 
+// The characters that keep wordBytes() from giving anything, each once, in their order. `utf8` is UTF-8.
+std::string unknownCharacters(const std::string& utf8);
+
+// `utf8` without them.
+std::string withoutUnknownCharacters(const std::string& utf8);
+
 // UTF-8 for the eye: lines ended by 0x0A, no control characters.
 std::string shownText(std::string sjis);
 

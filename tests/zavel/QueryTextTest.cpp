@@ -71,6 +71,36 @@ TEST(FoldedQuery, WritesNumbersInKanjiInJapaneseWords) {
   EXPECT_EQ(foldedQuery("１２"), "12");
 }
 
+TEST(FoldedQuery, TakesTheShapesOfKanjiThatHeadwordsHave) {
+  EXPECT_EQ(foldedQuery("𠮷野家"), "吉野家");
+  EXPECT_EQ(foldedQuery("𠮟る"), "叱る");
+  EXPECT_EQ(foldedQuery("頰"), "頬");
+  EXPECT_EQ(foldedQuery("醬油"), "醤油");
+  EXPECT_EQ(foldedQuery("鷗"), "鴎");
+  EXPECT_EQ(foldedQuery("麴"), "麹");
+  EXPECT_EQ(foldedQuery("葛"), "葛");
+}
+
+TEST(FoldedQuery, LeavesOutWhatCannotBeSeen) {
+  EXPECT_EQ(foldedQuery("go\u200B"), "go");
+  EXPECT_EQ(foldedQuery("葛\U000E0100"), "葛");
+  EXPECT_EQ(foldedQuery("dic\u00ADtionary"), "dictionary");
+  EXPECT_EQ(foldedQuery("go😀"), "go😀");
+}
+
+TEST(PlainCharacters, KeepTheSignsAtBothEnds) {
+  EXPECT_EQ(plainCharacters("「Ｃ＋＋」"), "「C++」");
+}
+
+TEST(WithoutSigns, LeavesLettersDigitsAndBlanks) {
+  EXPECT_EQ(withoutSigns("C++"), "C");
+  EXPECT_EQ(withoutSigns("AC/DC 2"), "ACDC 2");
+  EXPECT_EQ(withoutSigns("don’t"), "dont");
+  EXPECT_EQ(withoutSigns("Ｃ＃"), "Ｃ");
+  EXPECT_EQ(withoutSigns("インターネット・カフェ"), "インターネットカフェ");
+  EXPECT_EQ(withoutSigns("人々 ビール"), "人々 ビール");
+}
+
 TEST(WithoutOuterBlanks, CutsAllKindsOfBlank) {
   EXPECT_EQ(withoutOuterBlanks("　猫　"), "猫");
   EXPECT_EQ(withoutOuterBlanks(" \tgo on\r\n"), "go on");
