@@ -14,9 +14,12 @@
 #include "QueryText.h"
 #include "Terminal.h"
 #include "Utf8.h"
+#include "WordBytes.h"
 
 namespace zavel::host {
 namespace {
+
+using Strings = std::vector<std::string>;
 
 constexpr size_t kDefaultSuggestions = 5;
 constexpr size_t kLongestEcho = 60;  // bytes of a query in a message
@@ -32,21 +35,31 @@ std::string echo(std::string_view query) {
   return printable(start) + "...";
 }
 
+// "the character 😀", "the characters 😀한".
+std::string charactersNamed(const std::string& characters) {
+  char32_t first = 0;
+  const bool one = decodeUtf8(characters, &first) == characters.size();
+  return std::string(one ? "the character " : "the characters ") + echo(characters);
+}
+
 Failure noSuchRow(size_t row, size_t count) {
   const std::string number = std::to_string(count);
-  return {
-      kExitNothing, "no_row",
-      "there is no row " + std::to_string(row) + ": the look-up gave " +
-          (count == 0 ? "none" : number + (count == 1 ? " row" : " rows")),
-      count == 0 ? "Leave --row out to see what there is." : "Give --row a number from 1 to " + number + "."};
+  return {kExitNothing, "no_row",
+          "there is no row " + std::to_string(row) + ": the result list " +
+              (count == 0 ? "is empty" : "has " + number + (count == 1 ? " row" : " rows")),
+          count == 0 ? "Leave out --row to see near headwords." : "Choose a row from 1 to " + number + "."};
 }
 
 }  // namespace
 
-Answerer::Answerer(const LookOptions& options, MirellDictionaryManager& manager, Dictionaries* dictionaries,
-                   bool batch)
-    : options_(options), look_(manager), dictionaries_(dictionaries), batch_(batch) {
+Answerer::Answerer(const LookOptions& options, Host& host, bool batch)
+    : options_(options),
+      host_(host),
+      look_(host.manager()),
+      dictionaries_(host.dictionaries()),
+      batch_(batch) {
   kinds_ = dictionaries_ ? dictionaries_->kinds() : std::vector<RowKind>{RowKind::kBilingual};
+  if (host.lostTranslation()) kinds_.push_back(RowKind::kTranslation);
   if (dictionaries_) dictionaries_->setMode(options.mode);
   text_.colour = useColor(STDOUT_FILENO, options.colour);
   text_.width = terminalWidth(STDOUT_FILENO);
@@ -62,7 +75,7 @@ void Answerer::answer(std::string_view query, bool tooLong) {
   if (tooLong) {
     failure = wordTooLong();
   } else if (!isUtf8(word)) {
-    failure = {kExitUsage, "not_text", "the word is not UTF-8 text", "Give it in UTF-8."};
+    failure = {kExitUsage, "not_text", "the word is not UTF-8 text", "Write it in UTF-8."};
   } else {
     look(word, &result, &failure);
   }
@@ -87,27 +100,50 @@ void Answerer::look(std::string_view word, LookResult* result, Failure* failure)
   if (*failure || !everywhere || !isWord) return;
   result->kinds = kinds_;
   if (dictionaries_) askDictionaries(result);
-  const size_t row = static_cast<size_t>(options_.row);
-  if (row > result->rows.size()) *failure = noSuchRow(row, result->rows.size());
+  if (host_.lostTranslation()) result->failures[RowKind::kTranslation] = host_.lostTranslation();
+  complain(*result);
+  *failure = rowFailure(*result);
 }
 
+// The word as it was typed, then in the characters of headwords. Of a word with characters that Shift_JIS
+// lacks the rest alone would be asked for, and another word would answer.
 void Answerer::askDictionaries(LookResult* result) {
   std::optional<size_t> row;
   if (options_.row > 0) row = static_cast<size_t>(options_.row) - 1;
-  dictionaries_->ask(result->query, row, result);
-  complain();
-  if (!result->rows.empty() || interrupted()) return;
   const std::string folded = foldedQuery(result->query);
-  if (folded == result->query || folded.empty()) return;
-  dictionaries_->ask(folded, row, result);
-  complain();
+  const bool same = folded == result->query || folded.empty();
+  result->translationUnasked = true;
+  for (const std::string& word : same ? Strings{result->query} : Strings{result->query, folded}) {
+    if (!wordBytes(word)) {
+      if (word == folded) result->unknown = unknownCharacters(word);
+      continue;
+    }
+    dictionaries_->ask(word, row, result);
+    if (interrupted()) return;
+    if (result->rows.empty() && result->failures.empty()) continue;
+    if (result->entries.empty() && result->origin == result->query) result->origin = word;
+    return;
+  }
 }
 
-// Once for many words that fail alike.
-void Answerer::complain() {
-  const std::string complaint = dictionaries_->complaint();
-  if (!complaint.empty() && complaint != complained_) warn(complaint);
-  if (!complaint.empty()) complained_ = complaint;
+// Once for many words that fail alike, and not while all is ending.
+void Answerer::complain(const LookResult& result) {
+  if (interrupted()) return;
+  for (const auto& [kind, failure] : result.failures) {
+    if (failure.message != complained_) warn(failure.message);
+    complained_ = failure.message;
+  }
+}
+
+Failure Answerer::rowFailure(const LookResult& result) const {
+  if (options_.row == 0) return {};
+  if (!dictionaries_) {
+    return {kExitEnvironment, "no_folder",
+            "there is no result list: no folder for temporary files can be made",
+            "Set TMPDIR to a folder that you can write to."};
+  }
+  const size_t row = static_cast<size_t>(options_.row);
+  return row > result.rows.size() ? noSuchRow(row, result.rows.size()) : Failure();
 }
 
 void Answerer::finish() {
@@ -125,9 +161,10 @@ int Answerer::status() const {
   return found_ > 0 ? kExitFound : kExitNothing;
 }
 
-// Whether the row that is asked for is there. A blank word, which is asked nowhere, has none.
-bool Answerer::hasRow(const LookResult& result) const {
-  return options_.row > 0 && static_cast<size_t>(options_.row) <= result.rows.size();
+// The row that is asked for; null without one. A blank word, which is asked nowhere, has none.
+const Row* Answerer::rowAsked(const LookResult& result) const {
+  const size_t row = static_cast<size_t>(options_.row);
+  return row > 0 && row <= result.rows.size() ? &result.rows[row - 1] : nullptr;
 }
 
 LookRequest Answerer::request(std::string_view word) const {
@@ -155,10 +192,16 @@ void Answerer::refuse(std::string_view word, const Failure& failure) {
 }
 
 void Answerer::show(const LookResult& result) {
-  const bool found = options_.list    ? !result.headwords.empty()
-                     : options_.forms ? !result.forms.empty()
-                                      : result.found() || hasRow(result);
-  if (found) ++found_;
+  const bool found = options_.list      ? !result.headwords.empty()
+                     : options_.forms   ? !result.forms.empty()
+                     : rowAsked(result) ? !rowAsked(result)->text.empty()
+                                        : result.found();
+  if (found) {
+    ++found_;
+  } else if (!result.failures.empty()) {
+    ++failed_;  // whether the word is there is not known
+    lastFailure_ = result.failures.begin()->second.status;
+  }
   if (options_.json) {
     write(json(result) + "\n");
   } else if (found) {
@@ -179,6 +222,7 @@ std::string Answerer::json(const LookResult& result) const {
   parts.headwords = options_.list;
   parts.forms = options_.forms;
   parts.limit = static_cast<size_t>(options_.limit);
+  parts.row = static_cast<size_t>(options_.row);
   return resultJson(result, parts);
 }
 
@@ -193,18 +237,27 @@ std::string Answerer::text(const LookResult& result) const {
   return options_.plain ? plainEntries(result, text_.limit) : answerText(result, text_);
 }
 
-const char* Answerer::whatIsMissing(const LookResult& result) const {
+std::string Answerer::whatIsMissing(const LookResult& result) const {
   if (options_.forms) return "no inflection table for";
   if (options_.list) return "no headword begins with";
-  if (!result.lacksPart) return "no entry for";
-  return options_.mode == Mode::kPhrase    ? "no phrases in the entries for"
-         : options_.mode == Mode::kExample ? "no examples in the entries for"
-                                           : "no translations in the entries for";
+  if (!result.lacksPart && !rowAsked(result)) return "no entry for";
+  const std::string part = options_.mode == Mode::kPhrase    ? "no phrases"
+                           : options_.mode == Mode::kExample ? "no examples"
+                                                             : "no translations";
+  const std::string where = rowAsked(result) ? "row " + std::to_string(options_.row) : "the entries";
+  return part + " in " + where + " for";
 }
 
 void Answerer::tellNotFound(const LookResult& result) {
   std::fflush(stdout);
-  std::fprintf(stderr, "zavel: %s \"%s\"\n", whatIsMissing(result), echo(result.query).c_str());
+  std::string line = whatIsMissing(result) + " \"" + echo(result.query) + "\"";
+  // What else was tried, where that is more than signs taken off.
+  const bool otherwise =
+      result.origin != result.query && result.query.find(result.origin) == std::string::npos;
+  if (otherwise && result.unknown.empty()) line += " or \"" + echo(result.origin) + "\"";
+  if (!result.unknown.empty()) line += ": no dictionary here knows " + charactersNamed(result.unknown);
+  std::fprintf(stderr, "zavel: %s\n", line.c_str());
+  if (rowAsked(result)) return;
   const size_t count = options_.limit > 0
                            ? std::min(result.suggestions.size(), static_cast<size_t>(options_.limit))
                            : result.suggestions.size();

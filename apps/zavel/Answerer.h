@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "Dictionaries.h"
 #include "Failure.h"
+#include "Host.h"
 #include "Look.h"
 #include "LookCommand.h"
 #include "TextView.h"
@@ -17,10 +17,8 @@ namespace zavel::host {
 
 class Answerer {
  public:
-  // `batch`: the queries come from standard input. All are borrowed; `dictionaries` may be null, where the
-  // bilingual one alone is open.
-  Answerer(const LookOptions& options, MirellDictionaryManager& manager, Dictionaries* dictionaries,
-           bool batch);
+  // `batch`: the queries come from standard input. `host` is open. Both are borrowed.
+  Answerer(const LookOptions& options, Host& host, bool batch);
 
   // Writes the answer to standard output, or says on standard error why there is none. `tooLong`: `query` is
   // only the start of what was asked.
@@ -34,21 +32,23 @@ class Answerer {
 
  private:
   LookRequest request(std::string_view word) const;
-  bool hasRow(const LookResult& result) const;
+  const Row* rowAsked(const LookResult& result) const;
+  Failure rowFailure(const LookResult& result) const;
   void look(std::string_view word, LookResult* result, Failure* failure);
   void askDictionaries(LookResult* result);
-  void complain();
+  void complain(const LookResult& result);
   void refuse(std::string_view word, const Failure& failure);
   void show(const LookResult& result);
   std::string text(const LookResult& result) const;
   std::string json(const LookResult& result) const;
-  const char* whatIsMissing(const LookResult& result) const;
+  std::string whatIsMissing(const LookResult& result) const;
   void tellNotFound(const LookResult& result);
   void write(const std::string& text);
 
   const LookOptions& options_;
+  Host& host_;
   Look look_;
-  Dictionaries* dictionaries_;
+  Dictionaries* dictionaries_;  // null where the bilingual dictionary alone is open
   std::vector<RowKind> kinds_;  // of what is searched
   std::string complained_;      // what was told last of a dictionary that did not answer
   TextLook text_;

@@ -1,16 +1,21 @@
 // Tests: tests/zavel/DictionariesTest.cpp
 #include "Dictionaries.h"
 
+#include <string.h>
+
 #include <algorithm>
 
 #include "SilentOutput.h"
 #include "StyleFile.h"
+#include "TranslationLines.h"
 #include "Utf8.h"
+#include "base/ProgramPlaces.h"
 #include "config/WorkPaths.h"
 #include "config/WorkStyles.h"
 #include "config/ZFWPlistKeys.h"
 #include "foundation/Storage.h"
 #include "platform/Bundle.h"
+#include "platform/PropertyLists.h"
 #include "shell/ProcessObjects.h"
 #include "ui/ZFNotifications.h"
 
@@ -19,6 +24,9 @@ namespace {
 
 constexpr const char* kResultFile = "LookResult";
 constexpr const char* kLookUp = "zfDictLookupNotification";
+constexpr const char* kReinstall = "Install zavel again, or run: zavel prefs dict disable translation";
+constexpr const char* kSwitchOff = "To go on without it, run: zavel prefs dict disable translation";
+constexpr int kSignals = 128;  // an exit status above it tells the signal that ended a program
 
 struct KindRow {
   RowKind kind;
@@ -31,9 +39,24 @@ constexpr KindRow kKinds[] = {
     {RowKind::kTranslation, ZFWTransType, "TranslationDictionary"},
 };
 
+constexpr const char* kLanguages[] = {"en", "ja"};
+
+const char* keyOfName(RowKind kind) {
+  for (const KindRow& row : kKinds) {
+    if (row.kind == kind) return row.name;
+  }
+  return "";
+}
+
 std::string member(const Value& map, const char* key) {
   const Value* value = map.find(key);
   return value ? value->string() : std::string();
+}
+
+std::string endOf(int status) {
+  const char* signal = status > kSignals ? strsignal(status - kSignals) : nullptr;
+  if (!signal) return " ended with status " + std::to_string(status);
+  return " was killed by signal " + std::to_string(status - kSignals) + " (" + signal + ")";
 }
 
 // Lines end in a CR inside the system.
@@ -63,10 +86,18 @@ std::vector<Span> spansOf(const AttributedText& text) {
 }  // namespace
 
 std::string dictionaryName(RowKind kind) {
-  for (const KindRow& row : kKinds) {
-    if (row.kind == kind) return defaultPlatform().bundle().localized(row.name);
+  return defaultPlatform().bundle().localized(keyOfName(kind));
+}
+
+std::vector<std::string> dictionaryNames(RowKind kind) {
+  std::vector<std::string> names;
+  for (const char* language : kLanguages) {
+    Value texts;
+    const std::string file = resourceFolder() + "/" + language + ".lproj/Localizable.plist";
+    if (!defaultPlatform().propertyLists().readFile(file, &texts)) continue;
+    names.push_back(member(texts, keyOfName(kind)));
   }
-  return std::string();
+  return names;
 }
 
 Dictionaries::Dictionaries(HostPlatform& platform) : platform_(platform) {
@@ -136,20 +167,27 @@ void Dictionaries::ask(const std::string& word, std::optional<size_t> row, LookR
   NotificationCenter::shared().post(kLookUp, look, this);
   S_Controller& tab = controller_.sController();
   const size_t count = tab.rowCount();
-  reachedTool_ = count < referenceMaxCount || platform_.tools().last();
+  result->rows.clear();
   result->rows.reserve(count);
-  for (size_t i = 0; i < count; ++i) result->rows.push_back(rowAt(i));
+  for (size_t i = 0; i < count; ++i) result->rows.push_back(rowAt(i, word));
   const int shown = tab.nowSelectedRow();
   if (shown >= 0 && static_cast<size_t>(shown) < count) show(&result->rows[static_cast<size_t>(shown)]);
+  result->failures.clear();
+  if (!searches(RowKind::kTranslation)) return;
+  // A list that is full ends the walk.
+  result->translationUnasked = count >= referenceMaxCount && !platform_.tools().last();
+  if (result->translationUnasked) return;
+  if (Failure failure = toolFailure(*result)) result->failures[RowKind::kTranslation] = std::move(failure);
 }
 
-Row Dictionaries::rowAt(size_t index) {
+Row Dictionaries::rowAt(size_t index, const std::string& word) {
   const ResultRow& row = controller_.sController().hwResultArray()[index];
   Row out;
   if (const auto* answer = std::get_if<TransData>(&row)) {
     out.kind = RowKind::kTranslation;
     out.title = withoutControls(answer->indexTitle());
-    out.text = withoutControls(withLineFeeds(answer->detailString()));
+    out.text = namedEntries(withoutControls(withLineFeeds(answer->detailString())));
+    out.lookedUp = lookedUpAs(word, out.text);
   } else {
     out.title = withoutControls(std::get<MirellData>(row).indexTitle());
   }
@@ -168,26 +206,33 @@ void Dictionaries::show(Row* row) {
   }
 }
 
-std::string Dictionaries::complaint() const {
-  if (!searches(RowKind::kTranslation) || !reachedTool_) return {};
-  const std::string name = "the translation dictionary ";
+// What kept the helper program from answering the last word; none when nothing did.
+Failure Dictionaries::toolFailure(const LookResult& result) const {
+  const auto failure = [](const char* code, const std::string& what, const std::string& hint) {
+    return Failure{kExitEnvironment, code, "the translation dictionary " + what, hint};
+  };
   const auto& last = platform_.tools().last();
-  if (!last) return name + "was not asked: no file for its program can be written";
-  if (last->result.interrupted) return name + "was interrupted";
-  if (!last->result.started)
-    return name + "was not asked: its program " + last->program + " can't be started";
-  if (last->result.stopped) return name + "was given up: its program " + last->program + " wrote without end";
-  if (last->result.exitStatus != 0) {
-    return name + "gave no answer: its program " + last->program + " ended with status " +
-           std::to_string(last->result.exitStatus);
+  if (!last) {
+    return failure("no_folder", "was not searched: no file for its program can be written",
+                   "Set TMPDIR to a folder that you can write to.");
+  }
+  const std::string program = "its program " + last->program;
+  const ToolResult& end = last->result;
+  if (end.interrupted) return failure("helper_interrupted", "was interrupted", "Ask again.");
+  if (!end.started) {
+    return failure("helper_missing", "was not searched: " + program + " can't be started", kReinstall);
+  }
+  if (end.stopped)
+    return failure("helper_failed", "gave no answer: " + program + " wrote without end", kSwitchOff);
+  if (end.exitStatus != 0) {
+    return failure("helper_failed", "gave no answer: " + program + endOf(end.exitStatus), kSwitchOff);
   }
   Value answer;
   const Value* found = nullptr;
   if (platform_.propertyLists().readFile(gResultPath, &answer)) found = answer.find("Search");
-  if (!found || !found->isArray()) {
-    return name + "gave no answer: what its program " + last->program + " wrote can't be read";
-  }
-  return {};
+  const Value::Array* elements = found ? found->asArray() : nullptr;
+  if (elements && (elements->empty() || result.hasAnswer(RowKind::kTranslation))) return {};
+  return failure("helper_failed", "gave no answer: what " + program + " wrote can't be read", kSwitchOff);
 }
 
 }  // namespace zavel::host

@@ -36,16 +36,15 @@ class Dictionaries {
   std::vector<RowKind> kinds() const;
   bool searches(RowKind kind) const;
 
-  // Looks `word` (UTF-8) up in all of them, and shows the row at `row`, the first without it, none where
-  // there is no such row. Fills `rows` of the result.
+  // Looks `word` (UTF-8, all of it in Shift_JIS) up in all of them, and shows the row at `row`, the first
+  // without it, none where there is no such row. Fills `rows`, `failures` and `translationUnasked` of the
+  // result.
   void ask(const std::string& word, std::optional<size_t> row, LookResult* result);
-
-  // What kept the translation dictionary from answering the last word, one line; empty when nothing did.
-  std::string complaint() const;
 
  private:
   void prepareTool();
-  Row rowAt(size_t index);
+  Failure toolFailure(const LookResult& result) const;
+  Row rowAt(size_t index, const std::string& word);
   void show(Row* row);
 
   HostPlatform& platform_;
@@ -54,11 +53,13 @@ class Dictionaries {
   ZavelLexController controller_;
   PrivateFolder folder_;  // for what the helper program reads and writes
   bool prepared_ = false;
-  bool reachedTool_ = false;  // the last walk came as far as the translation dictionary
 };
 
-// A dictionary's name as readers see it.
+// A dictionary's name as readers see it, in the language of the environment.
 std::string dictionaryName(RowKind kind);
+
+// Its names in all languages there are.
+std::vector<std::string> dictionaryNames(RowKind kind);
 
 }  // namespace zavel::host
 

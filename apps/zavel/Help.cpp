@@ -15,24 +15,26 @@ constexpr const char* kShortHelp =
     "zavel - English and Japanese dictionary\n"
     "\n"
     "  zavel look goes            look a word up (English, kana or kanji)\n"
-    "  zavel look --list inter    headwords that begin so; --forms: inflection table\n"
-    "  zavel look --json 行く     for programs; words may come on standard input\n"
+    "  zavel look --list inter    headwords that begin with it; --forms: inflection table\n"
+    "  zavel look --json 行く     for programs; words may come from standard input\n"
     "  zavel dict build           make the dictionary from open data; also: verify, info\n"
     "  zavel prefs dict list      which dictionaries are searched; also: enable, disable, move\n"
     "  zavel paths | about        folders in use; version, sources and licences\n"
     "\n"
-    "`zavel help COMMAND` and `man zavel` tell more.\n";
+    "See `zavel help COMMAND` and `man zavel` for more.\n";
 
 // What each help ends with.
 const std::map<std::string, const char*> kNotes = {
     {"look",
      "\nWords are matched whole: wildcards (? and *) and Japanese in Latin letters (romaji) are not "
      "supported.\n"
-     "A word that begins with a hyphen stands behind two: zavel look -- -able\n"},
+     "Put two hyphens before a word that begins with one: zavel look -- -able\n"},
     {"prefs dict",
-     "\nThe translation dictionary has proper nouns and technical terms, too. It is off at first, because it "
-     "starts a\n"
-     "program for each word. To switch it on: zavel prefs dict enable translation\n"},
+     "\nThe standard dictionary (type: bilingual) is the one that `zavel dict build` compiles. The "
+     "translation\n"
+     "dictionary (type: translation) adds proper nouns and technical terms. It is off at first because it "
+     "starts\n"
+     "a program for each word. To switch it on: zavel prefs dict enable translation\n"},
 };
 
 // What each help begins with.

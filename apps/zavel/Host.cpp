@@ -12,6 +12,7 @@
 
 #include "PlacesInUse.h"
 #include "SilentOutput.h"
+#include "StandInTable.h"
 #include "Store.h"
 #include "StyleFile.h"
 #include "config/WorkPathTable.h"
@@ -20,6 +21,7 @@
 #include "config/ZavelPath.h"
 #include "foundation/Storage.h"
 #include "platform/Log.h"
+#include "platform/PropertyLists.h"
 
 namespace zavel::host {
 
@@ -92,7 +94,7 @@ Failure dictionaryFailure(const std::string& folder, const DictionaryState& stat
     return {kExitEnvironment, "unreadable_dictionary",
             "the file " + state.unreadable + " of the dictionary in " + folder +
                 " can't be read: " + std::strerror(state.error),
-            "See who may read it: ls -l " + folder};
+            "Check who may read it: ls -l " + folder};
   }
   if (!state.missing.empty()) {
     return {kExitDamaged, "damaged_dictionary",
@@ -114,7 +116,7 @@ Failure dictionaryFailure(const std::string& folder, const DictionaryState& stat
 
 Failure noHome() {
   return {kExitEnvironment, "no_home", "no folder to work in: neither ZAVEL_ROOT nor HOME is set",
-          "Set ZAVEL_ROOT to a folder of yours."};
+          "Set ZAVEL_ROOT to a folder that you can write to."};
 }
 
 Host::Host() : places_(findPlaces()) {
@@ -144,7 +146,7 @@ Failure Host::open() {
   if (!firstStart) {
     if (Failure failure = checkDictionary()) return failure;
   }
-  if (loaded) manager_ = dictionaries_->open();
+  if (loaded || standIn()) manager_ = dictionaries_->open();
   return openDictionary();
 }
 
@@ -154,8 +156,32 @@ bool Host::loadPathTable() {
   const PathTableRoots roots = pathTableRoots(places_);
   const std::string table = defaultPathTablePath();
   // A table of other folders than these must not be loaded: loading would make them again.
-  if (!writePathTableIfMissing(table, roots) || !renewPathTable(table, roots)) return false;
-  if (const std::string damage = openStore(platform_); !damage.empty()) warn(damage);
+  tableIsOfThesePlaces_ = writePathTableIfMissing(table, roots) && renewPathTable(table, roots);
+  if (!tableIsOfThesePlaces_ || !loadDictionaries()) return false;
+  return !searchesTranslation() || zavelPathTextEtoJEngine();
+}
+
+// Loads a table that is in memory alone, with a temporary folder for what can't be made.
+bool Host::standIn() {
+  if (!temporary_.make()) return false;
+  Value table;
+  if (!tableIsOfThesePlaces_ || !platform_.propertyLists().readFile(pathTableFile(), &table)) {
+    table = defaultPathTable(pathTableRoots(places_));
+  }
+  dictionaries_.reset();
+  closeStore();
+  platform_.propertyLists().pretend(pathTableFile(), standInTable(table, temporary_.path()));
+  return loadDictionaries();
+}
+
+void Host::startStore() {
+  const std::string damage = openStore(platform_);
+  if (!damage.empty() && damage != storeDamage_) warn(damage);
+  storeDamage_ = damage;
+}
+
+bool Host::loadDictionaries() {
+  startStore();
   // The styles are for the translation dictionary's program alone, and reading them is no small part of a
   // start.
   const std::string styles = places_.config + "/ZavelStyle.plist";
@@ -190,11 +216,13 @@ Failure Host::checkDictionary() const {
 }
 
 void Host::openAlone() {
-  if (gZFWPlist && searchesTranslation()) {
-    warn("the translation dictionary was not asked: the folders that " + pathTableFile() +
-         " names can't be made");
-  }
   dictionaries_.reset();
+  startStore();
+  if (searchesTranslation()) {
+    lostTranslation_ = {kExitEnvironment, "no_folder",
+                        "the translation dictionary was not searched: no folder for its files can be made",
+                        "Set TMPDIR to a folder that you can write to."};
+  }
   own_ = std::make_unique<MirellDictionaryManager>();
   const SilentOutput silent;
   own_->InitializeDictionaries((dictionary_ + "/").c_str(), nullptr, nullptr, nullptr);
@@ -205,7 +233,7 @@ Failure Host::openDictionary() {
     return {kExitEnvironment, "long_path",
             "the dictionary's folder has a path of more than " + std::to_string(kLongestFolder) +
                 " bytes: " + dictionary_,
-            "Keep it in a folder with a shorter path: set ZAVEL_ROOT."};
+            "Set ZAVEL_ROOT to a folder with a shorter path."};
   }
   if (!manager_) openAlone();
   if (manager().initialized) return {};

@@ -10,6 +10,7 @@
 #include "Failure.h"
 #include "HostPlatform.h"
 #include "Places.h"
+#include "PrivateFolder.h"
 #include "lookup/MirellModule.h"
 
 namespace zavel::host {
@@ -22,9 +23,10 @@ class Host {
   Host& operator=(const Host&) = delete;
 
   // Writes path table, styles and preferences on the first start, and opens the dictionaries. Without a
-  // bilingual dictionary nothing is written: asking for a word must leave no traces. Where path table or
-  // cache can't be made, as on a full disk, the bilingual dictionary alone is opened. What is damaged and can
-  // be done without is told on standard error, a line each.
+  // bilingual dictionary nothing is written: asking for a word must leave no traces. Where the path table or
+  // its folders can't be made, as on a disk that is full or read only, a table in memory and a temporary
+  // folder stand in for them; without that one the bilingual dictionary alone is opened. What is damaged and
+  // can be done without is told on standard error, a line each.
   Failure open();
 
   // Only after open() succeeded.
@@ -33,16 +35,26 @@ class Host {
   // Null where the bilingual dictionary alone is open.
   Dictionaries* dictionaries() { return own_ ? nullptr : dictionaries_.get(); }
 
+  // Why the translation dictionary can't be searched though it is on; none while dictionaries() has it.
+  const Failure& lostTranslation() const { return lostTranslation_; }
+
  private:
   bool loadPathTable();
+  bool standIn();
+  void startStore();
+  bool loadDictionaries();
   void settleStyles();
   Failure checkDictionary() const;
   Failure openDictionary();
   void openAlone();
 
   Places places_;
-  std::string dictionary_;  // the folder that the path table names
+  std::string dictionary_;   // the folder that the path table names
+  PrivateFolder temporary_;  // in the place of folders that can't be made
   HostPlatform platform_;
+  bool tableIsOfThesePlaces_ = false;
+  std::string storeDamage_;  // that was told
+  Failure lostTranslation_;
   std::unique_ptr<Dictionaries> dictionaries_;
   MirellDictionaryManager* manager_ = nullptr;    // of the dictionaries
   std::unique_ptr<MirellDictionaryManager> own_;  // in its place

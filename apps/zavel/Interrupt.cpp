@@ -20,6 +20,8 @@ void note(int number) {
     g_toolWasInterrupted = 1;
     return;
   }
+  // Who has asked before waits for no tool that takes its time.
+  if (tools && number == SIGINT) tools->interrupt();
   g_signal = number;
   signal(number, SIG_DFL);  // the next one ends the process
 }

@@ -6,6 +6,7 @@
 
 #include "Dictionaries.h"
 #include "JsonWriter.h"
+#include "TranslationLines.h"
 
 namespace zavel::host {
 namespace {
@@ -32,7 +33,7 @@ void writeSense(JsonWriter& json, const Sense& sense) {
   json.endArray().endObject();
 }
 
-void writeEntry(JsonWriter& json, const Entry& entry) {
+void writeEntry(JsonWriter& json, const Entry& entry, const std::string& dictionary) {
   json.beginObject().member("headword", entry.headword);
   textOrNull(json, "reading", entry.reading);
   if (entry.homograph > 0) {
@@ -41,11 +42,7 @@ void writeEntry(JsonWriter& json, const Entry& entry) {
     json.key("homograph").null();
   }
   json.member("stars", entry.stars).member("match", matchName(entry.match)).strings("via", entry.via);
-  json.key("source")
-      .beginObject()
-      .member("id", "builtin")
-      .member("name", "ZavelLex basic dictionary")
-      .endObject();
+  json.key("source").beginObject().member("id", "builtin").member("name", dictionary).endObject();
   json.key("senses").beginArray();
   for (const Sense& sense : entry.senses) writeSense(json, sense);
   json.endArray().endObject();
@@ -71,24 +68,57 @@ void writeForms(JsonWriter& json, const LookResult& result) {
   json.endArray();
 }
 
-void writeRows(JsonWriter& json, const LookResult& result, size_t limit) {
-  std::map<RowKind, std::string> names;
-  for (const RowKind kind : result.kinds) names[kind] = dictionaryName(kind);
+using Names = std::map<RowKind, std::string>;
+
+void writeRow(JsonWriter& json, const Row& row, size_t number, const std::string& name, size_t limit) {
+  json.beginObject().member("number", static_cast<int64_t>(number)).member("type", kindName(row.kind));
+  json.member("dictionary", name).member("title", row.title).key("shown").boolean(row.shown);
+  textOrNull(json, "looked_up", row.lookedUp);
+  textOrNull(json, "text",
+             row.kind == RowKind::kBilingual ? row.text : firstEntries(row.text, row.title, limit));
+  json.endObject();
+}
+
+// The limit is for the bilingual dictionary's rows, which may be hundreds; what is shown stays.
+void writeRows(JsonWriter& json, const LookResult& result, const Names& names, size_t limit) {
   json.key("rows").beginArray();
-  const size_t count = shown(result.rows.size(), limit);
-  for (size_t i = 0; i < count; ++i) {
+  size_t bilingual = 0;
+  for (size_t i = 0; i < result.rows.size(); ++i) {
     const Row& row = result.rows[i];
-    json.beginObject().member("type", kindName(row.kind)).member("dictionary", names[row.kind]);
-    json.member("title", row.title).key("shown").boolean(row.shown);
-    textOrNull(json, "text", row.text);
+    const bool within = row.kind != RowKind::kBilingual || limit == 0 || ++bilingual <= limit;
+    if (within || row.shown) writeRow(json, row, i + 1, names.at(row.kind), limit);
+  }
+  json.endArray();
+}
+
+const char* statusOf(const LookResult& result, RowKind kind) {
+  if (result.failures.count(kind) > 0) return "failed";
+  const bool found = kind == RowKind::kBilingual ? !result.entries.empty() : result.hasAnswer(kind);
+  if (found) return "found";
+  return kind == RowKind::kTranslation && result.translationUnasked ? "not_asked" : "not_found";
+}
+
+void writeDictionaries(JsonWriter& json, const LookResult& result, const Names& names) {
+  json.key("dictionaries").beginArray();
+  for (const RowKind kind : result.kinds) {
+    json.beginObject().member("type", kindName(kind)).member("name", names.at(kind));
+    json.member("status", statusOf(result, kind)).key("error");
+    const auto failure = result.failures.find(kind);
+    if (failure == result.failures.end()) {
+      json.null();
+    } else {
+      json.beginObject().member("code", failure->second.code).member("message", failure->second.message);
+      json.member("hint", failure->second.hint).endObject();
+    }
     json.endObject();
   }
   json.endArray();
 }
 
 bool hasAnswer(const LookResult& result, const JsonParts& parts) {
-  return (parts.entries && result.found()) || (parts.headwords && !result.headwords.empty()) ||
-         (parts.forms && !result.forms.empty());
+  const bool hasRow = parts.row > 0 && parts.row <= result.rows.size();
+  return (parts.entries && (hasRow ? !result.rows[parts.row - 1].text.empty() : result.found())) ||
+         (parts.headwords && !result.headwords.empty()) || (parts.forms && !result.forms.empty());
 }
 
 }  // namespace
@@ -102,10 +132,15 @@ std::string resultJson(const LookResult& result, const JsonParts& parts) {
   } else {
     json.key("origin").null();
   }
+  textOrNull(json, "unknown", result.unknown);
+  Names names;
+  for (const RowKind kind : {RowKind::kBilingual, RowKind::kTranslation}) {
+    if (parts.entries) names[kind] = dictionaryName(kind);
+  }
   if (parts.entries) {
     json.key("entries").beginArray();
     const size_t count = shown(result.entries.size(), parts.limit);
-    for (size_t i = 0; i < count; ++i) writeEntry(json, result.entries[i]);
+    for (size_t i = 0; i < count; ++i) writeEntry(json, result.entries[i], names[RowKind::kBilingual]);
     json.endArray();
   }
   if (parts.headwords) writeHeadwords(json, result, parts.limit);
@@ -113,7 +148,10 @@ std::string resultJson(const LookResult& result, const JsonParts& parts) {
   const auto begin = result.suggestions.begin();
   json.strings("suggestions",
                {begin, begin + static_cast<std::ptrdiff_t>(shown(result.suggestions.size(), parts.limit))});
-  if (parts.entries) writeRows(json, result, parts.limit);
+  if (parts.entries) {
+    writeRows(json, result, names, parts.limit);
+    writeDictionaries(json, result, names);
+  }
   json.endObject();
   return json.text();
 }

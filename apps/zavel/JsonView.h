@@ -14,7 +14,8 @@ struct JsonParts {
   bool entries = true;
   bool headwords = false;
   bool forms = false;
-  size_t limit = 0;  // entries, headwords and suggestions at most; 0 all
+  size_t limit = 0;  // entries, headwords and suggestions at most, and bilingual rows; 0 all
+  size_t row = 0;    // the one that is asked for, from 1 on; 0 none
 };
 
 // One document on one line, without line end.

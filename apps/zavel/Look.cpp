@@ -28,7 +28,7 @@ bool lacksAnswer(const LookRequest& request, const LookResult& result) {
 
 Failure wordTooLong() {
   return {kExitUsage, "too_long", "the word is too long: at most 255 bytes in Shift_JIS",
-          "Ask for a part of it."};
+          "Look up a part of it."};
 }
 
 const char* matchName(Match match) {
@@ -68,8 +68,12 @@ bool Look::run(const LookRequest& request, LookResult* result, Failure* failure)
     result->origin = folded;
     if (!ask(request, folded, result, failure)) return false;
   }
+  if (!lacksAnswer(request, *result)) return true;
   const std::optional<std::string> word = wordBytes(asked);
-  if (!word || !lacksAnswer(request, *result)) return true;
+  if (!word) {
+    suggestForKnownPart(asked, request.suggestions, result);
+    return true;
+  }
   if (source_.isDamagedAt(*word, result->english)) {
     *failure = {kExitDamaged, "damaged_dictionary", "the dictionary is damaged where this word stands",
                 "Run: zavel dict verify, then zavel dict build"};
@@ -79,6 +83,21 @@ bool Look::run(const LookRequest& request, LookResult* result, Failure* failure)
     result->suggestions = nearHeadwords(*word, result->english, request.suggestions, &source_);
   }
   return true;
+}
+
+// What is left of a word without the characters that no headword here holds is no answer, but it may be what
+// is meant.
+void Look::suggestForKnownPart(const std::string& asked, size_t most, LookResult* result) {
+  result->unknown = unknownCharacters(asked);
+  const std::string known = foldedQuery(withoutUnknownCharacters(asked));
+  const std::optional<std::string> word = wordBytes(known);
+  if (most == 0 || !word || word->empty() || word->size() > kLongestWord) return;
+  result->english = isEnglishWord(*word);
+  result->suggestions = nearHeadwords(*word, result->english, most, &source_);
+  if (!source_.has(*word, result->english)) return;
+  std::erase(result->suggestions, known);
+  result->suggestions.insert(result->suggestions.begin(), known);
+  if (result->suggestions.size() > most) result->suggestions.pop_back();
 }
 
 bool Look::ask(const LookRequest& request, const std::string& asked, LookResult* result, Failure* failure) {

@@ -25,6 +25,7 @@ class Look {
 
  private:
   bool ask(const LookRequest& request, const std::string& word, LookResult* result, Failure* failure);
+  void suggestForKnownPart(const std::string& asked, size_t most, LookResult* result);
 
   EntrySource source_;
 };

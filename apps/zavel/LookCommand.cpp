@@ -1,6 +1,7 @@
 // Tests: tests/zavel/CommandTest.cpp, zavel-test.sh
 #include "LookCommand.h"
 
+#include <signal.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -25,7 +26,7 @@ bool outputFailed() {
 
 // False when standard input could not be read.
 bool answerStandardInput(bool nul, Answerer* answerer) {
-  if (isTerminal(STDIN_FILENO)) std::fputs("Reading words, one a line. Ctrl-D ends.\n", stderr);
+  if (isTerminal(STDIN_FILENO)) std::fputs("Reading words, one per line. Press Ctrl-D to end.\n", stderr);
   QueryReader reader(nul);
   std::string query;
   bool tooLong = false;
@@ -36,7 +37,8 @@ bool answerStandardInput(bool nul, Answerer* answerer) {
 // Headword lists and inflection tables are had whatever the list says.
 Failure nothingOn(const LookOptions& options, const Dictionaries* dictionaries) {
   if (options.list || options.forms || !dictionaries || !dictionaries->kinds().empty()) return {};
-  return {kExitEnvironment, "nothing_on", "no dictionary is switched on", "Run: zavel prefs dict enable 1"};
+  return {kExitEnvironment, "nothing_on", "no dictionary is switched on",
+          "Run: zavel prefs dict enable bilingual"};
 }
 
 }  // namespace
@@ -48,7 +50,7 @@ int runLook(const LookOptions& options) {
   Host host;
   if (const Failure failure = host.open()) return report(failure, options.json);
   if (const Failure failure = nothingOn(options, host.dictionaries())) return report(failure, options.json);
-  Answerer answerer(options, host.manager(), host.dictionaries(), batch);
+  Answerer answerer(options, host, batch);
   const std::vector<std::string> asked =
       options.words.empty() ? std::vector<std::string>{"-"} : options.words;
   for (const std::string& word : asked) {
@@ -57,11 +59,12 @@ int runLook(const LookOptions& options) {
       answerer.answer(word, false);
     } else if (!answerStandardInput(options.nul, &answerer)) {
       return report({kExitEnvironment, "input", "standard input can't be read",
-                     "Give the words on the command line, or a file that can be read."},
+                     "Give the words on the command line, or use a file that can be read."},
                     options.json);
     }
   }
   answerer.finish();
+  if (interrupted() == SIGINT) warn("interrupted");
   return interrupted() ? interruptedStatus() : answerer.status();
 }
 

@@ -5,8 +5,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
+
+#include "Failure.h"
 
 namespace zavel::host {
 
@@ -87,6 +90,7 @@ struct Row {
   bool shown = false;       // the one that is selected
   std::string text;         // lines ended by 0x0A, none at the end; of a bilingual row only while it is shown
   std::vector<Span> spans;  // of a bilingual row that is shown
+  std::string lookedUp = {};  // what answers a word whose signs were passed over: "C" for "C++"
 };
 
 struct LookResult {
@@ -97,16 +101,20 @@ struct LookResult {
   std::vector<Entry> entries;
   std::vector<Form> forms;
   std::vector<std::string> suggestions;
+  std::string unknown;     // characters of the query that dictionaries can't be asked for, each once
   bool lacksPart = false;  // the word has entries, but none with the part that was asked for
 
-  std::vector<RowKind> kinds;  // of the dictionaries that were asked, in the user's order
-  std::vector<Row> rows;       // of all of them, in that order
+  std::vector<RowKind> kinds;           // of the dictionaries that are searched, in the user's order
+  std::vector<Row> rows;                // of all of them, in that order
+  std::map<RowKind, Failure> failures;  // of those that could not answer
+  bool translationUnasked = false;      // the word never came to the translation dictionary
 
-  bool hasRows(RowKind kind) const {
-    return std::any_of(rows.begin(), rows.end(), [kind](const Row& row) { return row.kind == kind; });
+  bool hasAnswer(RowKind kind) const {
+    return std::any_of(rows.begin(), rows.end(),
+                       [kind](const Row& row) { return row.kind == kind && !row.text.empty(); });
   }
   // Bilingual rows alone are headwords that begin alike.
-  bool found() const { return !entries.empty() || hasRows(RowKind::kTranslation); }
+  bool found() const { return !entries.empty() || hasAnswer(RowKind::kTranslation); }
 };
 
 }  // namespace zavel::host

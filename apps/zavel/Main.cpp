@@ -19,6 +19,7 @@
 #include "Help.h"
 #include "InfoCommands.h"
 #include "LookCommand.h"
+#include "NumberOption.h"
 #include "PrefsCommand.h"
 #include "Terminal.h"
 #include "Utf8.h"
@@ -47,7 +48,7 @@ CLI::Option* oneOf(CLI::Option* option, const char* name, const std::vector<std:
 }
 
 CLI::Option* between(CLI::Option* option, long least, long most) {
-  return option->type_name("N")->check(CLI::Range(least, most).description(""));
+  return option->type_name("N")->check(numberFrom(least, most));
 }
 
 // What every command takes.
@@ -66,8 +67,9 @@ void addLook(CLI::App& app, Arguments& a) {
   CLI::Option* list = look->add_flag("-l,--list", a.look.list, "Only the headwords that begin with the word");
   CLI::Option* forms = look->add_flag("--forms", a.look.forms, "Only the inflection table")->excludes(list);
   CLI::Option* plain = look->add_flag("--plain", a.look.plain, "One record a line, fields parted by tabs");
-  between(look->add_option("-n,--limit", a.look.limit, "At most N entries, headwords or suggestions"), 1,
-          1000000);
+  between(look->add_option("-n,--limit", a.look.limit,
+                           "At most N entries per dictionary, headwords, suggestions"),
+          1, 1000000);
   between(look->add_option("--suggest", a.look.suggest, "At most N near headwords for a word not found"), 0,
           50);
   CLI::Option* row = look->add_option("--row", a.look.row, "Show row N of the result list, counted from 1");
@@ -101,7 +103,7 @@ void addPrefs(CLI::App& app, Arguments& a) {
   addCommon(dict->add_subcommand("list", "The dictionaries in the order of the search"), a);
   const auto addChange = [&](const char* name, const char* what) {
     CLI::App* command = dict->add_subcommand(name, what);
-    command->add_option("dictionary", a.prefs.dictionary, "Its number in the list, or its name")
+    command->add_option("dictionary", a.prefs.dictionary, "Its number, name or type in the list")
         ->type_name("DICTIONARY")
         ->required();
     addCommon(command, a);
@@ -112,6 +114,7 @@ void addPrefs(CLI::App& app, Arguments& a) {
   addChange("move", "Put a dictionary in another place of the list")
       ->add_option("position", a.prefs.position, "The place, counted from 1")
       ->type_name("POSITION")
+      ->check(numberFrom(1, 1000000))
       ->required();
 }
 

@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "TranslationLines.h"
 #include "Utf8.h"
-
 #include "WordForms.h"
 
 namespace zavel::host {
@@ -39,16 +39,17 @@ size_t shown(size_t count, size_t limit) {
 }
 
 // What the translation dictionary says, a record a line.
-std::string translations(const LookResult& result) {
+std::string translations(const LookResult& result, size_t limit) {
   std::string out;
   for (const Row& row : result.rows) {
     if (row.kind != RowKind::kTranslation) continue;
-    for (size_t begin = 0; begin < row.text.size();) {
-      const size_t end = std::min(row.text.find('\n', begin), row.text.size());
-      const size_t text = std::min(row.text.find_first_not_of(' ', begin), end);
+    const std::string kept = firstEntries(row.text, row.title, limit);
+    for (size_t begin = 0; begin < kept.size();) {
+      const size_t end = std::min(kept.find('\n', begin), kept.size());
+      const size_t text = std::min(kept.find_first_not_of(' ', begin), end);
       if (text < end) {
-        out += record({result.query, row.title, "", "translation",
-                       std::string_view(row.text).substr(text, end - text), ""});
+        out += record({result.query, row.lookedUp.empty() ? row.title : row.lookedUp, "", "translation",
+                       std::string_view(kept).substr(text, end - text), ""});
       }
       begin = end + 1;
     }
@@ -74,7 +75,7 @@ std::string plainEntries(const LookResult& result, size_t limit) {
       }
     }
   }
-  return out + translations(result);
+  return out + translations(result, limit);
 }
 
 std::string plainHeadwords(const LookResult& result, size_t limit) {

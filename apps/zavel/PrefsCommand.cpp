@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 
+#include "Dictionaries.h"
 #include "Failure.h"
 #include "Host.h"
 #include "HostPlatform.h"
@@ -25,14 +26,24 @@ constexpr std::chrono::seconds kPatience{10};
 
 struct Item {
   bool on = false;
-  std::string name;
+  std::string name;  // in the user's language, where the list has it in that of its first day
   std::string type;
 };
 
+std::optional<RowKind> kindOf(const std::string& type) {
+  if (type == ZFWMirellType) return RowKind::kBilingual;
+  if (type == ZFWTransType) return RowKind::kTranslation;
+  return std::nullopt;
+}
+
 std::string typeName(const std::string& type) {
-  if (type == ZFWMirellType) return kindName(RowKind::kBilingual);
-  if (type == ZFWTransType) return kindName(RowKind::kTranslation);
+  if (const std::optional<RowKind> kind = kindOf(type)) return kindName(*kind);
   return type == ZFWHwType ? "book" : "unknown";
+}
+
+std::string onOneLine(std::string text) {
+  std::replace(text.begin(), text.end(), '\n', ' ');
+  return withoutControls(std::move(text));
 }
 
 std::string member(const Value& map, const char* key) {
@@ -67,11 +78,13 @@ class DictionaryList {
 
   Item at(size_t index) const {
     const Value& item = tab_->dictListArray()[index];
-    return {member(item, ZFWSelectStatusKey) != ZFWNoStatus, withoutControls(member(item, ZFWDictTitleKey)),
+    const std::optional<RowKind> kind = kindOf(member(item, ZFWDictTypeKey));
+    return {member(item, ZFWSelectStatusKey) != ZFWNoStatus,
+            kind ? dictionaryName(*kind) : onOneLine(member(item, ZFWDictTitleKey)),
             typeName(member(item, ZFWDictTypeKey))};
   }
 
-  // By its number, its name or its type, in this order; nothing when there is none.
+  // By its number, its name in any language, or its type, in this order; nothing when there is none.
   std::optional<size_t> find(const std::string& wanted) const {
     const bool number =
         !wanted.empty() && wanted.size() < 7 && wanted.find_first_not_of("0123456789") == std::string::npos;
@@ -84,13 +97,24 @@ class DictionaryList {
         if (lowerCase(at(i).*field) == lowerCase(wanted)) return i;
       }
     }
-    return std::nullopt;
+    return findByOtherName(wanted);
   }
 
   // Whether this system searches them; else an outside book browser gets the words.
   bool searched() const { return tab_->getApplet() == kAppletSystem; }
 
  private:
+  std::optional<size_t> findByOtherName(const std::string& wanted) const {
+    for (size_t i = 0; i < size(); ++i) {
+      const std::optional<RowKind> kind = kindOf(member(tab_->dictListArray()[i], ZFWDictTypeKey));
+      if (!kind) continue;
+      for (const std::string& name : dictionaryNames(*kind)) {
+        if (lowerCase(name) == lowerCase(wanted)) return i;
+      }
+    }
+    return std::nullopt;
+  }
+
   HostPlatform platform_;
   std::optional<ZFWDictTabView> tab_;
 };
@@ -117,7 +141,7 @@ std::string listText(const DictionaryList& list) {
     text += std::to_string(i + 1) + (item.on ? "  on   " : "  off  ") + item.name +
             std::string(width - columns(item.name) + 2, ' ') + item.type + "\n";
   }
-  if (!list.searched()) text += "None of them is searched: words go to an outside book browser.\n";
+  if (!list.searched()) text += "None of them is searched: words go to another application.\n";
   return text;
 }
 
@@ -129,17 +153,17 @@ int show(const DictionaryList& list, bool json) {
 
 Failure noSuchDictionary(const std::string& wanted) {
   return {kExitUsage, "no_such_dictionary", "there is no dictionary \"" + printable(wanted) + "\"",
-          "Give a number or a name of: zavel prefs dict list"};
+          "Choose one by its number, name or type from: zavel prefs dict list"};
 }
 
 Failure notStored() {
   return {kExitEnvironment, "not_stored", "the preferences can't be written: " + gZFWPlist->path(),
-          "See whether the disk is full, or the folder not yours."};
+          "Check that the disk isn't full and that the folder is yours."};
 }
 
 Failure locked(const LockFile& lock) {
-  return {kExitEnvironment, "locked", "other preferences are being written: " + lock.holder(),
-          "Wait for it to end, then try again."};
+  return {kExitEnvironment, "locked", "the preferences are being changed by " + lock.holder(),
+          "Wait until it has ended, then try again."};
 }
 
 // Finds the dictionary, changes it, shows the list. One process at a time, from reading to writing: of two
@@ -176,9 +200,8 @@ int runPrefsDictMove(const PrefsDictOptions& options) {
   return change(options, [&options](DictionaryList& list, size_t index) -> Failure {
     const size_t place = static_cast<size_t>(options.position);
     if (place < 1 || place > list.size()) {
-      return {kExitUsage, "no_such_place",
-              "there is no place " + std::to_string(options.position) + " in the list",
-              "Give a number from 1 to " + std::to_string(list.size()) + "."};
+      return {kExitUsage, "no_such_place", "the list has no place " + std::to_string(options.position),
+              "Choose a place from 1 to " + std::to_string(list.size()) + "."};
     }
     return list.tab().moveItem(index, place - 1) ? Failure{} : notStored();
   });

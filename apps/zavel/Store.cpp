@@ -54,10 +54,10 @@ std::string openStore(HostPlatform& platform) {
   const bool stored = added && known && gZFWPlist->setItem(list, ZFWDictTabKey, ZFWDictTabTWEDItem);
   if (added && !stored) pretendItems(path, list, platform);
   if (!known && storage().exists(path)) {
-    return "the preferences in " + path + " can't be read; this time all is as at the first start";
+    return "the preferences in " + path + " can't be read; the defaults are used this time";
   }
   if (gZFWPlist->damagedFile().empty()) return {};
-  return "the preferences could not be read and begin anew; the old file is " + gZFWPlist->damagedFile();
+  return "the preferences could not be read and were reset; the old file is now " + gZFWPlist->damagedFile();
 }
 
 bool searchesTranslation() {

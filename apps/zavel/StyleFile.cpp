@@ -40,7 +40,7 @@ std::string provideStyles(const std::string& file, bool check) {
     if (!storage().rename(file, aside)) {
       return "the translation styles in " + file + " can't be read; the standard ones are used";
     }
-    told = "the translation styles could not be read and begin anew; the old file is " + aside;
+    told = "the translation styles could not be read and were reset; the old file is now " + aside;
   }
   writeStylesIfMissing(path, styleLanguage());
   return told;

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "Dictionaries.h"
+#include "TranslationLines.h"
 #include "Utf8.h"
 
 namespace zavel::host {
@@ -171,6 +172,15 @@ size_t shown(size_t count, size_t limit) {
   return limit > 0 ? std::min(count, limit) : count;
 }
 
+// A text that is not the dictionaries' own, wrapped.
+std::string quietLines(const std::string& text, const TextLook& look) {
+  std::string out;
+  for (const ByteRange& row : breakLines(text, look.width, 0)) {
+    out += dim(text.substr(row.begin, row.end - row.begin), look.colour) + "\n";
+  }
+  return out;
+}
+
 std::string furtherHeadwords(const LookResult& result, const TextLook& look) {
   std::vector<std::string> words;
   for (const Headword& headword : result.headwords) {
@@ -185,11 +195,7 @@ std::string furtherHeadwords(const LookResult& result, const TextLook& look) {
   if (more > 0) words.resize(kHeadwordsShown);
   const std::string text = "See also: " + joined(words, ", ") +
                            (more > 0 ? ", and " + std::to_string(more) + " more (--list)" : std::string());
-  std::string out = "\n";
-  const std::vector<ByteRange> rows = breakLines(text, look.width, 0);
-  for (const ByteRange& row : rows)
-    out += dim(text.substr(row.begin, row.end - row.begin), look.colour) + "\n";
-  return out;
+  return "\n" + quietLines(text, look);
 }
 
 std::string entriesText(const LookResult& result, const TextLook& look) {
@@ -199,7 +205,7 @@ std::string entriesText(const LookResult& result, const TextLook& look) {
     const Entry& entry = result.entries[i];
     if (i > 0) out += '\n';
     const std::string why = reason(result, entry);
-    if (!why.empty() && why != last) out += dim(why, look.colour) + "\n\n";
+    if (!why.empty() && why != last) out += quietLines(why, look) + "\n";
     last = why;
     out += entryText(entry, look);
   }
@@ -207,14 +213,14 @@ std::string entriesText(const LookResult& result, const TextLook& look) {
     const size_t left = result.entries.size() - count;
     const std::string more =
         std::to_string(left) + (left == 1 ? " more entry" : " more entries") + " (--limit)";
-    out += "\n" + dim(more, look.colour) + "\n";
+    out += "\n" + quietLines(more, look);
   }
   return out + furtherHeadwords(result, look);
 }
 
 // A quiet line that begins what one dictionary says.
 std::string heading(const std::string& title, const TextLook& look) {
-  return dim("── " + title + " ──", look.colour) + "\n";
+  return quietLines("── " + title + " ──", look);
 }
 
 // Each line wrapped below its own beginning.
@@ -235,8 +241,19 @@ std::string linesText(const std::string& text, const TextLook& look) {
   return out;
 }
 
+// The translation dictionary's answer, behind a quiet line that tells what it is about when that is not what
+// was asked.
+std::string translationText(const Row& row, const TextLook& look) {
+  const std::string kept = firstEntries(row.text, row.title, look.limit);
+  std::string out;
+  if (!row.lookedUp.empty()) out += quietLines(row.title + ": looked up as " + row.lookedUp, look) + "\n";
+  out += linesText(kept, look);
+  if (kept != row.text) out += "\n" + quietLines("more entries (--limit)", look);
+  return out;
+}
+
 std::string textOf(const Row& row, const TextLook& look) {
-  if (row.kind != RowKind::kBilingual) return linesText(row.text, look);
+  if (row.kind != RowKind::kBilingual) return translationText(row, look);
   Entry entry;
   entry.text = row.text;
   entry.spans = row.spans;
@@ -258,7 +275,7 @@ std::string kindText(const LookResult& result, RowKind kind, const TextLook& loo
 }  // namespace
 
 std::string answerText(const LookResult& result, const TextLook& look) {
-  const bool bilingualAlone = !result.hasRows(RowKind::kTranslation);
+  const bool bilingualAlone = !result.hasAnswer(RowKind::kTranslation);
   if (bilingualAlone) return entriesText(result, look);
   std::string out;
   for (const RowKind kind : result.kinds) {

@@ -253,7 +253,9 @@ TEST_F(CommandTest, LeavingThePagerEarlyIsNoFailure) {
 
 TEST_F(CommandTest, ControlCharactersOfAQueryReachNoTerminal) {
   const Outcome outcome = zavel({"look", "--suggest", "0", "a\x1b[31mb\nc\xC2\x9B"}).run();
-  EXPECT_EQ(outcome.err, "zavel: no entry for \"a\xEF\xBF\xBD[31mb c\xEF\xBF\xBD\"\n");
+  EXPECT_EQ(outcome.err,
+            "zavel: no entry for \"a\xEF\xBF\xBD[31mb c\xEF\xBF\xBD\": no dictionary here knows the "
+            "character \xEF\xBF\xBD\n");
   EXPECT_EQ(zavel({"a\x1b[31mb"}).run().err.find('\x1b'), std::string::npos);
   EXPECT_EQ(zavel({"look", "--\x1b[31mb"}).run().err.find('\x1b'), std::string::npos);
 }
@@ -306,13 +308,14 @@ TEST_F(CommandTest, HelpTellsWhatIsNotSupported) {
   EXPECT_TRUE(
       help.ends_with("\nWords are matched whole: wildcards (? and *) and Japanese in Latin letters "
                      "(romaji) are not supported.\n"
-                     "A word that begins with a hyphen stands behind two: zavel look -- -able\n"))
+                     "Put two hyphens before a word that begins with one: zavel look -- -able\n"))
       << help;
 }
 
 TEST_F(CommandTest, WordsFromATerminalAreAskedFor) {
   const Outcome outcome = onTerminal({"look", "-"}).signalAt(root() + "/cache", SIGTERM).run();
-  EXPECT_NE(outcome.out.find("Reading words, one a line. Ctrl-D ends.\n"), std::string::npos) << outcome.out;
+  EXPECT_NE(outcome.out.find("Reading words, one per line. Press Ctrl-D to end.\n"), std::string::npos)
+      << outcome.out;
 }
 
 TEST_F(CommandTest, StandardInputThatCannotBeReadIsTold) {
@@ -321,7 +324,7 @@ TEST_F(CommandTest, StandardInputThatCannotBeReadIsTold) {
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.err,
               "zavel: standard input can't be read\n"
-              "Give the words on the command line, or a file that can be read.\n");
+              "Give the words on the command line, or use a file that can be read.\n");
   }
 }
 
@@ -484,7 +487,7 @@ TEST_F(CommandTest, AFileThatCannotBeReadIsNamedWithTheReason) {
   EXPECT_EQ(outcome.status, 3);
   EXPECT_EQ(outcome.err,
             "zavel: the file je.dic of the dictionary in " + basic() +
-                " can't be read: Too many levels of symbolic links\nSee who may read it: ls -l " + basic() +
+                " can't be read: Too many levels of symbolic links\nCheck who may read it: ls -l " + basic() +
                 "\n");
 }
 

@@ -108,7 +108,7 @@ TEST_F(DictionariesTest, NothingSwitchedOnIsTold) {
   ASSERT_EQ(zavel({"prefs", "dict", "disable", "1"}).run().status, 0);
   const Outcome outcome = zavel({"look", "church"}).run();
   EXPECT_EQ(outcome.status, 3);
-  EXPECT_EQ(outcome.err, "zavel: no dictionary is switched on\nRun: zavel prefs dict enable 1\n");
+  EXPECT_EQ(outcome.err, "zavel: no dictionary is switched on\nRun: zavel prefs dict enable bilingual\n");
 }
 
 TEST_F(DictionariesTest, AWordThatOneOfThemHasIsFound) {
@@ -121,8 +121,8 @@ TEST_F(DictionariesTest, AWordThatOneOfThemHasIsFound) {
   EXPECT_EQ(json["status"], "found");
   EXPECT_EQ(json["entries"], Json::array());
   EXPECT_EQ(json["rows"],
-            Json::parse(R"([{"type":"translation","dictionary":"Translation dictionary","title":"Tanaka",)"
-                        R"("shown":true,"text":"a name"}])"));
+            Json::parse(R"([{"number":1,"type":"translation","dictionary":"Translation dictionary",)"
+                        R"("title":"Tanaka","shown":true,"looked_up":null,"text":"a name"}])"));
 }
 
 TEST_F(DictionariesTest, InflectedWordsKeepTheirReasonsBesideAnotherDictionary) {
@@ -218,7 +218,9 @@ TEST_F(DictionariesTest, AHelperThatFailsIsToldOnceAndLosesNothing) {
     const char* end;
   };
   for (const Case& failing : {
-           Case{"kill -SEGV $$\n", "gave no answer: its program ", " ended with status 139"},
+           Case{"kill -SEGV $$\n", "gave no answer: its program ",
+                " was killed by signal 11 (Segmentation fault)"},
+           Case{"exit 137\n", "gave no answer: its program ", " was killed by signal 9 (Killed)"},
            Case{"exit 3\n", "gave no answer: its program ", " ended with status 3"},
            Case{"exit 0\n", "gave no answer: what its program ", " wrote can't be read"},
            Case{"head -c 3000 /dev/urandom >\"$result\"\n", "gave no answer: what its program ",
@@ -241,7 +243,7 @@ TEST_F(DictionariesTest, AHelperThatIsMissingIsTold) {
   enable();
   const Outcome outcome = zavel({"look", "church"}).run();
   EXPECT_EQ(outcome.out, kChurch);
-  EXPECT_EQ(outcome.err, complaint("was not asked: its program ", " can't be started"));
+  EXPECT_EQ(outcome.err, complaint("was not searched: its program ", " can't be started"));
 }
 
 TEST_F(DictionariesTest, AnEmptyAnswerIsNoFailure) {
@@ -251,6 +253,23 @@ TEST_F(DictionariesTest, AnEmptyAnswerIsNoFailure) {
   EXPECT_EQ(outcome.out, kChurch);
   EXPECT_EQ(outcome.err, "");
   EXPECT_EQ(zavel({"look", "Tanaka"}).run().status, 1);
+}
+
+TEST_F(DictionariesTest, NumbersThatLeadToNoDictionaryMakeNoAnswer) {
+  const auto plist = [](const std::string& elements) {
+    return "printf '<plist version=\"1.0\"><dict><key>Search</key><array>" + elements +
+           "</array></dict></plist>' >\"$result\"\n";
+  };
+  enable();
+  helper(plist("<integer>7</integer><string>a house</string><integer>1</integer>"));
+  EXPECT_EQ(zavel({"look", "田中"}).run().out, "── Translation dictionary ──\n    a house\n");
+  helper(plist("<integer>7</integer>"));
+  for (const char* word : {"田中", "Tanaka"}) {
+    const Outcome outcome = zavel({"look", word}).run();
+    EXPECT_EQ(outcome.status, 3) << word;
+    EXPECT_EQ(outcome.out, "") << word;
+    EXPECT_NE(outcome.err.find(" wrote can't be read\n"), std::string::npos) << outcome.err;
+  }
 }
 
 TEST_F(DictionariesTest, ASlowHelperIsWaitedFor) {
@@ -263,6 +282,81 @@ TEST_F(DictionariesTest, AHelperThatFillsItsOutputIsRead) {
   helper("head -c 300000 /dev/zero\n" + answer("at last"));
   enable();
   EXPECT_NE(zavel({"look", "church"}).run().out.find("at last"), std::string::npos);
+}
+
+TEST_F(DictionariesTest, AFailedHelperIsNotNothingFound) {
+  helper("exit 3\n");
+  enable();
+  EXPECT_EQ(zavel({"look", "Tanaka"}).run().status, 3);
+  EXPECT_EQ(zavel({"look", "Tanaka", "church"}).run().status, 4);
+  EXPECT_EQ(zavel({"look", "church"}).run().status, 0);
+  const Outcome outcome = zavel({"look", "--json", "Tanaka"}).run();
+  EXPECT_EQ(outcome.status, 3);
+  const Json json = Json::parse(outcome.out);
+  EXPECT_EQ(json["status"], "not_found");
+  EXPECT_EQ(json["dictionaries"][0]["status"], "not_found");
+  EXPECT_EQ(json["dictionaries"][1]["status"], "failed");
+  EXPECT_EQ(json["dictionaries"][1]["error"]["code"], "helper_failed");
+  EXPECT_EQ(json["dictionaries"][1]["error"]["hint"],
+            "To go on without it, run: zavel prefs dict disable translation");
+}
+
+// Words that the dictionaries can't be asked for
+
+TEST_F(DictionariesTest, AWordWithAnUnknownCharacterIsNotAskedForWithoutIt) {
+  helper(": >'" + file("started") + "'\n" + answer("another word"));
+  enable();
+  const Outcome outcome = zavel({"look", "--suggest", "0", "go😀"}).run();
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "zavel: no entry for \"go😀\": no dictionary here knows the character 😀\n");
+  EXPECT_EQ(zavel({"look", "--suggest", "0", "한田中😀"}).run().err,
+            "zavel: no entry for \"한田中😀\": no dictionary here knows the characters 한😀\n");
+  EXPECT_EQ(zavel({"look", "go😀"}).run().err.substr(outcome.err.size()).find("Near headwords: go"), 0u);
+  const Json json = Json::parse(zavel({"look", "--json", "go😀"}).run().out);
+  EXPECT_EQ(json["status"], "not_found");
+  EXPECT_EQ(json["unknown"], "😀");
+  EXPECT_EQ(json["rows"], Json::array());
+  EXPECT_EQ(json["dictionaries"][1]["status"], "not_asked");
+  EXPECT_FALSE(fs::exists(file("started")));
+}
+
+TEST_F(DictionariesTest, TheTranslationDictionaryAloneTellsOfUnknownCharactersToo) {
+  helper(answer("another word"));
+  enable();
+  ASSERT_EQ(zavel({"prefs", "dict", "disable", "bilingual"}).run().status, 0);
+  EXPECT_EQ(zavel({"look", "go😀"}).run().err,
+            "zavel: no entry for \"go😀\": no dictionary here knows the character 😀\n");
+}
+
+TEST_F(DictionariesTest, AWordOfOtherCharactersIsAskedForInThoseOfHeadwords) {
+  helper("word=$(iconv -f CP932 -t UTF-8 \"$source\")\n" + answer("about $word"));
+  enable();
+  for (const auto& [typed, asked] : std::vector<std::pair<std::string, std::string>>{
+           {"zürich", "zurich"}, {"𠮷野家", "吉野家"}, {"zoo\u200B", "zoo"}}) {
+    const Json json = Json::parse(zavel({"look", "--json", typed}).run().out);
+    EXPECT_EQ(json["origin"], asked);
+    EXPECT_EQ(json["rows"][0]["title"], asked);
+    EXPECT_NE(json["rows"][0]["text"].get<std::string>().find("about " + asked), std::string::npos);
+  }
+}
+
+TEST_F(DictionariesTest, WhatWasTriedIsToldWhenNothingIsFound) {
+  EXPECT_EQ(zavel({"look", "--suggest", "0", "𠮷野家"}).run().err,
+            "zavel: no entry for \"𠮷野家\" or \"吉野家\"\n");
+  EXPECT_EQ(zavel({"look", "--suggest", "0", "「zzz」"}).run().err, "zavel: no entry for \"「zzz」\"\n");
+}
+
+TEST_F(DictionariesTest, AnAnswerThatPassesOverSignsSaysSo) {
+  helper(answer("★letters\n    C (n) a letter"));
+  enable();
+  EXPECT_EQ(zavel({"look", "C++"}).run().out,
+            "── Translation dictionary ──\nC++: looked up as C\n\n★letters\n    C (n) a letter\n");
+  EXPECT_EQ(zavel({"look", "--row", "1", "C++"}).run().out,
+            "── 1/1 C++, Translation dictionary ──\nC++: looked up as C\n\n★letters\n    C (n) a letter\n");
+  EXPECT_EQ(zavel({"look", "--plain", "C++"}).run().out,
+            "C++\tC\t\ttranslation\t★letters\t\nC++\tC\t\ttranslation\tC (n) a letter\t\n");
+  EXPECT_EQ(Json::parse(zavel({"look", "--json", "C++"}).run().out)["rows"][0]["looked_up"], "C");
 }
 
 // Helpers that hang
@@ -288,6 +382,19 @@ TEST_F(DictionariesTest, ASecondInterruptEndsTheProgram) {
   const Outcome outcome = zavel({"look", "church", "make"}).signalAt(file("started"), SIGINT, 2).run();
   EXPECT_EQ(outcome.status, 130);
   EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "zavel: interrupted\n");
+  EXPECT_TRUE(fs::is_empty(temporary()));
+}
+
+// The program of the second word has not been asked to end before, but this one has.
+TEST_F(DictionariesTest, ASecondInterruptAtALaterWordEndsTheProgramAtOnce) {
+  helper("[ \"$(cat \"$source\")\" = church ] || trap '' TERM INT\n: >'" + file("started") + "'\n" + kHang);
+  enable();
+  // A third one would end it whatever it does, and leave files behind.
+  const Outcome outcome = zavel({"look", "church", "make", "go"}).signalAt(file("started"), SIGINT, 3).run();
+  EXPECT_EQ(outcome.status, 130);
+  EXPECT_EQ(outcome.out, kChurch);
+  EXPECT_EQ(outcome.err, "zavel: the translation dictionary was interrupted\nzavel: interrupted\n");
   EXPECT_TRUE(fs::is_empty(temporary()));
 }
 
@@ -330,10 +437,10 @@ TEST_F(DictionariesTest, ARowThatIsNotThereIsToldWithTheirNumber) {
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.out, "");
   EXPECT_EQ(outcome.err,
-            "zavel: \"go\": there is no row 3: the look-up gave 2 rows\nGive --row a number from 1 to 2.\n");
-  EXPECT_EQ(
-      zavel({"look", "--row", "1", "zzz"}).run().err,
-      "zavel: \"zzz\": there is no row 1: the look-up gave none\nLeave --row out to see what there is.\n");
+            "zavel: \"go\": there is no row 3: the result list has 2 rows\nChoose a row from 1 to 2.\n");
+  EXPECT_EQ(zavel({"look", "--row", "1", "zzz"}).run().err,
+            "zavel: \"zzz\": there is no row 1: the result list is empty\nLeave out --row to see near "
+            "headwords.\n");
   // A blank word is asked nowhere.
   for (const char* blank : {"", " ", "\u3000", "\x01"}) {
     EXPECT_EQ(zavel({"look", "--row", "1", blank}).run().status, 1) << blank;
@@ -353,6 +460,33 @@ TEST_F(DictionariesTest, RowsAreNumberedFromOneAndStandAlone) {
                                              {"look", "--row", "1", "--forms", "go"}}) {
     EXPECT_EQ(zavel(words).run().status, 2) << words[2] << words[3];
   }
+  EXPECT_EQ(zavel({"look", "--row", "x", "go"}).run().err,
+            "zavel: --row: \"x\" is not a number from 1 to 1000000\nRun: zavel look --help\n");
+}
+
+TEST_F(DictionariesTest, ARowWithoutThePartIsToldInThePlaceOfAnEmptyHeading) {
+  const Outcome outcome = zavel({"look", "--row", "1", "--mode", "example", "go"}).run();
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "zavel: no examples in row 1 for \"go\"\n");
+  EXPECT_EQ(zavel({"look", "--row", "2", "--mode", "example", "go"}).run().status, 0);
+  EXPECT_EQ(
+      Json::parse(zavel({"look", "--json", "--row", "1", "--mode", "example", "go"}).run().out)["status"],
+      "not_found");
+}
+
+TEST_F(DictionariesTest, TheLimitLeavesTheRowThatIsAskedFor) {
+  helper(answer("walks"));
+  enable();
+  const auto numbers = [this](const std::vector<std::string>& words) {
+    std::vector<int> found;
+    const Json json = Json::parse(zavel(words).run().out);
+    for (const Json& row : json["rows"]) found.push_back(row["number"]);
+    return found;
+  };
+  EXPECT_EQ(numbers({"look", "--json", "-n", "1", "go"}), (std::vector<int>{1, 3}));
+  EXPECT_EQ(numbers({"look", "--json", "-n", "1", "--row", "2", "go"}), (std::vector<int>{1, 2, 3}));
+  EXPECT_NE(zavel({"look", "-n", "1", "go"}).run().out.find("walks"), std::string::npos);
 }
 
 TEST_F(DictionariesTest, TheModeHoldsForTheRowThatIsShown) {
@@ -371,7 +505,7 @@ TEST_F(DictionariesTest, DamagedPreferencesBeginAnewAndAreKept) {
     const Outcome outcome = zavel({"look", "church"}).run();
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.out, kChurch);
-    EXPECT_EQ(outcome.err, "zavel: the preferences could not be read and begin anew; the old file is " +
+    EXPECT_EQ(outcome.err, "zavel: the preferences could not be read and were reset; the old file is now " +
                                store + ".damaged\n");
     EXPECT_EQ(readFile(store + ".damaged"), content);
     EXPECT_EQ(zavel({"look", "church"}).run().err, "");
@@ -386,8 +520,9 @@ TEST_F(DictionariesTest, DamagedStylesBeginAnewAndAreKept) {
   writeFile(styles, "no list");
   const Outcome outcome = zavel({"look", "church"}).run();
   EXPECT_NE(outcome.out.find("a house"), std::string::npos);
-  EXPECT_EQ(outcome.err, "zavel: the translation styles could not be read and begin anew; the old file is " +
-                             styles + ".damaged\n");
+  EXPECT_EQ(outcome.err,
+            "zavel: the translation styles could not be read and were reset; the old file is now " + styles +
+                ".damaged\n");
   EXPECT_EQ(readFile(styles + ".damaged"), "no list");
   EXPECT_NE(readFile(styles).find("Business letters"), std::string::npos);
 }
@@ -407,20 +542,62 @@ TEST_F(DictionariesTest, WhereNothingCanBeWrittenTheBilingualDictionaryAnswers) 
   const Outcome outcome = zavel({"look", "church"}).run();
   EXPECT_EQ(outcome.out, kChurch);
   EXPECT_EQ(outcome.err, "");
-  EXPECT_EQ(Json::parse(zavel({"look", "--json", "church"}).run().out)["rows"], Json::array());
+  const Json rows = Json::parse(zavel({"look", "--json", "church"}).run().out)["rows"];
+  ASSERT_EQ(rows.size(), 1u);
+  EXPECT_EQ(rows[0]["title"], "**church [教会]");
+  EXPECT_TRUE(zavel({"look", "--row", "1", "church"}).run().out.starts_with("── 1/1 **church [教会]"));
+  EXPECT_TRUE(fs::is_empty(temporary()));
 }
 
-TEST_F(DictionariesTest, WithoutACacheTheHelperIsNotAskedAndThatIsTold) {
+// The preferences are there, but not the path table, as on a disk that has become read only.
+TEST_F(DictionariesTest, WithoutAPathTableAllDictionariesAnswer) {
+  helper(answer("a house"));
+  enable();
+  std::ofstream(root() + "/Library/Application Support") << "a file in the way";
+  const Outcome outcome = zavel({"look", "church"}).run();
+  EXPECT_EQ(outcome.out, std::string("── Standard dictionary ──\n") + kChurch +
+                             "\n── Translation dictionary ──\na house\n");
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(zavel({"look", "--row", "2", "church"}).run().out,
+            "── 2/2 church, Translation dictionary ──\na house\n");
+  EXPECT_TRUE(fs::is_empty(temporary()));
+}
+
+TEST_F(DictionariesTest, WithoutAnyPlaceToWriteToTheBilingualDictionaryAnswersAndThatIsTold) {
+  helper(answer("a house"));
+  enable();
+  std::ofstream(root() + "/Library/Application Support") << "a file in the way";
+  constexpr const char* kLost =
+      "zavel: the translation dictionary was not searched: no folder for its files can be made\n";
+  const Outcome outcome = zavel({"look", "church", "make"}).env("TMPDIR", "/nowhere").run();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_TRUE(outcome.out.starts_with(kChurch)) << outcome.out;
+  EXPECT_EQ(outcome.err, kLost);
+  const Outcome row = zavel({"look", "--row", "1", "church"}).env("TMPDIR", "/nowhere").run();
+  EXPECT_EQ(row.status, 3);
+  EXPECT_EQ(row.err,
+            std::string(kLost) +
+                "zavel: \"church\": there is no result list: no folder for temporary files can be made\n"
+                "Set TMPDIR to a folder that you can write to.\n");
+  const Json json =
+      Json::parse(zavel({"look", "--json", "church"}).env("TMPDIR", "/nowhere").run().out)["dictionaries"];
+  EXPECT_EQ(json[0]["status"], "found");
+  EXPECT_EQ(json[1]["status"], "failed");
+  EXPECT_EQ(json[1]["error"]["code"], "no_folder");
+}
+
+TEST_F(DictionariesTest, WithoutACacheAllDictionariesAnswer) {
   helper(answer("a house"));
   enable();
   ASSERT_EQ(zavel({"look", "church"}).run().status, 0);
   fs::remove_all(root() + "/cache");
   std::ofstream(root() + "/cache") << "a file in the way";
   const Outcome outcome = zavel({"look", "church", "make"}).run();
-  EXPECT_TRUE(outcome.out.starts_with(kChurch)) << outcome.out;
-  EXPECT_EQ(outcome.err,
-            "zavel: the translation dictionary was not asked: the folders that " + root() +
-                "/Library/Application Support/Tarnwick/ZavelLex/ZavelPath.plist names can't be made\n");
+  EXPECT_TRUE(outcome.out.starts_with(std::string("── Standard dictionary ──\n") + kChurch +
+                                      "\n── Translation dictionary ──\na house\n"))
+      << outcome.out;
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_TRUE(fs::is_empty(temporary()));
 }
 
 TEST_F(DictionariesTest, WithoutAFolderOfItsOwnTheCommonFilesServe) {

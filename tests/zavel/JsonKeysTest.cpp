@@ -66,7 +66,8 @@ class JsonKeysTest : public test::RootTest {
 
 TEST_F(JsonKeysTest, OfALookUp) {
   const Json json = document({"look", "--json", "goes"});
-  EXPECT_EQ(keysOf(json), (Keys{"schema", "query", "status", "origin", "entries", "suggestions", "rows"}));
+  EXPECT_EQ(keysOf(json), (Keys{"schema", "query", "status", "origin", "unknown", "entries", "suggestions",
+                                "rows", "dictionaries"}));
   EXPECT_EQ(json["schema"], 1);
   EXPECT_EQ(json["query"], "goes");
   EXPECT_EQ(json["status"], "found");
@@ -78,7 +79,8 @@ TEST_F(JsonKeysTest, OfALookUp) {
 TEST_F(JsonKeysTest, OfTheRows) {
   const Json rows = document({"look", "--json", "go"})["rows"];
   ASSERT_EQ(rows.size(), 2u);
-  EXPECT_EQ(keysOf(rows[0]), (Keys{"type", "dictionary", "title", "shown", "text"}));
+  EXPECT_EQ(keysOf(rows[0]), (Keys{"number", "type", "dictionary", "title", "shown", "looked_up", "text"}));
+  EXPECT_EQ(rows[0]["number"], 1);
   EXPECT_EQ(rows[0]["type"], "bilingual");
   EXPECT_EQ(rows[0]["dictionary"], "Standard dictionary");
   EXPECT_EQ(rows[0]["title"], "go [碁]");
@@ -86,6 +88,25 @@ TEST_F(JsonKeysTest, OfTheRows) {
   EXPECT_TRUE(rows[1]["text"].is_null());
   EXPECT_EQ(document({"look", "--json", "--row", "2", "go"})["rows"][1]["shown"], true);
   EXPECT_EQ(document({"look", "--json", "-n", "1", "go"})["rows"].size(), 1u);
+}
+
+TEST_F(JsonKeysTest, OfTheDictionaries) {
+  const Json dictionaries = document({"look", "--json", "go"})["dictionaries"];
+  ASSERT_EQ(dictionaries.size(), 1u);
+  EXPECT_EQ(keysOf(dictionaries[0]), (Keys{"type", "name", "status", "error"}));
+  EXPECT_EQ(dictionaries[0]["type"], "bilingual");
+  EXPECT_EQ(dictionaries[0]["name"], "Standard dictionary");
+  EXPECT_EQ(dictionaries[0]["status"], "found");
+  EXPECT_TRUE(dictionaries[0]["error"].is_null());
+  ASSERT_EQ(command({"prefs", "dict", "enable", "translation"}).run().status, 0);
+  const Json failed = parse(command({"look", "--json", "go"}).env("ZAVEL_LIBEXEC", "/nowhere").run().out);
+  EXPECT_EQ(failed["dictionaries"][1]["status"], "failed");
+  EXPECT_EQ(keysOf(failed["dictionaries"][1]["error"]), (Keys{"code", "message", "hint"}));
+  EXPECT_EQ(failed["dictionaries"][1]["error"]["code"], "helper_missing");
+}
+
+TEST_F(JsonKeysTest, OfAnUnknownCharacter) {
+  EXPECT_EQ(document({"look", "--json", "go😀"})["unknown"], "😀");
 }
 
 TEST_F(JsonKeysTest, OfAnEntry) {
@@ -100,7 +121,7 @@ TEST_F(JsonKeysTest, OfAnEntry) {
   EXPECT_EQ(entry["via"], Json({"third person singular"}));
   EXPECT_EQ(keysOf(entry["source"]), (Keys{"id", "name"}));
   EXPECT_EQ(entry["source"]["id"], "builtin");
-  EXPECT_EQ(entry["source"]["name"], "ZavelLex basic dictionary");
+  EXPECT_EQ(entry["source"]["name"], "Standard dictionary");
 }
 
 TEST_F(JsonKeysTest, OfASense) {
@@ -155,7 +176,8 @@ TEST_F(JsonKeysTest, APartOfAnEntryKeepsAllKeys) {
 
 TEST_F(JsonKeysTest, OfALookUpWithoutAnAnswer) {
   const Json json = document({"look", "--json", "curch"});
-  EXPECT_EQ(keysOf(json), (Keys{"schema", "query", "status", "origin", "entries", "suggestions", "rows"}));
+  EXPECT_EQ(keysOf(json), (Keys{"schema", "query", "status", "origin", "unknown", "entries", "suggestions",
+                                "rows", "dictionaries"}));
   EXPECT_EQ(json["status"], "not_found");
   EXPECT_EQ(json["entries"], Json::array());
   EXPECT_EQ(json["suggestions"], Json({"church"}));
@@ -163,7 +185,8 @@ TEST_F(JsonKeysTest, OfALookUpWithoutAnAnswer) {
 
 TEST_F(JsonKeysTest, OfAListOfHeadwords) {
   const Json json = document({"look", "--json", "--list", "chu"});
-  EXPECT_EQ(keysOf(json), (Keys{"schema", "query", "status", "origin", "headwords", "suggestions"}));
+  EXPECT_EQ(keysOf(json),
+            (Keys{"schema", "query", "status", "origin", "unknown", "headwords", "suggestions"}));
   ASSERT_EQ(json["headwords"].size(), 1u);
   EXPECT_EQ(keysOf(json["headwords"][0]), (Keys{"word", "line"}));
   EXPECT_EQ(json["headwords"][0]["word"], "church");
@@ -172,7 +195,7 @@ TEST_F(JsonKeysTest, OfAListOfHeadwords) {
 
 TEST_F(JsonKeysTest, OfAnInflectionTable) {
   const Json json = document({"look", "--json", "--forms", "went"});
-  EXPECT_EQ(keysOf(json), (Keys{"schema", "query", "status", "origin", "forms", "suggestions"}));
+  EXPECT_EQ(keysOf(json), (Keys{"schema", "query", "status", "origin", "unknown", "forms", "suggestions"}));
   ASSERT_EQ(json["forms"].size(), 5u);
   EXPECT_EQ(keysOf(json["forms"][2]), (Keys{"code", "form", "label", "base"}));
   EXPECT_EQ(json["forms"][2]["code"], 8);

@@ -196,6 +196,27 @@ TEST_F(LookTest, WordsThatNoHeadwordCanHoldAreNotFound) {
   }
 }
 
+TEST_F(LookTest, CharactersThatNoHeadwordHoldsAreTold) {
+  const LookResult go = look("x😀한😀y");
+  EXPECT_EQ(go.unknown, "😀한");
+  EXPECT_FALSE(go.found());
+  EXPECT_EQ(look("go2").unknown, "");
+  EXPECT_EQ(look("café").unknown, "");
+}
+
+TEST_F(LookTest, WhatIsLeftWithoutThemIsSuggestedFirst) {
+  EXPECT_EQ(look("go😀").suggestions.at(0), "go");
+  EXPECT_EQ(look("한行く").suggestions, Strings{"行く"});
+  EXPECT_EQ(look("curch😀").suggestions.at(0), "church");
+  EXPECT_TRUE(look("😀").suggestions.empty());
+  LookRequest one;
+  one.word = "go😀";
+  one.suggestions = 1;
+  EXPECT_EQ(look(one).suggestions, Strings{"go"});
+  one.suggestions = 0;
+  EXPECT_TRUE(look(one).suggestions.empty());
+}
+
 TEST_F(LookTest, ATooLongWordIsRefused) {
   LookRequest request;
   request.word = std::string(256, 'a');

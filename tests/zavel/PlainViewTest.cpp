@@ -31,6 +31,13 @@ TEST(PlainEntries, AFieldSteersNoTerminal) {
   EXPECT_EQ(plainEntries(result, 1), "i\uFFFD[1mku\uFFFD\t行く\tいく\t\t\uFFFD to go\ta\uFFFDb\n");
 }
 
+TEST(PlainEntries, TheLimitHoldsForTheTranslationDictionaryToo) {
+  LookResult result;
+  result.query = "R&D";
+  result.rows = {{RowKind::kTranslation, "R&D", true, "★a\n    rd\n    RD", {}, "RD"}};
+  EXPECT_EQ(plainEntries(result, 1), "R&D\tRD\t\ttranslation\t★a\t\nR&D\tRD\t\ttranslation\trd\t\n");
+}
+
 TEST(PlainEntries, WithoutALimitAllEntries) {
   EXPECT_EQ(plainEntries(iku(), 0).size(), 2 * plainEntries(iku(), 1).size());
   EXPECT_EQ(plainEntries({}, 0), "");

@@ -1,6 +1,7 @@
 // `zavel prefs dict`.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -51,6 +52,33 @@ TEST_F(PrefsTest, ADictionaryIsNamedByNumberNameOrType) {
   }
 }
 
+TEST_F(PrefsTest, NamesAreInTheLanguageOfTheMoment) {
+  constexpr const char* kJapanese = "ja_JP.UTF-8";
+  EXPECT_EQ(dict({"enable", "翻訳辞書"}).run().out, kOn);
+  EXPECT_EQ(dict({"list"}).env("LANG", kJapanese).run().out,
+            "1  on   標準辞書  bilingual\n2  on   翻訳辞書  translation\n");
+  EXPECT_EQ(dict({"disable", "Translation dictionary"}).env("LANG", kJapanese).run().out,
+            "1  on   標準辞書  bilingual\n2  off  翻訳辞書  translation\n");
+  EXPECT_EQ(dict({"move", "標準辞書", "2"}).run().out, kMoved);
+  EXPECT_EQ(Json::parse(dict({"list", "--json"}).env("LANG", kJapanese).run().out)["dictionaries"][0]["name"],
+            "翻訳辞書");
+}
+
+TEST_F(PrefsTest, ANameWithALineEndStaysOnItsLine) {
+  ASSERT_EQ(dict({"list"}).run().status, 0);
+  const std::string store = root() + "/Library/Preferences/local.tarnwick.ZavelLex_ZavelLex.plist";
+  std::string text = test::readFile(store);
+  const size_t type = text.find(">tType<");
+  ASSERT_NE(type, std::string::npos);
+  text.replace(type, 7, ">eType<");
+  text.replace(text.find("Translation dictionary"), 22, "A book\nof two lines");
+  test::writeFile(store, text);
+  const std::string list = dict({"list"}).run().out;
+  EXPECT_NE(list.find("  A book of two lines  "), std::string::npos) << list;
+  EXPECT_EQ(std::count(list.begin(), list.end(), '\n'), 3) << list;
+  EXPECT_EQ(dict({"enable", "a book of two lines"}).run().status, 0);
+}
+
 TEST_F(PrefsTest, MovingKeepsWhatIsOn) {
   EXPECT_EQ(dict({"move", "translation", "1"}).run().out, kMoved);
   EXPECT_EQ(dict({"move", "1", "1"}).run().out, kMoved);
@@ -84,11 +112,15 @@ TEST_F(PrefsTest, WhatIsNotInTheListIsTold) {
     const Outcome outcome = dict({"enable", name}).run();
     EXPECT_EQ(outcome.status, 2) << name;
     EXPECT_EQ(outcome.err, "zavel: there is no dictionary \"" + std::string(name) +
-                               "\"\nGive a number or a name of: zavel prefs dict list\n");
+                               "\"\nChoose one by its number, name or type from: zavel prefs dict list\n");
   }
   const Outcome place = dict({"move", "1", "3"}).run();
   EXPECT_EQ(place.status, 2);
-  EXPECT_EQ(place.err, "zavel: there is no place 3 in the list\nGive a number from 1 to 2.\n");
+  EXPECT_EQ(place.err, "zavel: the list has no place 3\nChoose a place from 1 to 2.\n");
+  const Outcome noNumber = dict({"move", "1", "x"}).run();
+  EXPECT_EQ(noNumber.status, 2);
+  EXPECT_EQ(noNumber.err,
+            "zavel: position: \"x\" is not a number from 1 to 1000000\nRun: zavel prefs dict move --help\n");
   EXPECT_EQ(dict({"move", "1", "0"}).run().status, 2);
   EXPECT_EQ(dict({"move", "1", "-1"}).run().status, 2);
   EXPECT_EQ(dict({"move", "1"}).run().status, 2);
@@ -107,7 +139,7 @@ TEST_F(PrefsTest, AStoreThatCannotBeWrittenIsTold) {
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.err, "zavel: the preferences can't be written: " + root() +
                                "/Library/Preferences/local.tarnwick.ZavelLex_ZavelLex.plist\n"
-                               "See whether the disk is full, or the folder not yours.\n");
+                               "Check that the disk isn't full and that the folder is yours.\n");
   }
 }
 

@@ -105,7 +105,7 @@ TEST_F(StoreTest, AListThatCannotBeReadIsNotWrittenOver) {
   test::FaultyStorage disk;
   disk.failAt(reads + 1);
   EXPECT_EQ(openStore(host),
-            "the preferences in " + path + " can't be read; this time all is as at the first start");
+            "the preferences in " + path + " can't be read; the defaults are used this time");
   EXPECT_EQ(disk.faults(), 1);
   EXPECT_FALSE(searchesTranslation());
   closeStore();

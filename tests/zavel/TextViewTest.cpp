@@ -163,5 +163,33 @@ TEST(FormsText, PartsTheTablesOfSeveralWords) {
   EXPECT_EQ(formsText(look, {}), "saw  [現]\n\nsee  [現]\nsaw  [過]\n");
 }
 
+LookResult translated() {
+  LookResult made;
+  made.query = made.origin = "R&D";
+  made.kinds = {RowKind::kTranslation};
+  made.rows = {{RowKind::kTranslation, "R&D", true, "★a\n    rd\n    RD", {}, "RD"}};
+  return made;
+}
+
+TEST(AnswerText, TellsWhatTheTranslationDictionaryWasAskedFor) {
+  EXPECT_EQ(answerText(translated(), {}),
+            "── Translation dictionary ──\nR&D: looked up as RD\n\n★a\n    rd\n    RD\n");
+}
+
+TEST(AnswerText, TheLimitHoldsForTheTranslationDictionaryToo) {
+  TextLook look;
+  look.limit = 1;
+  LookResult made = translated();
+  made.rows[0].lookedUp = "";
+  EXPECT_EQ(answerText(made, look), "── Translation dictionary ──\n★a\n    rd\n\nmore entries (--limit)\n");
+}
+
+TEST(AnswerText, HeadingsAndReasonsWrap) {
+  TextLook look;
+  look.width = 16;
+  EXPECT_EQ(answerText(translated(), look),
+            "── Translation\ndictionary ──\nR&D: looked up\nas RD\n\n★a\n    rd\n    RD\n");
+}
+
 }  // namespace
 }  // namespace zavel::host

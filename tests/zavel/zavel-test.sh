@@ -74,7 +74,7 @@ expect "examples alone" 0 "*go home*家に帰る*" "" "$zavel" look --mode examp
 expect "a flag behind the word" 0 "*went*" "" "$zavel" look went --forms
 expect "not found" 1 "" "*no entry for \"curch\"*Near headwords: church*" "$zavel" look curch
 expect "not found, no suggestions wanted" 1 "" "zavel: no entry for \"curch\"" "$zavel" look --suggest 0 curch
-expect "not found, as JSON" 1 '{"schema":1,"query":"curch","status":"not_found","origin":null,"entries":\[\],"suggestions":\["church"\],"rows":\[\]}' "" "$zavel" look --json curch
+expect "not found, as JSON" 1 '{"schema":1,"query":"curch","status":"not_found","origin":null,"unknown":null,"entries":\[\],"suggestions":\["church"\],"rows":\[\],"dictionaries":\[*"status":"not_found","error":null}\]}' "" "$zavel" look --json curch
 expect "one of two found" 0 "*church*" "*no entry for \"zzz\"*" "$zavel" look zzz church
 expect "the one word is too long" 2 "" "*too long*" "$zavel" look "$(printf 'a%.0s' {1..256})"
 expect "the one word is no text" 2 "" "*not UTF-8*" "$zavel" look $'\xff'
