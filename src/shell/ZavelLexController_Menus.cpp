@@ -159,14 +159,17 @@ void ZavelLexController::addOutsideDirections() {
 
 void ZavelLexController::selectDictModeMenu(int tag) {
   if (!dMenu_) return;  // chosen in the menu of a list that is no more
-  if (tag >= kDirectionHeadingTag) {
+  const bool direction = tag >= kDirectionHeadingTag;
+  if (direction) {
     checkAmong(dMenu_.get(), kFirstDirectionTag, sMenuNumber_, tag);
   } else {
     checkAmong(dMenu_.get(), kFirstDisplayTag, oMenuNumber_, tag);
-    sController_->changeHeadView(modeMirell());
   }
+  // From here on a look-up that a host makes when it hears of the change is made in the chosen way already.
+  const uint64_t lookup = sController_->latestLookup();
+  if (!direction) sController_->changeHeadView(modeMirell());
   giveMenu(dMenu_);
-  lookupButton();
+  if (sController_->isLatest(lookup)) lookupButton();
 }
 
 void ZavelLexController::makeTransMenu() {

@@ -167,6 +167,18 @@ TEST_F(Menus, ChoosingADisplayModeLooksUpAnewFromTheFirstRow) {
   EXPECT_EQ(window.detail(), "\r-[動]\r合う\n\r\r");
 }
 
+TEST_F(Menus, ALookUpThatAHostMakesWhenItHearsOfTheDisplayModeIsTheNewerOne) {
+  writeDictList({kBilingualOn, kTranslationOff});
+  Window window(kAllModes);
+  window.look("take");
+  const Connection heard =
+      window.dictionary().hwHeadTitle().changed.connect([&](View&) { window.look("match", 1); });
+  EXPECT_TRUE(window.choose(2));
+  EXPECT_EQ(window.field(), "match");
+  EXPECT_EQ(window.dictionary().nowSelectedRow(), 1);
+  EXPECT_EQ(window.detail(), "\r-[名]\r試合\n\r\r");  // shown as the menu says
+}
+
 TEST_F(Menus, TheDirectionIsThatOfTheCheckedItem) {
   writeDictList({kBilingualOn, kTranslationOff, kBookOn});
   Window window(kAllModes);
