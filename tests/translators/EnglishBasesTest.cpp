@@ -90,10 +90,13 @@ TEST(EnglishBases, OfAFormInEdOrIng) {
 }
 
 TEST(EnglishBases, OfNoFormAreNone) {
-  check({{"", "-"},         {"s", "-"},   {"is", "-"},   {"bus", "-"},   {"glass", "-"},
-         {"analysis", "-"}, {"bed", "-"}, {"king", "-"}, {"thing", "-"}, {"string", "-"},
-         {"ing", "-"},      {"ed", "-"},  {"went", "-"}, {"women", "-"}, {"x86s", "-"},
-         {"C++", "-"},      {"猫s", "-"}, {" ", "-"},    {"ies", "-"},   {"HTTPS", "-"}});
+  check({{"", "-"},       {"s", "-"},     {"is", "-"},
+         {"bus", "-"},    {"glass", "-"}, {"analysis", "-"},
+         {"bed", "-"},    {"king", "-"},  {"thing", "-"},
+         {"string", "-"}, {"ing", "-"},   {"ed", "-"},
+         {"went", "-"},   {"women", "-"}, {"x86s", "-"},
+         {"C++", "-"},    {"猫s", "-"},   {" ", "-"},
+         {"ies", "-"},    {"HTTPS", "-"}, {"Tana\x01ka's", "-"}});
 }
 
 }  // namespace

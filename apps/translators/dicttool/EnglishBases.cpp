@@ -13,6 +13,11 @@ bool isLetter(char byte) {
   return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
 }
 
+// No word has any, and the answer, which repeats the word, can't hold them.
+bool isControl(char byte) {
+  return (byte >= 0 && byte < ' ') || byte == 0x7F;
+}
+
 bool isCapital(char byte) {
   return byte >= 'A' && byte <= 'Z';
 }
@@ -128,6 +133,7 @@ Bases ofForm(std::string_view word) {
 }  // namespace
 
 std::vector<std::vector<std::string>> englishBases(std::string_view word) {
+  if (std::any_of(word.begin(), word.end(), isControl)) return {};
   for (const std::string_view mark : {"'", "’"}) {
     const std::string possessive = std::string(mark) + "s";
     if (Spelling(word).endsIn(possessive)) {
