@@ -10,7 +10,7 @@
 namespace zavel {
 
 // Folders below which everything of the table stands: absolute, UTF-8, without a trailing delimiter. The
-// usual choice are the user's own: data, cache and preferences are "zavel" below $XDG_DATA_HOME,
+// usual choice is the user's own: data, cache and preferences are "zavel" below $XDG_DATA_HOME,
 // $XDG_CACHE_HOME and $XDG_CONFIG_HOME, or below one folder for all.
 struct PathTableRoots {
   std::string data;

@@ -51,7 +51,7 @@ class ZavelCommonModule {
   static Language judgeTextDataEorJ(const std::string& sjis);
 
   // The same for a text file; kUnreadable where readTextOfFile gives nothing: also for a file of over 64 MiB
-  // and for one that doesn't decode, though it be there.
+  // and for one that doesn't decode, even if it is there.
   static Language judgeTextStringEorJOfFile(const std::string& path);
 
   // A text file in the encoding that /usr/bin/file finds in it: UTF-16, UTF-8, Japanese EUC (which that
@@ -69,7 +69,7 @@ class ZavelCommonModule {
   // nothing.
   std::optional<std::string> convertEntities(const std::optional<std::string>& text) const;
 
-  // "red green blue alpha", parted by single blanks. A piece that is empty or no number reads as 0; pieces
+  // "red green blue alpha", separated by single blanks. A piece that is empty or no number reads as 0; pieces
   // behind the fourth don't count. Nothing with fewer than four.
   std::optional<ZavelColor> stringToNSColor(const std::string& text) const;
 

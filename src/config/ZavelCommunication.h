@@ -18,7 +18,7 @@ class ZavelCommunication {
   Value cDic_;
 };
 
-// The process's one. The first main controller makes it, the last one takes it away.
+// The only one of the process. The first main controller makes it, the last one takes it away.
 extern std::unique_ptr<ZavelCommunication> gZavelCommunication;
 
 }  // namespace zavel

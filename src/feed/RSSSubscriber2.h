@@ -41,7 +41,7 @@ class ZAVEL_API RSSSubscriber2 {
   size_t updates_ = 0;
 };
 
-// The process's one. The first main controller makes it, the last one takes it away.
+// The only one of the process. The first main controller makes it, the last one takes it away.
 ZAVEL_API extern std::unique_ptr<RSSSubscriber2> gRSSSubscriber2;
 
 }  // namespace zavel

@@ -18,7 +18,7 @@ class ZAVEL_API ZFWiPodController {
   bool present_ = false;
 };
 
-// The process's one. The first main controller makes it; it stays.
+// The only one of the process. The first main controller makes it; it stays.
 ZAVEL_API extern std::unique_ptr<ZFWiPodController> gZFWiPod;
 
 }  // namespace zavel

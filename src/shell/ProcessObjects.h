@@ -24,15 +24,15 @@ struct ProcessStatus {
   int pathTable = 1;          // of the last zavelPathLoadDictAndHelper (config/ZavelPath.h); 0: complete
   bool mirellLoaded = false;  // there is a lookup manager, though its dictionary need not have opened
 };
-// As the controllers of the process found it; as at first before the first one and after the last one.
+// As the process's controllers found it; the values above before the first and after the last controller.
 ZAVEL_API ProcessStatus processStatus();
 
-// The steps of a controller's start that make what is shared, in their order: common services with path and
-// style tables; stores; work paths; the translation controller and the feed subscriber.
+// Makes what controllers share, in the order of a controller's start: common services with path and style
+// tables; stores; work paths; the translation controller and the feed subscriber.
 void retainProcessObjects();
 // The manager, for a controller that is being set up.
 void makeMirellModule(const std::string& cacheName);
-// Lets go; with the last controller all of it ends but the music player's.
+// Releases one controller's share; the last one takes everything away except the music player's controller.
 void releaseProcessObjects();
 
 }  // namespace zavel

@@ -76,12 +76,12 @@ class ZAVEL_API S_Controller : public TableDataSource {
   bool isLatest(uint64_t lookup) const { return lookup == lookups_; }
   // Empties list and detail, and says that there are no entries.
   void setUnfound();
-  // Shows a row, made anew each time; nothing happens for one that isn't there. An entry that can't be had
-  // leaves the detail empty.
+  // Shows a row, whose entry is fetched anew each time; one that can't be fetched leaves the detail empty.
+  // Nothing happens for a row that isn't there.
   void displaySelectedRow(size_t row);
   int nowSelectedRow() const { return hwListView_.selectedRow(); }
-  // Selects the row, and shows it, where there is one, be it the selected one; brings it into view unless it
-  // is the first.
+  // Selects the row and shows it, also when it is selected already; brings it into view unless it is the
+  // first. Nothing happens for a row that isn't there.
   void setNewSelectRow(int row);
 
   // The filter of the bilingual dictionary, one of the kFilter values; others show as kFilterExample.
@@ -94,14 +94,14 @@ class ZAVEL_API S_Controller : public TableDataSource {
   // changeSize:  Posts ZFChangeSizeNotification with the chosen size, a number. An observer may destroy this.
   void changeSize();
 
-  // jumpURL:  Has the address of a link opened; says so in an alert when nothing would open it.
+  // jumpURL:  Opens the address of a link; an alert says so when it can't be opened.
   void jumpURL(const std::string& url);
 
-  // Makes the notes button usable, with `available`, where the row shown has a title for a note; unusable
+  // Enables the notes button if `available` is true and the row shown has a title for a note; disables it
   // otherwise. In the medical edition the button never changes.
   void updateTool(bool available);
   // Reads the book browser's preferences anew and gives its books: maps with at least "Name". Without those
-  // preferences there are no books; none is told where they are there and can't be read.
+  // preferences there are no books; nullopt when there are such preferences but they can't be read.
   std::optional<Value::Array> twedDictList();
   // The document's translation style: a place in the style file's list, 0 until it is set. Look-ups of the
   // translation dictionary take the technical dictionaries of that style.
@@ -180,7 +180,7 @@ class ZAVEL_API S_Controller : public TableDataSource {
 ZAVEL_API extern size_t referenceMaxCount;
 // Tabs of this kind that are alive.
 ZAVEL_API extern int gS_CallCount;
-// Colours of book entries, from the book browser's preferences; none for one that those give wrongly.
+// Colours of book entries, from the book browser's preferences; nullopt for one that isn't valid there.
 ZAVEL_API extern std::optional<ZavelColor> headColor, textColor, refColor;
 
 }  // namespace zavel

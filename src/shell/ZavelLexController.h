@@ -64,7 +64,7 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
   // The set-up, in one of four forms; a second one does nothing. Before its end, events and commands do
   // nothing and there are no tabs to ask for. `target` is the host's token: any address of its own, compared
   // and never followed; null matches no event. `kenkyu` names the file in the cache folder that entries are
-  // shown through; the first controller of the process settles it for all.
+  // shown through; the first controller of the process decides for all.
   //
   // initController:target:segment:
   void initController(const Rect& frame, const void* target, const Modes& segment);
@@ -79,9 +79,10 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
   void initController(const Rect& frame, const void* target, SearchField& input, BusyIndicator& progress,
                       const std::string& kenkyu);
 
-  // lookupButton:  The whole look-up of what stands in the search field. `sender`: a number, a fraction cut
-  // off, is the row to select afterwards, none for one that isn't there; anything else means the first. It
-  // returns when it is over, and reports as docs/hosting.md says; an observer of the report may destroy this.
+  // lookupButton:  Looks up what the search field holds. A number as `sender`, its fraction cut off, is the
+  // row to select afterwards; a row that isn't there selects none. Anything else selects the first. Returns
+  // when the look-up is over, and reports it as docs/hosting.md says; an observer of the report may destroy
+  // this.
   void lookupButton(const Value& sender = Value());
   // searchButton:  Web search for the text in the search field, at the checked site; nothing for an empty
   // field.
@@ -106,8 +107,8 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
   // a controller that is alive.
   static bool saveZP(int32_t style);
 
-  // control:textView:doCommandBySelector:  A new line in the search field; whether it was for the mode that
-  // is up.
+  // control:textView:doCommandBySelector:  The user pressed return in the search field. True when the mode
+  // that is up takes that.
   bool insertNewline();
   // controlTextDidChange:  The user edited the search field: an emptied one clears the mode that is up, if it
   // is the dictionary, the web search or the feeds.
@@ -141,7 +142,7 @@ class ZAVEL_API ZavelLexController : private ZFWPrefController::Owner {
 
   // The host's token from now on, for events to this controller; the tabs keep that of the set-up.
   void setTarget(const void* target) { zavelParent_ = target; }
-  // These may be called before the set-up, too; then they count from it on.
+  // These may also be called before the set-up, and then take effect with it.
   // The document's translation style, a place in the style file's list (S_Controller::setDocStyle).
   void setDocStyle(int32_t style);
   // Quick translation: its panes one above the other, else side by side; its transport button hidden. The

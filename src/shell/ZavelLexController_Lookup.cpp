@@ -81,7 +81,7 @@ void ZavelLexController::walkDictionaries(uint64_t lookup, const std::string& qu
   finishLookup(lookup, successes > 0, true);
 }
 
-// Hands the query to the application that the user chose in place of this system. None is within reach yet.
+// Hands the query to the application that the user chose in place of this system. None can be reached yet.
 void ZavelLexController::doOutsideApplet(int, const SjisBytes&, bool) {}
 
 void ZavelLexController::finishLookup(uint64_t lookup, bool found, bool bringsUpTab) {

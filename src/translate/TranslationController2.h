@@ -29,7 +29,7 @@ class ZAVEL_API TranslationController2 {
   std::string rssCacheFolder_;
 };
 
-// The process's one. The first main controller makes it, the last one takes it away.
+// The only one of the process. The first main controller makes it, the last one takes it away.
 ZAVEL_API extern std::unique_ptr<TranslationController2> gTranslationController2;
 
 }  // namespace zavel
