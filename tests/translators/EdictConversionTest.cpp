@@ -99,8 +99,11 @@ TEST_F(EdictConversionTest, PutsWhatAWordMeansFirstAheadOfWhatIsCommon) {
       "並べ替え [ならべかえ] /(n) sort/\n"
       "種類 [しゅるい] /(n) kind/sort/\n"
       "種類別 [しゅるいべつ] /(adj-no) by kind/\n"
-      "整列 [せいれつ] /(n) sort/(P)/\n";
+      "整列 [せいれつ] /(n) sort/(P)/\n"
+      "網 [あみ] /(n) network/net/\n"
+      "ネットワーク /(n) network/\n";
   ASSERT_FALSE(convert(words));
+  EXPECT_EQ(find("network"), (Texts{"ネットワーク\n(noun) network\n", "網 [あみ]\n(noun) network; net\n"}));
   EXPECT_EQ(find("sort"), (Texts{"整列 [せいれつ]\n(noun) sort\n", "並べ替え [ならべかえ]\n(noun) sort\n",
                                  "昇順整列 [しょうじゅんせいれつ]\n(noun) sort (in ascending order)\n",
                                  "種類 [しゅるい]\n(noun) kind; sort\n"}));

@@ -26,7 +26,7 @@ constexpr size_t kMostBytes = size_t{512} << 20;
 // The first line of the distributed files stands for no word but tells name, holder and date.
 constexpr std::string_view kTitleWord = "　？？？ /";
 
-constexpr unsigned kMostCommon = 15;
+constexpr unsigned kMostCommon = 15, kMostOthers = 7;
 
 std::string withoutEnd(std::string path) {
   for (const std::string_view end : {".index", ".dict"}) {
@@ -64,6 +64,7 @@ class Conversion {
   bool gather(std::string_view bytes);
   bool line(std::string_view bytes);
   unsigned commonness() const;
+  unsigned rankOf(const EdictKey& key) const;
 
   std::string name_;
   DictdWriter writer_;
@@ -110,6 +111,14 @@ unsigned Conversion::commonness() const {
   return std::min(static_cast<unsigned>(std::bit_width(compounds)), kMostCommon - 1);
 }
 
+// What the entry is about counts most, then how common it is; last, that it has few other meanings, and none
+// that is explained.
+unsigned Conversion::rankOf(const EdictKey& key) const {
+  const unsigned others = std::min(static_cast<unsigned>(entry_.glosses.size() - 1), kMostOthers);
+  const unsigned about = static_cast<unsigned>(key.rank), rare = kMostCommon - commonness();
+  return ((about * (kMostCommon + 1) + rare) * (kMostOthers + 1) + others) * 2 + (key.explained ? 1 : 0);
+}
+
 // The second round: the entries.
 bool Conversion::line(std::string_view bytes) {
   const std::optional<std::string> text = decoded(bytes);
@@ -124,12 +133,7 @@ bool Conversion::line(std::string_view bytes) {
   }
   ++account_->entries;
   if (!writer_.addEntry(entry_.text(names_))) return false;
-  const unsigned rare = kMostCommon - commonness();
-  for (const EdictKey& key : entry_.keys(names_)) {
-    const unsigned rank =
-        (static_cast<unsigned>(key.rank) * (kMostCommon + 1) + rare) * 2 + (key.explained ? 1 : 0);
-    writer_.addWord(key.word, rank);
-  }
+  for (const EdictKey& key : entry_.keys(names_)) writer_.addWord(key.word, rankOf(key));
   return true;
 }
 
