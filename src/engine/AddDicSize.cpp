@@ -1,6 +1,7 @@
 // Tests: tests/engine/WordInfoTest.cpp
 #include "engine/AddDicSize.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "engine/DicFormat.h"
@@ -8,8 +9,9 @@
 namespace zavel::engine {
 namespace {
 
+// A longer text counts as one that no entry has room for.
 uint16_t Length(const char* text) {
-  return text == nullptr ? 0 : static_cast<uint16_t>(std::strlen(text));
+  return text == nullptr ? 0 : static_cast<uint16_t>(std::min(std::strlen(text), kMaxEntry));
 }
 
 template <typename Pair>

@@ -41,7 +41,8 @@ void InitAddDicSizeJ(add_dic_size_j* sizes);
 void FreeAddDicSizeE(add_dic_size_e* sizes);
 void FreeAddDicSizeJ(add_dic_size_j* sizes);
 
-// Measure an entry whose texts were checked: each of them is shorter than 65,535 bytes.
+// Measure an entry whose texts were checked. A word of more than 65,535 bytes counts as so many, which no
+// entry has room for.
 void GetWordInfoSizeE(const add_dic_e& entry, add_dic_size_e* sizes);
 void GetWordInfoSizeJ(const add_dic_j& entry, add_dic_size_j* sizes);
 
