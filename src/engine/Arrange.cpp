@@ -77,7 +77,7 @@ Status CarryBlocks(Idx3Offsets* list, uint16_t type, FsObj* stream, const Change
     if (element.offset == kNoBlockUser) continue;
     Ix3Block block;
     Status status = GetIdx3Data(element.offset, type, &block);
-    if (status == kOk && !bound.take(block.count)) status = kInternal;
+    if (status == kOk) status = bound.take(block.count);
     if (status == kOk) status = change(&block);
     if (status != kOk) return status;
     element.offset = kNoBlockUser;

@@ -34,20 +34,20 @@ std::string FolderOf(const std::string& path) {
   return folder.empty() ? "." : folder;
 }
 
-bool MakeBackups(const Paths& paths) {
+Status MakeBackups(const Paths& paths) {
   const std::string first = BackupOf(paths.back());
-  if (storage().exists(first) && !DropBackup(first)) return false;
+  if (storage().exists(first) && !DropBackup(first)) return kFileError;
   for (const std::string& path : paths) {
-    if (!CopyFile(path, BackupOf(path))) return false;
+    if (!CopyFile(path, BackupOf(path))) return kFileError;
   }
-  return true;
+  return kOk;
 }
 
 // The last step: from here on the new files are the set.
-bool DropBackups(const Paths& paths) {
-  if (!storage().syncFolder(FolderOf(paths.back())) || !DropBackup(BackupOf(paths.back()))) return false;
+Status DropBackups(const Paths& paths) {
+  if (!storage().syncFolder(FolderOf(paths.back())) || !DropBackup(BackupOf(paths.back()))) return kFileError;
   for (const std::string& path : paths) DeleteFile(BackupOf(path));
-  return true;
+  return kOk;
 }
 
 // A file of the set, its stream, and what the names of its successors begin with.
@@ -170,9 +170,12 @@ Status Arrange(const ArrangedSet& set) {
   const Status saved = set.saveFirst();
   if (saved != kOk) return saved;
   const Paths paths = set.paths();
-  if (!MakeBackups(paths)) return kFileError;
-  Status status = NoMemoryAsStatus(set.passes);
-  if (status == kOk && !DropBackups(paths)) status = kFileError;
+  const std::string first = BackupOf(paths.back());
+  Status status = NoMemoryAsStatus([&] { return MakeBackups(paths); });
+  // A first backup that stands takes back whatever is saved from now on, so nothing more may be.
+  if (status != kOk && (!storage().exists(first) || DropBackup(first))) return status;
+  if (status == kOk) status = NoMemoryAsStatus(set.passes);
+  if (status == kOk) status = NoMemoryAsStatus([&] { return DropBackups(paths); });
   if (status != kOk) set.abandon();
   return status;
 }

@@ -15,21 +15,24 @@ class EntryBound {
   // Of the user set that `type` belongs to, whose streams are open.
   explicit EntryBound(uint16_t type) {
     FsObj* stream = DicStream(type, kSetUser);
-    const int64_t size = stream == nullptr ? 0 : stream->Size();
-    left_ = size > 0 ? static_cast<size_t>(size) / kLeastEntry : 0;
+    const int64_t size = stream == nullptr ? -1 : stream->Size();
+    known_ = size >= 0;
+    if (known_) left_ = static_cast<size_t>(size) / kLeastEntry;
   }
 
-  // Counts entries; false when there are more than can be.
-  bool take(size_t entries) {
-    if (entries > left_) return false;
+  // Counts entries; kInternal when there are more than can be, kFileError when that isn't known.
+  Status take(size_t entries) {
+    if (!known_) return kFileError;
+    if (entries > left_) return kInternal;
     left_ -= entries;
-    return true;
+    return kOk;
   }
 
  private:
   // Tag, a character, line feed.
   static constexpr size_t kLeastEntry = 4;
 
+  bool known_ = false;
   size_t left_ = 0;
 };
 

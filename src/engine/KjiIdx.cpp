@@ -23,7 +23,6 @@ Status ReadKjiIdxInfo() {
   constexpr size_t kInfoOffset = 6;  // user_knj_info: eight bytes, the count at its fifth
   uint8_t info[8] = {};
   if (g_sUserKjiIdxInfo == nullptr) return kInternal;
-  writeLE16(g_sUserKjiIdxInfo, 0);
   FsObj* stream = g_fs_Ke_Idx_User[0];
   if (stream == nullptr || !stream->ReadExact(kInfoOffset, info, sizeof(info))) return kMalformed;
   writeLE16(g_sUserKjiIdxInfo, readLE16(info + (kKjiCountOffset - kInfoOffset)));

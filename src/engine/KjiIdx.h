@@ -14,7 +14,8 @@ namespace zavel::engine {
 Status InitKjiIdx1Info();
 
 // Takes the count from the header of the open kji.idx into the count word. kMalformed when the header is
-// too short or unreadable, kInternal without a count word; the count is then 0.
+// too short or unreadable: the count word then stays, because the indexes that it counts are loaded and may
+// have to be saved. kInternal without a count word.
 Status ReadKjiIdxInfo();
 
 // The count word, at most 10 whatever a file says; 0 without one.

@@ -10,6 +10,7 @@
 #include "engine/MakeUserDic.h"
 #include "engine/SaveIdx1.h"
 #include "engine/Shim.h"
+#include "engine/UserFrame.h"
 #include "foundation/ByteReader.h"
 
 namespace zavel::engine {
@@ -23,8 +24,9 @@ struct KjiRows {
   std::string c;
 };
 
-std::string RowsOf(const uint8_t* table, size_t headSize) {
-  return std::string(reinterpret_cast<const char*>(table) + headSize, readLE32(table));
+// Whole rows alone: what a damaged size word counts beyond them would grow out of the fixed block.
+std::string RowsOf(const uint8_t* table, size_t headSize, size_t rowSize) {
+  return std::string(reinterpret_cast<const char*>(table) + headSize, readLE32(table) / rowSize * rowSize);
 }
 
 // Finds `key` among the rows from `first` to `end`: *row is that row, or the first greater one, or `end`.
@@ -95,12 +97,19 @@ void PutBack(const KjiRows& rows, idx_info_ptr* info) {
   std::memcpy(info->tableC + kTableHeadC, rows.c.data(), rows.c.size());
 }
 
-// kji.idx as it was, from its copy, with the streams open on it.
-Status TakeBack(const std::string& path, const std::string& copy) {
+// An empty kji.idx in the place of the full one, with the streams open on it.
+Status ReplaceKjiIdx(const std::string& path, const std::string& aside, uint16_t number) {
   CloseFsObjsUserJ();
-  CopyFile(copy, path);
+  const bool made = DeleteFile(path) && MkUserDicJ(path, kFileKjiIdx, number) &&
+                    OpenFsObjsUserJ(false, false) == kOk && DropBackup(aside);
+  return made ? kOk : kFileError;
+}
+
+// kji.idx as it was, from its copy, with the streams open on it. The backup stays while it is needed.
+void TakeBack(const std::string& path, const std::string& copy, const std::string& aside) {
+  CloseFsObjsUserJ();
+  if (CopyFile(copy, path)) DeleteFile(aside);
   OpenFsObjsUserJ(false, false);
-  return kFileError;
 }
 
 }  // namespace
@@ -117,7 +126,7 @@ Status MakeRoomForKji() {
 Status AddKanjiIdx(index_info* info) {
   idx_info_ptr* idx = &g_sUserKji;
   if (idx->tableBase == nullptr || info->word.size() < kKeyBytes) return kInternal;
-  KjiRows rows{RowsOf(idx->tableA, kTableHead), RowsOf(idx->tableC, kTableHeadC)};
+  KjiRows rows{RowsOf(idx->tableA, kTableHead, kRowAKji), RowsOf(idx->tableC, kTableHeadC, kRowCKji)};
   if (rows.c.size() / kRowCKji >= kUserKjiRows || rows.a.size() / kRowAKji >= kUserKjiRows) return kInternal;
   std::string key = info->word.substr(0, 2 * kKeyBytes);
   key.resize(2 * kKeyBytes, '\0');
@@ -138,10 +147,9 @@ Status MakeNewKjiIdx() {
   const std::string aside = path + ".Bkup";
   const std::string next = UserPathJ(KjiIdxName(number).c_str());
   if (!CopyFile(path, next) || !CopyFile(path, aside)) return kFileError;
-  CloseFsObjsUserJ();
-  const bool made = DeleteFile(path) && MkUserDicJ(path, kFileKjiIdx, number) &&
-                    OpenFsObjsUserJ(false, false) == kOk && DropBackup(aside);
-  return made ? kOk : TakeBack(path, next);
+  const Status status = NoMemoryAsStatus([&] { return ReplaceKjiIdx(path, aside, number); });
+  if (status != kOk) TakeBack(path, next, aside);
+  return status;
 }
 
 }  // namespace zavel::engine

@@ -19,7 +19,8 @@ Status MakeRoomForKji();
 Status AddKanjiIdx(index_info* info);
 
 // Moves a full kji.idx aside as the next continuation index. The engine's streams of the set are open before
-// and after. kFileError, with kji.idx in its place and everything as it was; kTooManyKjiIndexes.
+// and after. kFileError and kNoMemory, with kji.idx in its place and everything as it was, or, where that
+// fails, in its backup "kji.idx.Bkup"; kTooManyKjiIndexes.
 Status MakeNewKjiIdx();
 
 }  // namespace zavel::engine

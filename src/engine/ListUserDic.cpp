@@ -57,7 +57,7 @@ std::vector<std::string_view> SplitList(std::string_view list) {
 Status AppendBlock(uint16_t type, uint32_t block, EntryBound* bound, std::string* list) {
   std::vector<uint32_t> offsets;
   Status status = GetDicOfset(type, kSetUser, block, &offsets);
-  if (status == kOk && !bound->take(offsets.size())) status = kInternal;
+  if (status == kOk) status = bound->take(offsets.size());
   for (size_t i = 0; i < offsets.size() && status == kOk; ++i) {
     std::string text;
     std::string word;

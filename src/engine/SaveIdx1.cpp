@@ -103,9 +103,12 @@ bool IsAmong(const UserIdxs& idxs, const std::string& path) {
 }
 
 // Backups of other kanji indexes that a crash left over were worth nothing without the first one, and would
-// count again beside a new first one.
+// count again beside a new first one. The copy of a kji.idx that was to be moved aside is older than the one
+// in its place.
 bool DropLeftovers(const UserIdxs& idxs) {
   if (idxs.front().type != kTypeKana) return true;
+  const std::string aside = UserPathJ("kji.idx") + ".Bkup";
+  if (storage().exists(aside) && !DropBackup(aside)) return false;
   for (uint16_t fileNo = 0; fileNo <= kMaxKjiIndexes; ++fileNo) {
     const UserIdx idx = ChooseIdx(kTypeKji, fileNo);
     if (IsAmong(idxs, idx.path) || !storage().exists(idx.backup())) continue;
@@ -144,9 +147,9 @@ void PutBack(const UserIdxs& idxs) {
 // backup back while that isn't on the disk.
 Status DropBackups(const UserIdxs& idxs) {
   if (!DeleteFile(idxs.front().backup())) return kFileError;
+  for (const UserIdx& idx : idxs) idx.info->unfinished = false;
   const Status status = SyncFolderOf(idxs.front().path) ? kOk : kFileError;
   for (size_t i = 1; i < idxs.size(); ++i) DeleteFile(idxs[i].backup());
-  for (const UserIdx& idx : idxs) idx.info->unfinished = false;
   return status;
 }
 
@@ -183,8 +186,11 @@ Status SaveIdx1sJ() {
   for (const UserIdx& idx : idxs) {
     if (!idx.loaded()) return kInternal;
   }
-  std::erase_if(idxs, [](const UserIdx& idx) { return !idx.info->dirty; });
-  return idxs.empty() ? kOk : SaveTogether(idxs);
+  const auto unchanged = [](const UserIdx& idx) { return !idx.info->dirty; };
+  if (std::all_of(idxs.begin(), idxs.end(), unchanged)) return kOk;
+  // The kana index is saved with any other, because its backup tells of theirs.
+  idxs.erase(std::remove_if(idxs.begin() + 1, idxs.end(), unchanged), idxs.end());
+  return SaveTogether(idxs);
 }
 
 Status SaveIdx1s() {
