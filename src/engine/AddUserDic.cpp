@@ -61,12 +61,12 @@ Status AddJ(const add_dic_j* entry) {
 
 Status _AddUserDicE(const add_dic_e* entry) {
   const auto work = [entry] { return AddE(entry); };
-  return RunUserWriter(kCodeAddUserDicE, std::cref(work));
+  return RunUserWriter(kCodeAddUserDicE, true, std::cref(work));
 }
 
 Status _AddUserDicJ(const add_dic_j* entry) {
   const auto work = [entry] { return AddJ(entry); };
-  return RunUserWriter(kCodeAddUserDicJ, std::cref(work));
+  return RunUserWriter(kCodeAddUserDicJ, true, std::cref(work));
 }
 
 }  // namespace zavel::engine

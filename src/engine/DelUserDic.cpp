@@ -12,13 +12,11 @@ namespace zavel::engine {
 namespace {
 
 Status DeleteE(const sikibetu_data* sikibetu) {
-  if (sikibetu == nullptr) return kBadArgument;
   const Status status = CheckOverwirteSikibetu(sikibetu, nullptr, kTypeE);
   return status == kOk ? DeleteIdx3(kTypeE, *sikibetu) : status;
 }
 
 Status DeleteJ(const sikibetu_data* kana, const sikibetu_data* kanji) {
-  if (kana == nullptr || kanji == nullptr) return kBadArgument;
   Status status = CheckOverwirteSikibetu(kana, kanji, kTypeKana);
   if (status == kOk) status = DeleteIdx3(kTypeKana, *kana);
   if (status != kOk || kanji->pos1 == kNoPosition) return status;
@@ -33,12 +31,12 @@ Status DeleteJ(const sikibetu_data* kana, const sikibetu_data* kanji) {
 
 Status _DelUserDicE(const sikibetu_data* sikibetu) {
   const auto work = [sikibetu] { return DeleteE(sikibetu); };
-  return RunUserWriter(kCodeDelUserDicE, std::cref(work));
+  return RunUserWriter(kCodeDelUserDicE, sikibetu != nullptr, std::cref(work));
 }
 
 Status _DelUserDicJ(const sikibetu_data* kana, const sikibetu_data* kanji) {
   const auto work = [kana, kanji] { return DeleteJ(kana, kanji); };
-  return RunUserWriter(kCodeDelUserDicJ, std::cref(work));
+  return RunUserWriter(kCodeDelUserDicJ, kana != nullptr && kanji != nullptr, std::cref(work));
 }
 
 }  // namespace zavel::engine

@@ -27,7 +27,14 @@ void CloseSet(FunctionCode code) {
   IsEnglish(code) ? CloseFsObjsUserE() : CloseFsObjsUserJ();
 }
 
-Status OpenAndWork(FunctionCode code, bool readOnly, const UserWork& work) {
+// A set that has its streams but not its index: nothing may be found in it or saved over it.
+bool IsAbandoned(FunctionCode code) {
+  const FsObj* stream = IsEnglish(code) ? g_fs_Ej_Idx_User : g_fs_Je_Idx_User;
+  return stream != nullptr && (IsEnglish(code) ? g_sUserEJ : g_sUserKna).tableBase == nullptr;
+}
+
+Status OpenAndWork(FunctionCode code, bool readOnly, bool argumentsOk, const UserWork& work) {
+  if (!argumentsOk) return kBadArgument;
   const Status status = OpenSet(code, readOnly);
   return status == kOk ? work() : status;
 }
@@ -44,18 +51,18 @@ Status RunUserAdmitted(FunctionCode code, const UserWork& work) {
   if (!SetIsOpened(code)) return NoSet(code);
   Status status = CheckInMP(code);
   if (status != kOk) return status;
-  status = NoMemoryAsStatus(work);
+  status = IsAbandoned(code) ? kInternal : NoMemoryAsStatus(work);
   Leave(code, status);
   return status;
 }
 
-Status RunUserWriter(FunctionCode code, const UserWork& work) {
-  const auto opened = [&] { return OpenAndWork(code, false, work); };
+Status RunUserWriter(FunctionCode code, bool argumentsOk, const UserWork& work) {
+  const auto opened = [&] { return OpenAndWork(code, false, argumentsOk, work); };
   return RunUserAdmitted(code, std::cref(opened));
 }
 
 Status RunUserReader(FunctionCode code, bool argumentsOk, const UserWork& work) {
-  const auto opened = [&] { return argumentsOk ? OpenAndWork(code, true, work) : kBadArgument; };
+  const auto opened = [&] { return OpenAndWork(code, true, argumentsOk, work); };
   return RunUserAdmitted(code, std::cref(opened));
 }
 

@@ -15,9 +15,10 @@ using UserWork = std::function<Status()>;
 
 // Runs `work` between opening and closing of the set that `code` belongs to, read-write for writers. Callers
 // wrap a reference to their function, which takes no memory: a lack of it is caught only inside.
-//   argumentsOk  what could be seen wrong before any file is opened (readers check that early)
-// Status: that of the work; 258 or 259 for a set that wasn't opened or a file that can't be; 18; 35; 17.
-Status RunUserWriter(FunctionCode code, const UserWork& work);
+//   argumentsOk  false: kBadArgument before any file is opened
+// Status: that of the work; 258 or 259 for a set that wasn't opened or a file that can't be; 18; 35; 17; 20
+// for a set that a failed arrangement left without its index.
+Status RunUserWriter(FunctionCode code, bool argumentsOk, const UserWork& work);
 // The same without the opening, for work that opens and closes the set itself.
 Status RunUserAdmitted(FunctionCode code, const UserWork& work);
 Status RunUserReader(FunctionCode code, bool argumentsOk, const UserWork& work);
