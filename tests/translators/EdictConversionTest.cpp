@@ -96,7 +96,7 @@ TEST_F(EdictConversionTest, PutsAWordWithCompoundsFirst) {
 TEST_F(EdictConversionTest, PutsWhatAWordMeansFirstAheadOfWhatIsCommon) {
   const std::string words =
       "昇順整列 [しょうじゅんせいれつ] /(n) sort (in ascending order)/\n"
-      "並べ替え [ならべかえ] /(n) sort/\n"
+      "並べ替え [ならべかえ] /(n) sort/sorting/\n"
       "種類 [しゅるい] /(n) kind/sort/\n"
       "種類別 [しゅるいべつ] /(adj-no) by kind/\n"
       "整列 [せいれつ] /(n) sort/(P)/\n"
@@ -104,9 +104,10 @@ TEST_F(EdictConversionTest, PutsWhatAWordMeansFirstAheadOfWhatIsCommon) {
       "ネットワーク /(n) network/\n";
   ASSERT_FALSE(convert(words));
   EXPECT_EQ(find("network"), (Texts{"ネットワーク\n(noun) network\n", "網 [あみ]\n(noun) network; net\n"}));
-  EXPECT_EQ(find("sort"), (Texts{"整列 [せいれつ]\n(noun) sort\n", "並べ替え [ならべかえ]\n(noun) sort\n",
-                                 "昇順整列 [しょうじゅんせいれつ]\n(noun) sort (in ascending order)\n",
-                                 "種類 [しゅるい]\n(noun) kind; sort\n"}));
+  EXPECT_EQ(find("sort"),
+            (Texts{"整列 [せいれつ]\n(noun) sort\n", "並べ替え [ならべかえ]\n(noun) sort; sorting\n",
+                   "昇順整列 [しょうじゅんせいれつ]\n(noun) sort (in ascending order)\n",
+                   "種類 [しゅるい]\n(noun) kind; sort\n"}));
 }
 
 TEST_F(EdictConversionTest, ReadsUtf8Alike) {

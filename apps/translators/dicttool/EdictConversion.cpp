@@ -111,12 +111,12 @@ unsigned Conversion::commonness() const {
   return std::min(static_cast<unsigned>(std::bit_width(compounds)), kMostCommon - 1);
 }
 
-// What the entry is about counts most, then how common it is; last, that it has few other meanings, and none
-// that is explained.
+// What the entry is about counts most, then how common it is; of equals those come first whose gloss needs no
+// explanation, then those of few other meanings.
 unsigned Conversion::rankOf(const EdictKey& key) const {
   const unsigned others = std::min(static_cast<unsigned>(entry_.glosses.size() - 1), kMostOthers);
   const unsigned about = static_cast<unsigned>(key.rank), rare = kMostCommon - commonness();
-  return ((about * (kMostCommon + 1) + rare) * (kMostOthers + 1) + others) * 2 + (key.explained ? 1 : 0);
+  return ((about * (kMostCommon + 1) + rare) * 2 + (key.explained ? 1 : 0)) * (kMostOthers + 1) + others;
 }
 
 // The second round: the entries.
