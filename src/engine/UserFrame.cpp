@@ -1,4 +1,4 @@
-// Tests: tests/engine/AddUserDicTest.cpp, tests/engine/SerchUserDicTest.cpp
+// Tests: tests/engine/UserFrameTest.cpp
 #include "engine/UserFrame.h"
 
 namespace zavel::engine {

@@ -278,7 +278,7 @@ TEST_P(UserModelJTest, FifteenHundredStepsAgreeWithTheModel) {
   CompareLists();
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, UserModelJTest, ::testing::Values(1u, 2u, 3u));
+INSTANTIATE_TEST_SUITE_P(Seeds, UserModelJTest, ::testing::Values(1u, 2u));
 
 }  // namespace
 }  // namespace zavel::engine
