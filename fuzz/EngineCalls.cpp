@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "engine/EngineAPI.h"
+#include "engine/Shim.h"
 
 namespace zavel::fuzz {
 namespace {
@@ -64,6 +65,14 @@ void searchJapanese(const std::string& word, unsigned char dic) {
     status = SerchImiJ(bytes.data(), nullptr, filter, &size, &list, dic);
     take(status, size, list);
   }
+}
+
+std::string takeBytes(Handle list) {
+  if (list == nullptr) return {};
+  std::string bytes(static_cast<const char*>(GlobalLock(list)), engine::GlobalSize(list));
+  GlobalUnlock(list);
+  GlobalFree(list);
+  return bytes;
 }
 
 void conjugate(const std::string& word) {

@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "engine/EngineAPI.h"
+
 namespace zavel::fuzz {
 
 // Ends the run as a finding, with `what` on standard error, unless `holds`.
@@ -13,6 +15,9 @@ void demand(bool holds, const char* what);
 void searchEnglish(const std::string& word, unsigned char dic);
 void searchJapanese(const std::string& word, unsigned char dic);
 void conjugate(const std::string& word);
+
+// The bytes of a block list, which is freed; empty for none.
+std::string takeBytes(Handle list);
 
 }  // namespace zavel::fuzz
 

@@ -11,7 +11,7 @@ class MemoryFile : public StorageFile {
   explicit MemoryFile(std::string& content) : content_(content) {}
 
   int64_t readAt(uint64_t offset, void* out, size_t length) override {
-    if (offset >= content_.size()) return 0;
+    if (offset >= content_.size() || length == 0) return 0;
     const size_t got = std::min(length, content_.size() - static_cast<size_t>(offset));
     std::memcpy(out, content_.data() + offset, got);
     return static_cast<int64_t>(got);
