@@ -68,7 +68,7 @@ void addLook(CLI::App& app, Arguments& a) {
   CLI::Option* forms = look->add_flag("--forms", a.look.forms, "Only the inflection table")->excludes(list);
   CLI::Option* plain = look->add_flag("--plain", a.look.plain, "One record a line, fields parted by tabs");
   between(look->add_option("-n,--limit", a.look.limit,
-                           "At most N entries per dictionary, headwords, suggestions"),
+                           "At most N headwords, suggestions, or entries of each dictionary"),
           1, 1000000);
   between(look->add_option("--suggest", a.look.suggest, "At most N near headwords for a word not found"), 0,
           50);
