@@ -78,8 +78,10 @@ TEST_F(DictdDictionaryTest, KnowsWhetherItIsOfNames) {
     files.entry("cat\n", {"cat"}).write(folder_.file("d"));
     DictdDictionary dictionary;
     std::string error;
+    bool ofNames = false;
     EXPECT_TRUE(dictionary.open(folder_.file("d.index"), &error)) << error;
-    return dictionary.isOfNames();
+    EXPECT_TRUE(dictionary.tellNames(&ofNames, &error)) << error;
+    return ofNames;
   };
   EXPECT_TRUE(isOfNames("ENAMDICT Japanese-English Proper Names Dictionary/2021"));
   EXPECT_FALSE(isOfNames("COMPDIC Japanese-English Computing Dictionary/2021"));

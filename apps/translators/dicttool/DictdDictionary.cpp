@@ -74,11 +74,11 @@ bool DictdDictionary::find(std::string_view word, size_t most, DictdMatches* mat
   return read && sound;
 }
 
-bool DictdDictionary::isOfNames() {
+bool DictdDictionary::tellNames(bool* ofNames, std::string* error) {
   DictdMatches matches;
-  std::string error;
-  return find("00-database-info", 1, &matches, &error) && !matches.entries.empty() &&
-         matches.entries.front().text.find(kNamesTitle) != std::string::npos;
+  if (!find("00-database-info", 1, &matches, error)) return false;
+  *ofNames = !matches.entries.empty() && matches.entries.front().text.find(kNamesTitle) != std::string::npos;
+  return true;
 }
 
 bool DictdDictionary::addEntry(const IndexLine& line, DictdMatches* matches, std::string* error) {

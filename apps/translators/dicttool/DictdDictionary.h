@@ -37,8 +37,9 @@ class DictdDictionary {
   // dictionary turns out to be damaged on the way.
   bool find(std::string_view word, size_t most, DictdMatches* matches, std::string* error);
 
-  // Whether it says of itself that it is made of the file of names.
-  bool isOfNames();
+  // Tells in *ofNames whether it says of itself that it is made of the file of names. False with a sentence
+  // in *error when the dictionary turns out to be damaged.
+  bool tellNames(bool* ofNames, std::string* error);
 
  private:
   bool addEntry(const IndexLine& line, DictdMatches* matches, std::string* error);

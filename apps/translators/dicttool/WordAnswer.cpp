@@ -2,6 +2,7 @@
 #include "dicttool/WordAnswer.h"
 
 #include <filesystem>
+#include <optional>
 
 #include "dicttool/DictdDictionary.h"
 #include "dicttool/EnglishBases.h"
@@ -46,6 +47,7 @@ struct Asked {
   DictdDictionary dictionary;
   bool sound = true;
   bool holdsWord = false;
+  std::optional<bool> ofNames;  // nothing while nobody asked
 };
 
 // The search of one word in all dictionaries.
@@ -57,6 +59,8 @@ class Search {
 
  private:
   std::vector<std::string> find(Asked& asked, const std::string& word);
+  bool isOfNames(Asked& asked);
+  void giveUp(Asked& asked, const std::string& error);
   void lookUpBase();
   bool askForBases(const std::vector<std::string>& bases, bool ofWords, bool ofNames);
 
@@ -81,20 +85,32 @@ std::vector<std::string> Search::find(Asked& asked, const std::string& word) {
   DictdMatches matches;
   std::string error;
   if (asked.dictionary.find(word, kMostLines, &matches, &error)) return linesOf(matches);
+  giveUp(asked, error);
+  return {};
+}
+
+bool Search::isOfNames(Asked& asked) {
+  bool ofNames = false;
+  std::string error;
+  if (!asked.ofNames && !asked.dictionary.tellNames(&ofNames, &error)) giveUp(asked, error);
+  if (!asked.ofNames) asked.ofNames = ofNames;
+  return *asked.ofNames;
+}
+
+void Search::giveUp(Asked& asked, const std::string& error) {
   asked.sound = false;
   answer_.complaints.push_back(error);
-  return {};
 }
 
 WordAnswer Search::run() {
   for (Asked& asked : asked_) {
     if (!asked.sound) continue;
     std::vector<std::string> lines = find(asked, word_);
-    if (asked.sound) ++answer_.searched;
     asked.holdsWord = !lines.empty();
     if (asked.holdsWord) answer_.groups.push_back({asked.index, std::move(lines)});
   }
   lookUpBase();
+  for (const Asked& asked : asked_) answer_.searched += asked.sound ? 1 : 0;
   return std::move(answer_);
 }
 
@@ -102,7 +118,7 @@ WordAnswer Search::run() {
 void Search::lookUpBase() {
   const bool anySmall = !word_.empty() && word_.front() >= 'a' && word_.front() <= 'z';
   for (Asked& asked : asked_) {
-    if (asked.holdsWord && !(anySmall && asked.dictionary.isOfNames())) return;
+    if (asked.holdsWord && !(anySmall && isOfNames(asked))) return;
   }
   const bool held = !answer_.groups.empty();
   const std::vector<std::vector<std::string>> bases = englishBases(word_);
@@ -119,9 +135,10 @@ bool Search::askForBases(const std::vector<std::string>& bases, bool ofWords, bo
   bool found = false;
   for (Asked& asked : asked_) {
     if (!asked.sound || asked.holdsWord) continue;
-    if (ofWords != ofNames && asked.dictionary.isOfNames() != ofNames) continue;
+    if (ofWords != ofNames && isOfNames(asked) != ofNames) continue;
     AnswerGroup group{asked.index, {}};
     for (const std::string& base : bases) {
+      if (!asked.sound) break;
       const std::vector<std::string> lines = find(asked, base);
       if (lines.empty()) continue;
       group.lines.push_back(word_ + ": form of " + base);
