@@ -35,6 +35,12 @@ std::string echo(std::string_view query) {
   return printable(start) + "...";
 }
 
+// More than any word can have, whatever they are: each takes a byte or two.
+bool hasTooManyCharacters(std::string_view word) {
+  constexpr std::ptrdiff_t kMostCharacters = 255;
+  return std::count_if(word.begin(), word.end(), [](char c) { return (c & 0xC0) != 0x80; }) > kMostCharacters;
+}
+
 // "the character 😀", "the characters 😀한".
 std::string charactersNamed(const std::string& characters) {
   char32_t first = 0;
@@ -72,7 +78,7 @@ void Answerer::answer(std::string_view query, bool tooLong) {
   const std::string_view word = withoutOuterBlanks(query);
   LookResult result;
   Failure failure;
-  if (tooLong) {
+  if (tooLong || hasTooManyCharacters(word)) {
     failure = wordTooLong();
   } else if (!isUtf8(word)) {
     failure = {kExitUsage, "not_text", "the word is not UTF-8 text", "Write it in UTF-8."};

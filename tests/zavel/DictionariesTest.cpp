@@ -321,6 +321,15 @@ TEST_F(DictionariesTest, AWordWithAnUnknownCharacterIsNotAskedForWithoutIt) {
   EXPECT_FALSE(fs::exists(file("started")));
 }
 
+TEST_F(DictionariesTest, AWordOfTooManyCharactersIsTooLongWhateverTheyAre) {
+  std::string word;
+  for (int i = 0; i < 255; ++i) word += "😀";
+  EXPECT_EQ(zavel({"look", word}).run().status, 1);
+  const Outcome outcome = zavel({"look", word + "a"}).run();
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_NE(outcome.err.find("the word is too long"), std::string::npos) << outcome.err;
+}
+
 TEST_F(DictionariesTest, TheTranslationDictionaryAloneTellsOfUnknownCharactersToo) {
   helper(answer("another word"));
   enable();
