@@ -91,8 +91,8 @@ TEST_F(DictdDictionaryTest, KnowsWhetherItIsOfNames) {
 TEST_F(DictdDictionaryTest, NamesWhatIsMissing) {
   files_.entry("cat\n", {"cat"});
   folder_.write("d.index", files_.index());
-  EXPECT_EQ(find("cat"), Found{"d.dict.dz can't be read"});
-  EXPECT_EQ(find("cow"), Found{"d.dict.dz can't be read"});
+  EXPECT_EQ(find("cat"), Found{"d.dict is missing"});
+  EXPECT_EQ(find("cow"), Found{"d.dict is missing"});
 }
 
 TEST_F(DictdDictionaryTest, NamesAnEntryOutsideTheText) {

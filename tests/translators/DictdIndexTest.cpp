@@ -231,7 +231,7 @@ TEST_F(DictdIndexTest, NamesDamage) {
   DictdIndex reader;
   std::string error;
   EXPECT_FALSE(reader.open(folder_.file("none.index"), &error));
-  EXPECT_EQ(error, folder_.file("none.index") + " can't be read");
+  EXPECT_EQ(error, folder_.file("none.index") + " is missing");
   EXPECT_FALSE(reader.open(folder_.path(), &error));  // a folder
 }
 

@@ -82,7 +82,7 @@ TEST_F(DictdTextTest, RefusesAMissingFile) {
   DictdText text;
   std::string error;
   EXPECT_FALSE(text.open(folder_.file("none"), &error));
-  EXPECT_EQ(withoutFolder(error), "none can't be read");
+  EXPECT_EQ(withoutFolder(error), "none is missing");
 }
 
 TEST_F(DictdTextTest, RefusesAGzipFileWithoutChunks) {

@@ -105,6 +105,8 @@ TEST_F(DicttoolProgramTest, RefusesWrongUsageInOneLine) {
       {"-e", "x", "-r", "y", "-w", "-m", "-d", "z"},
       {"--convert", "x"},
       {"--convert", "x", "y", "-w"},
+      {"--convert", "x", "y", "--verify", "x"},
+      {"--verify", "x", "-w"},
   };
   for (const std::vector<std::string>& arguments : wrong) {
     const Outcome outcome = run(arguments);
@@ -159,6 +161,22 @@ TEST_F(DicttoolProgramTest, ConvertsAndThenAnswersFromIt) {
   folder_.write("source", "\x93\x8C\x8B\x9E");  // 東京
   EXPECT_EQ(lookUp({}).status, 0);
   EXPECT_EQ(search(), Value(Value::Array{int64_t{1}, "東京 [とうきょう] (noun) Tokyo"}));
+}
+
+TEST_F(DicttoolProgramTest, ChecksWhatItHasConverted) {
+  folder_.write("edict", "東京 [とうきょう] /(n) Tokyo/\n");
+  const std::string target = folder_.file("dictionaries/translation/small");
+  ASSERT_EQ(run({"--convert", folder_.file("edict"), target}).status, 0);
+  Outcome outcome = run({"--verify", target});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "dictionaries/translation/small: 6 words lead to their entries\n");
+  folder_.write("dictionaries/translation/small.index", "tokyo\tA\tB\n");
+  outcome = run({"--verify", target});
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err,
+            "zavel-dicttool: dictionaries/translation/small.index is damaged: the line at byte 0 leads to no "
+            "entry\n");
 }
 
 TEST_F(DicttoolProgramTest, TakesItsTemporaryFilesAwayWhenInterrupted) {

@@ -160,7 +160,7 @@ TEST_F(EdictConversionTest, RefusesAMissingSourceAndAnUnwritableTarget) {
   EXPECT_EQ(withoutFolder(failure.message), "none can't be read");
   failure = convert(kNames, "source/d");  // a file stands where the folder should
   EXPECT_EQ(failure.status, 3);
-  EXPECT_EQ(withoutFolder(failure.message), "source/d.index and .dict can't be written");
+  EXPECT_EQ(withoutFolder(failure.message), "source/d.index and .dict can't be written: Not a directory");
 }
 
 TEST_F(EdictConversionTest, LeavesTheOldOneWhenInterrupted) {

@@ -55,8 +55,8 @@ bool DictdDictionary::open(const std::string& indexPath, std::string* error) {
     return false;
   }
   const std::string base = withoutEnd(indexPath, kIndex);
-  const std::string plain = base + std::string(kText);
-  return text_.open(storage().exists(plain) ? plain : base + std::string(kPackedText), error);
+  const std::string plain = base + std::string(kText), packed = base + std::string(kPackedText);
+  return text_.open(!storage().exists(plain) && storage().exists(packed) ? packed : plain, error);
 }
 
 bool DictdDictionary::find(std::string_view word, size_t most, DictdMatches* matches, std::string* error) {

@@ -66,7 +66,7 @@ bool DictdIndex::open(const std::string& path, std::string* error) {
   file_ = storage().open(path, OpenMode::kRead);
   const int64_t size = file_ ? file_->size() : -1;
   if (size < 0) {
-    *error = path + " can't be read";
+    *error = path + (storage().exists(path) ? " can't be read" : " is missing");
     return false;
   }
   size_ = static_cast<uint64_t>(size);

@@ -75,7 +75,7 @@ bool DictdText::open(const std::string& path, std::string* error) {
   loaded_ = SIZE_MAX;
   chunkStarts_.clear();
   if (file_ && file_->size() >= 0) return readHeader(error);
-  *error = path + " can't be read";
+  *error = path + (storage().exists(path) ? " can't be read" : " is missing");
   return false;
 }
 

@@ -2,6 +2,7 @@
 #include "dicttool/DictdWriter.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <utility>
 
 #include "dicttool/DictdIndex.h"
@@ -21,6 +22,13 @@ std::string folderOf(const std::string& path) {
 }
 
 }  // namespace
+
+std::string DictdWriter::withoutEnd(std::string path) {
+  for (const std::string_view end : {".index", ".dict"}) {
+    if (path.ends_with(end) && path.size() > end.size()) return path.substr(0, path.size() - end.size());
+  }
+  return path;
+}
 
 DictdWriter::DictdWriter(std::string base) : base_(std::move(base)), folder_(folderOf(base_)) {}
 
@@ -63,7 +71,9 @@ bool DictdWriter::addEntry(std::string_view text) {
   entryOffset_ += entryLength_;
   entryLength_ = text.size();
   entryRow_ = rows_.size();
-  return text.size() <= kLongestEntry && append(text_, text);
+  if (text.size() <= kLongestEntry) return append(text_, text);
+  errno = EFBIG;
+  return false;
 }
 
 void DictdWriter::addWord(std::string_view word, unsigned rank) {

@@ -22,6 +22,10 @@ class DictdWriter {
 
   // `base` is the path without ".index" and ".dict"; its folder exists.
   explicit DictdWriter(std::string base);
+
+  // `path` without an ending ".index" or ".dict".
+  static std::string withoutEnd(std::string path);
+
   ~DictdWriter();
   DictdWriter(const DictdWriter&) = delete;
   DictdWriter& operator=(const DictdWriter&) = delete;

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <bit>
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -28,11 +30,14 @@ constexpr std::string_view kTitleWord = "　？？？ /";
 
 constexpr unsigned kMostCommon = 15, kMostOthers = 7;
 
-std::string withoutEnd(std::string path) {
-  for (const std::string_view end : {".index", ".dict"}) {
-    if (path.ends_with(end) && path.size() > end.size()) return path.substr(0, path.size() - end.size());
-  }
-  return path;
+// Why the disk refused, as far as it told.
+Failure unwritable(const std::string& target, const std::string& reason) {
+  return {kExitEnvironment,
+          target + ".index and .dict can't be written" + (reason.empty() ? "" : ": ") + reason};
+}
+
+std::string lastReason() {
+  return errno == 0 ? std::string() : std::strerror(errno);
 }
 
 // Calls `visit` for each line that holds something, until it or a signal ends that; false when `visit` did.
@@ -161,20 +166,22 @@ Failure convertEdict(const std::string& source, std::string target, const volati
   if (!bytes.empty() && bytes.back() != '\n' && bytes.back() != '/') {  // each line ends in "/"
     return {kExitDamaged, source + " is incomplete: its last line is cut off"};
   }
-  target = withoutEnd(std::move(target));
-  const Failure unwritable{kExitEnvironment, target + ".index and .dict can't be written"};
+  target = DictdWriter::withoutEnd(std::move(target));
   std::error_code error;
   const std::filesystem::path folder = std::filesystem::path(target).parent_path();
   if (!folder.empty()) std::filesystem::create_directories(folder, error);
+  if (error) return unwritable(target, error.message());
   Conversion conversion(target, account);
-  if (error || !conversion.run(bytes, stop)) return unwritable;
+  errno = 0;
+  if (!conversion.run(bytes, stop)) return unwritable(target, lastReason());
   if (stop && *stop) return {kExitInterrupted, "interrupted; nothing was changed"};
   if (!conversion.isEdict()) {
     return {kExitDamaged, source + " is not an EDICT file: " + std::to_string(account->leftOut) + " of " +
                               std::to_string(account->leftOut + account->entries) +
                               " lines have another format"};
   }
-  return conversion.finish() ? Failure{} : unwritable;
+  errno = 0;
+  return conversion.finish() ? Failure{} : unwritable(target, lastReason());
 }
 
 }  // namespace zavel::dicttool

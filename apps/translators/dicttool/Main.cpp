@@ -18,7 +18,6 @@ void stop(int) {
 void watchSignals() {
   struct sigaction action = {};
   action.sa_handler = stop;
-  action.sa_flags = static_cast<int>(SA_RESETHAND);  // a second one ends the program at once
   for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
     struct sigaction old = {};
     if (sigaction(number, nullptr, &old) == 0 && old.sa_handler != SIG_IGN)

@@ -3,6 +3,7 @@
 
 #include <optional>
 
+#include "dicttool/ConvertedCheck.h"
 #include "dicttool/EdictConversion.h"
 #include "dicttool/Failure.h"
 #include "dicttool/ToolOptions.h"
@@ -21,9 +22,17 @@ Failure convert(const ToolOptions& options, std::ostream& out, const volatile st
   return {};
 }
 
+Failure verify(const std::string& base, std::ostream& out) {
+  size_t words = 0;
+  const Failure failure = checkConverted(base, &words);
+  if (!failure) out << base << ": " << words << " words lead to their entries\n";
+  return failure;
+}
+
 Failure work(const ToolOptions& options, std::ostream& out, std::ostream& err,
              const volatile std::sig_atomic_t* stop) {
   if (!options.conversion.empty()) return convert(options, out, stop);
+  if (!options.verify.empty()) return verify(options.verify, out);
   if (!options.word) return {kExitEnvironment, "sentences can't be translated yet; add -w to look up a word"};
   return lookUpWord(options, DictionaryPlaces::standard(), err);
 }

@@ -43,12 +43,17 @@ void describe(CLI::App& app, ToolOptions* options) {
                  "Make TARGET.index and TARGET.dict from a file in EDICT format")
       ->expected(2)
       ->type_name("SOURCE TARGET");
+  app.add_option("--verify", options->verify, "Check TARGET.index and TARGET.dict made by --convert")
+      ->type_name("TARGET");
 }
 
 void check(const ToolOptions& options) {
   const bool files = !options.source.empty() || !options.result.empty() || options.word;
-  if (!options.conversion.empty()) {
-    if (files) throw CLI::ValidationError("--convert can't be combined with -e, -r or -w");
+  const bool converts = !options.conversion.empty(), verifies = !options.verify.empty();
+  if (converts || verifies) {
+    const std::string name = converts ? "--convert" : "--verify";
+    if (converts && verifies) throw CLI::ValidationError("--convert and --verify can't be combined");
+    if (files) throw CLI::ValidationError(name + " can't be combined with -e, -r or -w");
     return;
   }
   if (options.source.empty()) throw CLI::ValidationError("-e FILE is required");

@@ -19,6 +19,7 @@ struct ToolOptions {
   std::string result;                   // -r
   bool word = false;                    // -w
   std::vector<std::string> conversion;  // --convert: source and target, else empty
+  std::string verify;                   // --verify: what a conversion has made
 
   // Nothing when there is nothing left to do: help or version went to `out`, or one line about wrong usage to
   // `err`; *status is then the exit status, 0 or 2.
