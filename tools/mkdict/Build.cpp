@@ -19,7 +19,7 @@ Outcome failed(int status, const char* code, const std::string& message, const s
 }
 
 Outcome interrupted() {
-  return failed(kExitInterrupted, "interrupted", "interrupted", "Nothing was changed; run it again.");
+  return failed(kExitInterrupted, "interrupted", "interrupted; nothing was changed", "Run it again.");
 }
 
 // One file that a build reads, and where it comes from.

@@ -62,7 +62,9 @@ std::string Report::json() const {
 
 std::string Report::errors() const {
   if (outcome.status == kExitDone) return "";
-  return "mkdict: " + outcome.message + "\n" + outcome.hint + "\n";
+  const std::string line = "mkdict: " + outcome.message + "\n";
+  return outcome.status == kExitInterrupted ? line
+                                            : line + outcome.hint + "\n";  // who interrupted it knows why
 }
 
 }  // namespace zavel::mkdict
