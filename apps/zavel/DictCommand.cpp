@@ -3,6 +3,8 @@
 
 #include <signal.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
@@ -23,13 +25,27 @@ Failure noMkdict() {
           "Install it beside zavel, or set ZAVEL_MKDICT to its path."};
 }
 
+Failure noFolder(const std::string& folder) {
+  return {kExitEnvironment, "no_folder", "the folder " + folder + " can't be made",
+          "Check that there is room on the disk, and that the folder above it is yours."};
+}
+
 Failure notLocked(const LockFile& lock, const std::string& parent) {
   if (lock.holder().empty()) {
     return {kExitEnvironment, "locked", "the lock file " + parent + "/.lock can't be made",
-            "See whether the disk is full, or the folder not yours."};
+            "Check that there is room on the disk, and that the folder is yours."};
   }
   return {kExitEnvironment, "locked", "another build is running: " + lock.holder(),
           "Wait for it to end, then try again."};
+}
+
+// One line: who interrupted it knows why.
+int interruptedBy(int signal, bool json) {
+  const Failure failure{static_cast<ExitStatus>(128 + signal), "interrupted",
+                        "interrupted; run it again to finish", "Run it again."};
+  if (json) std::printf("%s\n", failureJson(failure).c_str());
+  warn(failure.message);
+  return failure.status;
 }
 
 std::string parentOf(const std::string& folder) {
@@ -40,13 +56,14 @@ std::string parentOf(const std::string& folder) {
 // runMkdict().
 int passOn(const std::string& program, const std::vector<std::string>& arguments, bool json, int keptOpen,
            std::string* output = nullptr) {
-  const MkdictEnd end = runMkdict(program, arguments, keptOpen, output);
+  const MkdictEnd end = runMkdict(program, arguments, keptOpen, {output});
   if (!end.started) return report(noMkdict(), json);
   if (end.signal == 0) return end.status;
-  if (end.signal == SIGINT || end.signal == SIGTERM || end.signal == SIGHUP) return 128 + end.signal;
+  if (end.signal == SIGINT || end.signal == SIGTERM || end.signal == SIGHUP)
+    return interruptedBy(end.signal, json);
   return report({kExitEnvironment, "mkdict_killed",
                  "the dictionary compiler was ended by signal " + std::to_string(end.signal),
-                 "See whether there is memory enough, then try again."},
+                 "Check that there is enough memory, then try again."},
                 json);
 }
 
@@ -74,9 +91,16 @@ std::string translationText(const std::string& folder, const TranslationBuild& b
   std::string text = "For the translation dictionary:\n";
   for (const TranslationFigures& figures : build.made) {
     text += column(figures.entries) + "  " + figures.what + ", " + figures.name + "\n";
-    if (figures.leftOut > 0) text += column(figures.leftOut) + "  lines of another form left out\n";
+    if (figures.leftOut > 0) text += column(figures.leftOut) + "  lines left out, not in EDICT form\n";
   }
   return text + "Written to " + folder + "\n";
+}
+
+// `document` with the members of `object` behind its own.
+std::string joinedWith(const std::string& document, const JsonWriter& object) {
+  const size_t end = document.rfind('}');
+  if (end == std::string::npos) return object.text() + "\n";
+  return document.substr(0, end) + "," + object.text().substr(1) + "\n";
 }
 
 // The document of mkdict, or one in its place, with what was made for the translation dictionary behind.
@@ -91,46 +115,43 @@ std::string withTranslation(const std::string& document, const std::string& fold
     json.member("words", figures.words).member("left_out", figures.leftOut).endObject();
   }
   json.endArray().endObject();
-  const size_t end = document.rfind('}');
-  if (end == std::string::npos) return json.text() + "\n";
-  return document.substr(0, end) + "," + json.text().substr(1) + "\n";
+  return joinedWith(document, json);
 }
 
-std::string stateText(const std::string& folder, const DictionaryState& state) {
-  std::string text = folder + "\n";
-  uintmax_t total = 0;
-  char line[64];
-  for (const char* name : kDictionaryFiles) {
-    std::error_code error;
-    const uintmax_t size = std::filesystem::file_size(folder + "/" + name, error);
-    if (!error) total += size;
-    std::snprintf(line, sizeof line, "%-10s %12ju%s\n", name, error ? 0 : size, error ? "  missing" : "");
-    text += line;
-  }
-  std::snprintf(line, sizeof line, "%-10s %12ju%s\n", "together", total,
-                state.complete() ? "" : "  incomplete");
-  return text + line;
-}
-
-std::string stateJson(const std::string& folder, const DictionaryState& state) {
+// The document of mkdict with the dictionaries of the translation dictionary behind.
+std::string withStates(std::string document, const std::vector<TranslationState>& states) {
   JsonWriter json;
-  json.beginObject().member("schema", 1).member("folder", folder).key("complete").boolean(state.complete());
-  json.key("files").beginArray();
-  int64_t total = 0;
-  for (const char* name : kDictionaryFiles) {
-    std::error_code error;
-    const uintmax_t size = std::filesystem::file_size(folder + "/" + name, error);
-    json.beginObject().member("name", name).key("bytes");
-    if (error) {
-      json.null();
-    } else {
-      json.integer(static_cast<int64_t>(size));
-      total += static_cast<int64_t>(size);
+  json.beginObject().key("translation").beginArray();
+  bool damaged = false;
+  for (const TranslationState& state : states) {
+    json.beginObject().member("name", state.name);
+    if (!state.failure) {
+      json.member("status", "good").member("words", state.words).endObject();
+      continue;
     }
-    json.endObject();
+    damaged = damaged || state.failure.status == kExitDamaged;
+    json.member("status", state.failure.status == kExitDamaged ? "damaged" : "unknown");
+    json.member("message", state.failure.message).endObject();
   }
-  json.endArray().member("bytes", total).endObject();
-  return json.text() + "\n";
+  json.endArray().endObject();
+  const std::string good = "\"status\":\"good\"";
+  const size_t at = document.find(good);
+  if (damaged && at != std::string::npos) document.replace(at, good.size(), "\"status\":\"damaged\"");
+  return joinedWith(document, json);
+}
+
+// Tells each and gives the exit status; with `json` what is sound stands in the document alone.
+int tellStates(const std::vector<TranslationState>& states, bool json) {
+  int status = kExitFound;
+  for (const TranslationState& state : states) {
+    if (state.failure) {
+      status = std::max<int>(status, report(state.failure, false));
+    } else if (!json) {
+      std::printf("%s  words of %s\n%s is sound.\n", column(state.words).c_str(), state.what,
+                  state.base.c_str());
+    }
+  }
+  return status;
 }
 
 }  // namespace
@@ -138,15 +159,15 @@ std::string stateJson(const std::string& folder, const DictionaryState& state) {
 int runDictBuild(const DictBuildOptions& options) {
   const Places places = placesInUse();
   if (places.data.empty()) return report(noHome(), options.json);
+  if (const Failure failure = wrongSources()) return report(failure, options.json);
+  const EndSignals signals;
   const bool basic = !options.ifMissing || !dictionaryIn(places.dictionary).complete();
+  const std::string folder = translationFolder(places.data);
+  if (!basic && translationDataComplete(folder)) return kExitFound;
   const std::string program = basic ? findMkdict() : std::string();
   if (basic && program.empty()) return report(noMkdict(), options.json);
   const std::string parent = parentOf(places.dictionary);
-  if (!makeFolders(parent)) {
-    return report({kExitEnvironment, "no_folder", "the folder " + parent + " can't be made",
-                   "See whether the disk is full, or the folder above it not yours."},
-                  options.json);
-  }
+  if (!makeFolders(parent)) return report(noFolder(parent), options.json);
   const LockFile lock(parent + "/.lock");
   if (!lock.held()) return report(notLocked(lock, parent), options.json);
   std::string document;
@@ -154,16 +175,15 @@ int runDictBuild(const DictBuildOptions& options) {
     const int status = buildBasic(program, places.dictionary, options, lock.descriptor(), &document);
     if (status != kExitFound) return status;
   }
-  const std::string folder = translationFolder(places.data);
   const TranslationBuild build =
       buildTranslationData(folder, options.ifMissing, options.progress, lock.descriptor());
-  if (options.json) {
-    if (basic || !build.made.empty()) document = withTranslation(document, places.dictionary, build);
-    std::fputs(document.c_str(), stdout);
-  } else if (!options.quiet) {
-    std::fputs(translationText(folder, build).c_str(), stdout);
+  if (!options.json && !options.quiet) std::fputs(translationText(folder, build).c_str(), stdout);
+  if (build.signal != 0) return interruptedBy(build.signal, options.json);
+  if (build.failure) return report(build.failure, options.json);
+  if (options.json && (basic || !build.made.empty())) {
+    std::fputs(withTranslation(document, places.dictionary, build).c_str(), stdout);
   }
-  return build.status;
+  return kExitFound;
 }
 
 int runDictVerify(bool json) {
@@ -173,20 +193,19 @@ int runDictVerify(bool json) {
   if (state.none()) return report(dictionaryFailure(places.dictionary, state), json);
   const std::string program = findMkdict();
   if (program.empty()) return report(noMkdict(), json);
+  const EndSignals signals;
   std::vector<std::string> arguments{"--verify", places.dictionary};
   if (json) arguments.push_back("--json");
-  return passOn(program, arguments, json, -1);
-}
-
-int runDictInfo(bool json) {
-  const Places places = placesInUse();
-  if (places.data.empty()) return report(noHome(), json);
-  const DictionaryState state = dictionaryIn(places.dictionary);
-  const Failure failure = dictionaryFailure(places.dictionary, state);
-  if (state.none()) return report(failure, json);
-  const std::string told = json ? stateJson(places.dictionary, state) : stateText(places.dictionary, state);
-  std::fputs(told.c_str(), stdout);
-  return failure ? report(failure, false) : kExitFound;
+  std::string document;
+  const int status = passOn(program, arguments, json, -1, json ? &document : nullptr);
+  if (status != kExitFound && status != kExitDamaged) {
+    std::fputs(document.c_str(), stdout);
+    return status;
+  }
+  const std::vector<TranslationState> states = checkTranslationData(translationFolder(places.data));
+  if (EndSignals::came() != 0) return interruptedBy(EndSignals::came(), json);
+  if (json) std::fputs(withStates(document, states).c_str(), stdout);
+  return std::max(status, tellStates(states, json));
 }
 
 }  // namespace zavel::host

@@ -1,4 +1,4 @@
-// `zavel dict`.
+// `zavel dict build` and `zavel dict verify`.
 #ifndef ZAVEL_DICTCOMMAND_H
 #define ZAVEL_DICTCOMMAND_H
 
@@ -17,7 +17,6 @@ struct DictBuildOptions {
 // The exit status of each.
 int runDictBuild(const DictBuildOptions& options);
 int runDictVerify(bool json);
-int runDictInfo(bool json);
 
 }  // namespace zavel::host
 

@@ -11,6 +11,7 @@
 #include <climits>
 #include <cstdlib>
 #include <iterator>
+#include <tuple>
 
 namespace zavel::host {
 namespace {
@@ -20,42 +21,48 @@ constexpr int kNotStarted = 127;  // of a child that could not become the progra
 volatile sig_atomic_t g_child = 0;   // its number, while it runs
 volatile sig_atomic_t g_signal = 0;  // the last that came
 
+constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
+
 void handOn(int number) {
   g_signal = number;
   if (g_child != 0) kill(static_cast<pid_t>(g_child), number);
 }
 
-// While one lives, signals that ask this process to end go on to the child.
-class HandOn {
+// While one lives, those signals wait, so that none gets lost between two processes.
+class SignalsWait {
  public:
-  HandOn() {
-    struct sigaction action = {};
-    action.sa_handler = handOn;
-    for (size_t i = 0; i < std::size(kSignals); ++i) {
-      // What the caller had ignored (nohup) stays ignored.
-      if (sigaction(kSignals[i], nullptr, &before_[i]) == 0 && before_[i].sa_handler != SIG_IGN) {
-        sigaction(kSignals[i], &action, nullptr);
-      }
-    }
+  SignalsWait() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int number : kSignals) sigaddset(&signals, number);
+    sigprocmask(SIG_BLOCK, &signals, &before_);
   }
-  ~HandOn() {
-    for (size_t i = 0; i < std::size(kSignals); ++i) sigaction(kSignals[i], &before_[i], nullptr);
-  }
-  HandOn(const HandOn&) = delete;
-  HandOn& operator=(const HandOn&) = delete;
+  ~SignalsWait() { end(); }
+  SignalsWait(const SignalsWait&) = delete;
+  SignalsWait& operator=(const SignalsWait&) = delete;
+
+  void end() { sigprocmask(SIG_SETMASK, &before_, nullptr); }
 
  private:
-  static constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
-  struct sigaction before_[std::size(kSignals)] = {};
+  sigset_t before_;
 };
+
+// The program begins with what this one began with.
+void endSignalHandling() {
+  for (const int number : kSignals) {
+    struct sigaction action = {};
+    if (sigaction(number, nullptr, &action) == 0 && action.sa_handler == handOn) signal(number, SIG_DFL);
+  }
+}
 
 // What the child does. When this process is killed, which it can't hand on, the child is asked to end.
 [[noreturn]] void become(const std::string& program, char* const* argv, pid_t parent, int keptOpen,
-                         int output) {
+                         int output, bool errors) {
   prctl(PR_SET_PDEATHSIG, SIGTERM);
   if (getppid() != parent) _exit(kNotStarted);  // it was killed already
   if (keptOpen >= 0) fcntl(keptOpen, F_SETFD, 0);
   if (output >= 0) dup2(output, STDOUT_FILENO);
+  if (output >= 0 && errors) dup2(output, STDERR_FILENO);
   execv(program.c_str(), argv);
   _exit(kNotStarted);
 }
@@ -80,6 +87,26 @@ std::string folderOfThisProgram() {
 
 }  // namespace
 
+EndSignals::EndSignals() {
+  struct sigaction action = {};
+  action.sa_handler = handOn;
+  static_assert(std::size(kSignals) == std::tuple_size_v<decltype(before_)>);
+  for (size_t i = 0; i < std::size(kSignals); ++i) {
+    // What the caller had ignored (nohup) stays ignored.
+    if (sigaction(kSignals[i], nullptr, &before_[i]) == 0 && before_[i].sa_handler != SIG_IGN) {
+      sigaction(kSignals[i], &action, nullptr);
+    }
+  }
+}
+
+EndSignals::~EndSignals() {
+  for (size_t i = 0; i < std::size(kSignals); ++i) sigaction(kSignals[i], &before_[i], nullptr);
+}
+
+int EndSignals::came() {
+  return g_signal;
+}
+
 std::string findMkdict() {
   const char* given = std::getenv("ZAVEL_MKDICT");
   if (given && *given == '/') return given;
@@ -92,20 +119,24 @@ std::string findMkdict() {
 }
 
 MkdictEnd runMkdict(const std::string& program, const std::vector<std::string>& arguments, int keptOpen,
-                    std::string* output) {
+                    Taken taken) {
   std::vector<char*> argv{const_cast<char*>(program.c_str())};
   for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
   argv.push_back(nullptr);
-  const HandOn signals;
   MkdictEnd end;
   int pipe[2] = {-1, -1};
-  if (output && pipe2(pipe, O_CLOEXEC) != 0) {
+  if (taken.output && pipe2(pipe, O_CLOEXEC) != 0) {
     end.started = false;
     return end;
   }
   const pid_t parent = getpid();
+  SignalsWait wait;
   const pid_t child = fork();
-  if (child == 0) become(program, argv.data(), parent, keptOpen, pipe[1]);
+  if (child == 0) {
+    endSignalHandling();
+    wait.end();
+    become(program, argv.data(), parent, keptOpen, pipe[1], taken.errors);
+  }
   if (pipe[1] >= 0) close(pipe[1]);
   if (child < 0) {
     if (pipe[0] >= 0) close(pipe[0]);
@@ -113,9 +144,10 @@ MkdictEnd runMkdict(const std::string& program, const std::vector<std::string>& 
     return end;
   }
   g_child = child;
+  wait.end();
   if (g_signal != 0) kill(child, g_signal);  // it came before there was a child
-  if (output) {
-    readAll(pipe[0], output);
+  if (taken.output) {
+    readAll(pipe[0], taken.output);
     close(pipe[0]);
   }
   int status = 0;

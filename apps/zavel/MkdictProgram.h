@@ -3,6 +3,9 @@
 #ifndef ZAVEL_MKDICTPROGRAM_H
 #define ZAVEL_MKDICTPROGRAM_H
 
+#include <signal.h>
+
+#include <array>
 #include <string>
 #include <vector>
 
@@ -18,12 +21,33 @@ struct MkdictEnd {
   int signal = 0;  // the signal that ended it; 0 for none
 };
 
-// Runs it and waits. SIGINT, SIGTERM and SIGHUP are handed on to it, so that it can remove what it has begun
-// before this process ends; when this process is killed, it gets SIGTERM. `keptOpen`, a descriptor or -1, stays
-// open in it: a lock on that file is held until both have ended. `output` takes what it writes to standard
-// output; null lets it through. Serves for every program of that kind.
+// While one lives, SIGINT, SIGTERM and SIGHUP don't end this process: the program that runs is asked to end,
+// so that it can remove what it has begun, and programs that are started later are asked at once.
+class EndSignals {
+ public:
+  EndSignals();
+  ~EndSignals();
+  EndSignals(const EndSignals&) = delete;
+  EndSignals& operator=(const EndSignals&) = delete;
+
+  // The number of the last one that came; 0 for none.
+  static int came();
+
+ private:
+  std::array<struct sigaction, 3> before_ = {};
+};
+
+// What becomes of the lines that a program writes.
+struct Taken {
+  std::string* output = nullptr;  // takes what goes to standard output; null lets it through
+  bool errors = false;            // standard error goes there, too
+};
+
+// Runs it and waits, with an EndSignals alive. When this process is killed, it gets SIGTERM. `keptOpen`, a
+// descriptor or -1, stays open in it: a lock on that file is held until both have ended. Serves for every
+// program of that kind.
 MkdictEnd runMkdict(const std::string& program, const std::vector<std::string>& arguments, int keptOpen,
-                    std::string* output = nullptr);
+                    Taken taken = {});
 
 }  // namespace zavel::host
 

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "Failure.h"
+
 namespace zavel::host {
 
 // One dictionary that was made.
@@ -20,18 +22,41 @@ struct TranslationFigures {
 
 struct TranslationBuild {
   std::vector<TranslationFigures> made;
-  int status = 0;  // exit status of the program that failed; 128 and the signal's number if one ended it
+  Failure failure;
+  int signal = 0;  // that interrupted it; `failure` is then none
+};
+
+// One dictionary of which something is there.
+struct TranslationState {
+  std::string name;
+  const char* what;
+  std::string base;   // its path without ".index" and ".dict"
+  int64_t words = 0;  // when it is sound
+  Failure failure;
 };
 
 // "dictionaries/translation" in the data folder.
 std::string translationFolder(const std::string& data);
 
-// Makes those whose source is installed, in /usr/share/edict or the folder that ZAVEL_EDICT names, one after
-// the other; a failure ends it. `ifMissing`: not those that are there. `progress` as mkdict takes it.
-// `keptOpen` as in runMkdict(). Without the program that converts them nothing is made, and one line on
-// standard error tells it.
+// Why the sources can't be looked for: ZAVEL_EDICT names no folder.
+Failure wrongSources();
+
+// Whether all are there and sound whose source is installed, in /usr/share/edict or the folder that
+// ZAVEL_EDICT names.
+bool translationDataComplete(const std::string& folder);
+
+// Makes them, one after the other; a failure ends it. `ifMissing`: not those that are there and sound.
+// `progress` as mkdict takes it. `keptOpen` as in runMkdict(). Without the program that converts them nothing
+// is made, and one line on standard error tells it. To be called while the folder's lock is held, with an
+// EndSignals alive: what interrupted runs left there is removed.
 TranslationBuild buildTranslationData(const std::string& folder, bool ifMissing, const std::string& progress,
                                       int keptOpen);
+
+// Looks through those of which an index or a text is there.
+std::vector<TranslationState> checkTranslationData(const std::string& folder);
+
+// The names of their files: "enamdict.index", "enamdict.dict", as far as one of the pair is there.
+std::vector<std::string> translationFiles(const std::string& folder);
 
 }  // namespace zavel::host
 

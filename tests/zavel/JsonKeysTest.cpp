@@ -265,7 +265,7 @@ TEST_F(JsonKeysTest, FailuresOfEachCommandAreDocumentsToo) {
 
 TEST_F(JsonKeysTest, OfTheDictionarysState) {
   const Json json = document({"dict", "info", "--json"});
-  EXPECT_EQ(keysOf(json), (Keys{"schema", "folder", "complete", "files", "bytes"}));
+  EXPECT_EQ(keysOf(json), (Keys{"schema", "folder", "complete", "files", "bytes", "translation"}));
   EXPECT_EQ(json["schema"], 1);
   EXPECT_EQ(json["folder"], root() + "/dictionaries/basic");
   EXPECT_EQ(json["complete"], true);

@@ -1,5 +1,8 @@
 // `zavel dict build`: what it makes for the translation dictionary, and that look-ups find it.
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <nlohmann/json.hpp>
@@ -48,7 +51,7 @@ TEST_F(TranslationDataTest, NamesAndTechnicalTermsAreConverted) {
             "For the translation dictionary:\n"
             "          1  proper nouns, enamdict\n"
             "          9  technical terms, compdic\n"
-            "          1  lines of another form left out\n"
+            "          1  lines left out, not in EDICT form\n"
             "Written to " +
                 root() + "/dictionaries/translation\n");
 }
@@ -70,7 +73,7 @@ TEST_F(TranslationDataTest, WhatIsThereIsKeptWhereItIsWanted) {
   fs::remove(made("compdic.index"));
   EXPECT_EQ(zavel({"dict", "build", "--if-missing"}).run().out,
             "For the translation dictionary:\n          9  technical terms, compdic\n"
-            "          1  lines of another form left out\nWritten to " +
+            "          1  lines left out, not in EDICT form\nWritten to " +
                 root() + "/dictionaries/translation\n");
 }
 
@@ -135,15 +138,256 @@ TEST_F(TranslationDataTest, WithoutTheConverterTheRestIsBuilt) {
             "missing\n");
 }
 
+// What stands in for the converter writes its lines and ends so.
+struct Failing {
+  const char* lines;
+  int status;
+  const char* code;
+  const char* told;
+  const char* hint;
+};
+
 TEST_F(TranslationDataTest, TheConvertersFailureIsTheBuilds) {
   fs::create_directories(file("helpers"));
-  for (const auto& [lines, status] :
-       std::vector<std::pair<std::string, int>>{{"echo broken >&2\nexit 5\n", 5}, {"kill -KILL $$\n", 137}}) {
-    script(file("helpers/zavel-dicttool"), lines);
-    const Outcome outcome = zavel({"dict", "build"}).env("ZAVEL_LIBEXEC", file("helpers")).run();
-    EXPECT_EQ(outcome.status, status);
+  const std::string program = file("helpers") + "/zavel-dicttool";
+  const std::string again = ", then run: zavel dict build --if-missing";
+  for (const Failing& failing : std::vector<Failing>{
+           {"echo 'zavel-dicttool: /e/enamdict is no EDICT file' >&2; exit 5", 5, "damaged_source",
+            "/e/enamdict is no EDICT file", "Install the Debian package enamdict again"},
+           {"echo \"zavel-dicttool: /t can't be written: No space left on device\" >&2; exit 3", 3,
+            "not_written", "/t can't be written: No space left on device",
+            "Make room on the disk, or make the folder writable"},
+           {"echo \"zavel-dicttool: /e/enamdict can't be read\" >&2; exit 3", 3, "unreadable_source",
+            "/e/enamdict can't be read", "Make the file readable"},
+           {"kill -KILL $$", 3, "converter_killed", "the program PROGRAM was ended by signal 9",
+            "Check that there is enough memory"},
+           {"echo sick >&2; exit 7", 3, "converter_failed", "the program PROGRAM ended with status 7: sick",
+            "Install zavel again"}}) {
+    script(program, std::string(failing.lines) + "\n");
+    std::string told = failing.told;
+    if (const size_t at = told.find("PROGRAM"); at != std::string::npos) told.replace(at, 7, program);
+    const std::string message = "the translation dictionary gets no proper nouns: " + told;
+    Outcome outcome = zavel({"dict", "build"}).env("ZAVEL_LIBEXEC", file("helpers")).run();
+    EXPECT_EQ(outcome.status, failing.status) << failing.code;
     EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "zavel: " + message + "\n" + failing.hint + again + "\n");
+    outcome = zavel({"dict", "build", "--json"}).env("ZAVEL_LIBEXEC", file("helpers")).run();
+    EXPECT_EQ(outcome.status, failing.status) << failing.code;
+    const Json document = Json::parse(outcome.out);
+    EXPECT_EQ(document["status"], "error");
+    EXPECT_EQ(document["error"]["code"], failing.code);
+    EXPECT_EQ(document["error"]["message"], message);
+    EXPECT_EQ(document["error"]["hint"], failing.hint + again);
   }
+}
+
+TEST_F(TranslationDataTest, TheRealConverterTellsWhatIsWrong) {
+  writeFile(edict() + "/enamdict", "garbage\n");
+  const Outcome outcome = zavel({"dict", "build"}).run();
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.err,
+            "zavel: the translation dictionary gets no proper nouns: " + edict() +
+                "/enamdict is no EDICT file: 1 of 1 lines are of another form\n"
+                "Install the Debian package enamdict again, then run: zavel dict build --if-missing\n");
+  EXPECT_FALSE(fs::exists(made("enamdict.index")));
+}
+
+TEST_F(TranslationDataTest, WhatWasMadeBeforeAFailureIsTold) {
+  writeFile(edict() + "/compdic", "garbage\n");
+  const Outcome outcome = zavel({"dict", "build"}).run();
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.out, "For the translation dictionary:\n          1  proper nouns, enamdict\nWritten to " +
+                             root() + "/dictionaries/translation\n");
+}
+
+// Interruption
+
+TEST_F(TranslationDataTest, AnInterruptionIsOneLineAndLeavesNothingBehind) {
+  fs::create_directories(file("helpers"));
+  const std::string folder = root() + "/dictionaries/translation", started = file("started");
+  // One that takes nothing away when it is ended.
+  script(file("helpers") + "/zavel-dicttool", "mkdir -p '" + folder + "'\n: >'" + folder +
+                                                  "'/.new-$$.00000001.1\n: >'" + started +
+                                                  "'\nexec sleep 20\n");
+  for (const auto& [signal, status] : {std::pair{SIGINT, 130}, {SIGTERM, 143}, {SIGHUP, 129}}) {
+    for (const bool json : {false, true}) {
+      fs::remove(started);
+      std::vector<std::string> arguments{"dict", "build"};
+      if (json) arguments.push_back("--json");
+      const Outcome outcome =
+          zavel(arguments).env("ZAVEL_LIBEXEC", file("helpers")).signalAt(started, signal).run();
+      EXPECT_EQ(outcome.status, status);
+      EXPECT_EQ(outcome.err, "zavel: interrupted; run it again to finish\n");
+      EXPECT_EQ(outcome.out, json ? R"({"schema":1,"status":"error","error":{"code":"interrupted",)"
+                                    R"("message":"interrupted; run it again to finish",)"
+                                    R"("hint":"Run it again."}})"
+                                    "\n"
+                                  : "");
+      EXPECT_TRUE(fs::is_empty(folder));
+    }
+  }
+}
+
+TEST_F(TranslationDataTest, ACompilerThatASignalEndedIsAnInterruptionToo) {
+  const std::string started = file("started");
+  const std::string compiler = script(file("slow"), ": >'" + started + "'\nexec sleep 20\n");
+  const Outcome outcome =
+      zavel({"dict", "build"}).env("ZAVEL_MKDICT", compiler).signalAt(started, SIGINT, 2).run();
+  EXPECT_EQ(outcome.status, 130);
+  EXPECT_EQ(outcome.err, "zavel: interrupted; run it again to finish\n");
+}
+
+TEST_F(TranslationDataTest, NothingIsBegunAfterAnInterruption) {
+  const std::string started = file("started");
+  // A compiler that finishes all the same.
+  const std::string compiler =
+      script(file("slow"), "trap '' INT TERM HUP\n: >'" + started + "'\nsleep 1\nexit 0\n");
+  const Outcome outcome =
+      zavel({"dict", "build"}).env("ZAVEL_MKDICT", compiler).signalAt(started, SIGINT).run();
+  EXPECT_EQ(outcome.status, 130);
+  EXPECT_EQ(outcome.err, "zavel: interrupted; run it again to finish\n");
+  EXPECT_FALSE(fs::exists(made("enamdict.index")));
+}
+
+TEST_F(TranslationDataTest, WhatKilledRunsLeftIsRemovedByTheNextBuild) {
+  const pid_t ended = fork();
+  if (ended == 0) _exit(0);
+  waitpid(ended, nullptr, 0);
+  const std::string ours = ".new-" + std::to_string(getpid()) + ".0badcafe.1";  // a process that lives
+  const std::string theirs = ".new-" + std::to_string(ended) + ".0badcafe.1";
+  fs::create_directories(root() + "/dictionaries/translation");
+  for (const std::string& name : {ours, theirs, std::string(".new-notes"), std::string("my.dict")}) {
+    writeFile(made(name), "x");
+  }
+  ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
+  EXPECT_FALSE(fs::exists(made(theirs)));
+  for (const std::string& name : {ours, std::string(".new-notes"), std::string("my.dict")}) {
+    EXPECT_TRUE(fs::exists(made(name))) << name;
+  }
+}
+
+// Damage
+
+TEST_F(TranslationDataTest, WhatIsDamagedIsMadeAgain) {
+  ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
+  const std::string index = readFile(made("compdic.index")), text = readFile(made("compdic.dict"));
+  const std::string told =
+      "For the translation dictionary:\n          9  technical terms, compdic\n"
+      "          1  lines left out, not in EDICT form\nWritten to " +
+      root() + "/dictionaries/translation\n";
+  std::string changed = index;
+  changed[changed.find('\t') + 1] = '!';
+  for (const auto& [name, bytes] :
+       std::vector<std::pair<std::string, std::string>>{{"compdic.index", ""},
+                                                        {"compdic.index", index.substr(0, index.size() - 1)},
+                                                        {"compdic.index", changed},
+                                                        {"compdic.dict", ""},
+                                                        {"compdic.dict", text.substr(0, text.size() / 2)}}) {
+    writeFile(made(name), bytes);
+    EXPECT_EQ(zavel({"dict", "build", "--if-missing"}).run().out, told) << name << bytes.size();
+    EXPECT_EQ(readFile(made("compdic.index")), index);
+    EXPECT_EQ(readFile(made("compdic.dict")), text);
+  }
+  fs::remove(made("compdic.dict"));
+  EXPECT_EQ(zavel({"dict", "build", "--if-missing"}).run().out, told);
+}
+
+TEST_F(TranslationDataTest, WhereAllIsThereNothingIsWritten) {
+  ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
+  ASSERT_TRUE(fs::remove(root() + "/dictionaries/.lock"));
+  const Outcome outcome =
+      zavel({"dict", "build", "--if-missing"}).env("ZAVEL_MKDICT", "/nowhere/mkdict").run();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_FALSE(fs::exists(root() + "/dictionaries/.lock"));
+}
+
+TEST_F(TranslationDataTest, VerifyLooksThroughThemToo) {
+  ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
+  const std::string folder = root() + "/dictionaries/translation/";
+  Outcome outcome = zavel({"dict", "verify"}).run();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "          6  words of proper nouns\n" + folder +
+                             "enamdict is sound.\n         32  words of technical terms\n" + folder +
+                             "compdic is sound.\n");
+  fs::remove(made("enamdict.dict"));
+  writeFile(made("compdic.index"), "");
+  outcome = zavel({"dict", "verify"}).run();
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.err, "zavel: " + folder + "enamdict.dict is missing\nRun: zavel dict build\nzavel: " +
+                             folder + "compdic.index is damaged: it is empty\nRun: zavel dict build\n");
+  fs::remove(made("enamdict.index"));
+  fs::remove(made("compdic.index"));
+  fs::remove(made("compdic.dict"));
+  outcome = zavel({"dict", "verify"}).run();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out + outcome.err, "");
+}
+
+TEST_F(TranslationDataTest, VerifyTellsThemAsJson) {
+  ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
+  writeFile(made("compdic.index"), "");
+  const std::string compiler = script(
+      file("verifier"), R"(echo '{"schema":1,"status":"good","folder":"/f","figures":{},"left_out":[]}')"
+                        "\n");
+  const Outcome outcome = zavel({"dict", "verify", "--json"}).env("ZAVEL_MKDICT", compiler).run();
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.out,
+            R"({"schema":1,"status":"damaged","folder":"/f","figures":{},"left_out":[],"translation":[)"
+            R"({"name":"enamdict","status":"good","words":6},{"name":"compdic","status":"damaged",)"
+            R"("message":")" +
+                made("compdic.index") + " is damaged: it is empty\"}]}\n");
+}
+
+TEST_F(TranslationDataTest, WithoutTheConverterVerifyTellsThatItDidNotLook) {
+  ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
+  fs::remove(made("compdic.index"));
+  fs::remove(made("compdic.dict"));
+  const Outcome outcome = zavel({"dict", "verify"}).env("ZAVEL_LIBEXEC", "/nowhere").run();
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.err, "zavel: " + made("enamdict") +
+                             " was not checked: the program /nowhere/zavel-dicttool is missing\n"
+                             "Install zavel again, or set ZAVEL_LIBEXEC to that program's folder.\n");
+}
+
+TEST_F(TranslationDataTest, InfoListsThemToo) {
+  EXPECT_EQ(zavel({"dict", "info"}).run().out.find("translation"), std::string::npos);
+  ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
+  const std::string folder = root() + "/dictionaries/translation";
+  for (const char* name : {"enamdict.index", "enamdict.dict", "compdic.index"}) writeFile(made(name), "four");
+  fs::remove(made("compdic.dict"));
+  Outcome outcome = zavel({"dict", "info"}).run();
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_TRUE(outcome.out.ends_with("\n" + folder +
+                                    "\n"
+                                    "enamdict.index            4\n"
+                                    "enamdict.dict             4\n"
+                                    "compdic.index             4\n"
+                                    "compdic.dict              0  missing\n"
+                                    "together                 12  incomplete\n"))
+      << outcome.out;
+  EXPECT_EQ(outcome.err,
+            "zavel: the file compdic.dict is missing in " + folder + "\nRun: zavel dict build\n");
+  outcome = zavel({"dict", "info", "--json"}).run();
+  EXPECT_EQ(
+      Json::parse(outcome.out)["translation"].dump(),
+      "{\"folder\":\"" + folder +
+          R"(","complete":false,"files":[{"name":"enamdict.index","bytes":4},{"name":"enamdict.dict","bytes":4},)"
+          R"({"name":"compdic.index","bytes":4},{"name":"compdic.dict","bytes":null}],"bytes":12})");
+  writeFile(made("compdic.dict"), "");
+  EXPECT_EQ(zavel({"dict", "info"}).run().err,
+            "zavel: the file compdic.dict in " + folder + " is empty\nRun: zavel dict build\n");
+}
+
+// The environment
+
+TEST_F(TranslationDataTest, TheFolderOfSourcesMustExist) {
+  const Outcome outcome = zavel({"dict", "build"}).env("ZAVEL_EDICT", "/nowhere/edict").run();
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.err,
+            "zavel: ZAVEL_EDICT names no folder: /nowhere/edict\n"
+            "Set it to the folder of enamdict and compdic, or leave it unset for /usr/share/edict.\n");
 }
 
 }  // namespace
