@@ -14,12 +14,14 @@
 
 #include "CommandLine.h"
 #include "DictCommand.h"
+#include "DictInfo.h"
 #include "ExitStatus.h"
 #include "Failure.h"
 #include "Help.h"
 #include "InfoCommands.h"
 #include "LookCommand.h"
 #include "NumberOption.h"
+#include "Places.h"
 #include "PrefsCommand.h"
 #include "Terminal.h"
 #include "Utf8.h"
@@ -54,19 +56,23 @@ CLI::Option* between(CLI::Option* option, long least, long most) {
 // What every command takes.
 void addCommon(CLI::App* command, Arguments& a) {
   command->add_flag("-j,--json", a.json, "Answer in JSON");
-  command->add_option("--root", a.root, "Keep all files below this folder, in the place of ZAVEL_ROOT")
-      ->type_name("DIR");
+  command->add_option("--root", a.root, "Keep all files below this folder; overrides ZAVEL_ROOT")
+      ->type_name("DIR")
+      ->check(CLI::Validator(
+          [](const std::string& folder) { return folder.empty() ? "the folder is missing" : std::string(); },
+          ""));
 }
 
 void addLook(CLI::App& app, Arguments& a) {
   CLI::App* look = app.add_subcommand("look", "Look words up");
-  look->add_option("words", a.look.words, "Words; none or - reads them from standard input, one a line")
+  look->add_option("words", a.look.words, "Words; none or - reads them from standard input, one per line")
       ->type_name("WORD");
-  oneOf(look->add_option("--mode", a.mode, "Part of the entries: all, pos, phrase or example"), "PART",
+  oneOf(look->add_option("--mode", a.mode, "Which part of the entries: all, pos, phrase or example"), "PART",
         {"all", "pos", "phrase", "example"});
   CLI::Option* list = look->add_flag("-l,--list", a.look.list, "Only the headwords that begin with the word");
   CLI::Option* forms = look->add_flag("--forms", a.look.forms, "Only the inflection table")->excludes(list);
-  CLI::Option* plain = look->add_flag("--plain", a.look.plain, "One record a line, fields parted by tabs");
+  CLI::Option* plain =
+      look->add_flag("--plain", a.look.plain, "One record per line, fields separated by tabs");
   between(look->add_option("-n,--limit", a.look.limit,
                            "At most N headwords, suggestions, or entries of each dictionary"),
           1, 1000000);
@@ -77,7 +83,7 @@ void addLook(CLI::App& app, Arguments& a) {
   look->add_flag("-0,--null", a.look.nul, "Words on standard input end in NUL");
   oneOf(look->add_option("--color", a.colour, "When to colour: auto, always or never"), "WHEN",
         {"auto", "always", "never"});
-  look->add_flag("--no-pager", a.look.noPager, "Never show a long answer through a pager");
+  look->add_flag("--no-pager", a.look.noPager, "Don't show long answers through a pager");
   addCommon(look, a);
   plain->excludes(look->get_option("--json"));
 }
@@ -86,13 +92,14 @@ void addDict(CLI::App& app, Arguments& a) {
   CLI::App* dict = app.add_subcommand("dict", "Make, check and describe the dictionary");
   dict->require_subcommand(1);
   CLI::App* build = dict->add_subcommand("build", "Compile the dictionary from the distribution's open data");
-  build->add_flag("--if-missing", a.build.ifMissing, "Do nothing if there is one");
+  build->add_flag("--if-missing", a.build.ifMissing, "Make only what is missing or damaged");
   build->add_flag("-q,--quiet", a.build.quiet, "No summary");
-  oneOf(build->add_option("--progress", a.build.progress, "How to show it: auto, bar, plain, json or none"),
+  oneOf(build->add_option("--progress", a.build.progress,
+                          "How to show progress: auto, bar, plain, json or none"),
         "HOW", {"auto", "bar", "plain", "json", "none"});
   addCommon(build, a);
-  addCommon(dict->add_subcommand("verify", "Walk every row of every index to its entry"), a);
-  addCommon(dict->add_subcommand("info", "Where it stands and how large it is"), a);
+  addCommon(dict->add_subcommand("verify", "Check that every word leads to its entry"), a);
+  addCommon(dict->add_subcommand("info", "Show where it is and how large it is"), a);
 }
 
 void addPrefs(CLI::App& app, Arguments& a) {
@@ -100,7 +107,7 @@ void addPrefs(CLI::App& app, Arguments& a) {
   prefs->require_subcommand(1);
   CLI::App* dict = prefs->add_subcommand("dict", "Which dictionaries are searched, and in which order");
   dict->require_subcommand(1);
-  addCommon(dict->add_subcommand("list", "The dictionaries in the order of the search"), a);
+  addCommon(dict->add_subcommand("list", "List the dictionaries in search order"), a);
   const auto addChange = [&](const char* name, const char* what) {
     CLI::App* command = dict->add_subcommand(name, what);
     command->add_option("dictionary", a.prefs.dictionary, "Its number, name or type in the list")
@@ -111,8 +118,8 @@ void addPrefs(CLI::App& app, Arguments& a) {
   };
   addChange("enable", "Switch a dictionary on");
   addChange("disable", "Switch a dictionary off");
-  addChange("move", "Put a dictionary in another place of the list")
-      ->add_option("position", a.prefs.position, "The place, counted from 1")
+  addChange("move", "Move a dictionary to another place in the list")
+      ->add_option("position", a.prefs.position, "Its new place, counted from 1")
       ->type_name("POSITION")
       ->check(numberFrom(1, 1000000))
       ->required();
@@ -134,6 +141,8 @@ bool wouldWait(const LookOptions& options) {
 int dispatch(CLI::App& app, const std::vector<std::string>& commands, Arguments& a) {
   if (!a.root.empty()) setenv("ZAVEL_ROOT", std::filesystem::absolute(a.root).c_str(), 1);
   const std::string command = joined(commands);
+  if (command == "about") return runAbout(a.json);
+  if (const Failure failure = relativePlace()) return report(failure, a.json);
   if (command == "look") {
     a.look.mode = kModes.at(a.mode);
     a.look.colour = kColours.at(a.colour);
@@ -150,8 +159,7 @@ int dispatch(CLI::App& app, const std::vector<std::string>& commands, Arguments&
   if (command == "prefs dict enable") return runPrefsDictEnable(a.prefs, true);
   if (command == "prefs dict disable") return runPrefsDictEnable(a.prefs, false);
   if (command == "prefs dict move") return runPrefsDictMove(a.prefs);
-  if (command == "paths") return runPaths(a.json);
-  return runAbout(a.json);
+  return runPaths(a.json);
 }
 
 Failure wrongUsage(const std::vector<std::string>& commands, const std::string& message) {
@@ -211,7 +219,7 @@ void keepStandardStreams() {
 int checkOutput(int status) {
   if (std::fflush(stdout) == 0 && !std::ferror(stdout)) return status;
   return report({kExitEnvironment, "output", "the output can't be written",
-                 "See whether the disk is full, or standard output closed."},
+                 "Check that the disk isn't full and that standard output is open."},
                 false);
 }
 

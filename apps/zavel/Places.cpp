@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "Utf8.h"
 #include "base/ProgramPlaces.h"
 
 namespace zavel::host {
@@ -59,6 +60,17 @@ std::string helpersFolder() {
     if (std::filesystem::is_directory(place, error)) return place;
   }
   return ZAVEL_INSTALLED_HELPERS;
+}
+
+Failure relativePlace() {
+  for (const char* name : {"ZAVEL_ROOT", "ZAVEL_LIBEXEC", "ZAVEL_MKDICT", "ZAVEL_EDICT"}) {
+    const char* value = std::getenv(name);
+    if (!value || !*value || *value == '/') continue;
+    return {kExitEnvironment, "relative_path",
+            std::string(name) + " is not an absolute path: " + printable(value),
+            "Give the whole path, or leave the variable unset."};
+  }
+  return {};
 }
 
 bool makeFolders(const std::string& path) {

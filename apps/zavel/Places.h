@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "Failure.h"
+
 namespace zavel::host {
 
 // Absolute paths without a trailing delimiter. With ZAVEL_ROOT set to an absolute path all of them stand
@@ -24,6 +26,10 @@ Places findPlaces();
 // "libexec/zavel" beside this program's folder, as installed, or above it, as built; else where the build was
 // configured to install them.
 std::string helpersFolder();
+
+// The failure of a variable of this program's own that holds a relative path, which would mean another place
+// in each working folder. An empty one counts as unset.
+Failure relativePlace();
 
 // Makes a folder and its parents. False when one can't be made.
 bool makeFolders(const std::string& path);

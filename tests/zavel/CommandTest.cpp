@@ -354,7 +354,7 @@ TEST_F(CommandTest, NoCutAnswerPassesForAWholeOne) {
     EXPECT_EQ(full.status, 3);
     EXPECT_EQ(full.err,
               "zavel: the output can't be written\n"
-              "See whether the disk is full, or standard output closed.\n");
+              "Check that the disk isn't full and that standard output is open.\n");
     EXPECT_EQ(zavel(words).closed(1).run().status, 3);
   }
 }
@@ -423,7 +423,7 @@ TEST_F(CommandTest, ACompilerThatIsKilledIsTold) {
   EXPECT_EQ(outcome.status, 3);
   EXPECT_EQ(outcome.err,
             "zavel: the dictionary compiler was ended by signal 9\n"
-            "See whether there is memory enough, then try again.\n");
+            "Check that there is enough memory, then try again.\n");
 }
 
 TEST_F(CommandTest, TheCompilersStatusIsTheBuilds) {

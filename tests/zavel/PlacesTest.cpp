@@ -55,5 +55,21 @@ TEST_F(PlacesTest, WithoutAHomeThereAreNone) {
   EXPECT_EQ(findPlaces().data, "");
 }
 
+TEST_F(PlacesTest, ARelativePathInAVariableOfOurOwnIsAnError) {
+  for (const char* name : {"ZAVEL_ROOT", "ZAVEL_LIBEXEC", "ZAVEL_MKDICT", "ZAVEL_EDICT"}) {
+    setenv(name, "place\x07", 1);
+    const Failure failure = relativePlace();
+    EXPECT_EQ(failure.status, 3);
+    EXPECT_EQ(failure.code, "relative_path");
+    EXPECT_EQ(failure.message, std::string(name) + " is not an absolute path: place\uFFFD");
+    EXPECT_EQ(failure.hint, "Give the whole path, or leave the variable unset.");
+    setenv(name, "", 1);  // as good as unset
+    EXPECT_FALSE(relativePlace());
+    setenv(name, "/place", 1);
+    EXPECT_FALSE(relativePlace());
+    unsetenv(name);
+  }
+}
+
 }  // namespace
 }  // namespace zavel::host

@@ -5,6 +5,7 @@ set -uo pipefail
 zavel=$(realpath "$1") mkdict=$(realpath "$2") make_dictionary=$3 source=$4
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+mkdir "$work/none"
 unset NO_COLOR CLICOLOR_FORCE FORCE_COLOR ZAVEL_LOG XDG_DATA_HOME XDG_CONFIG_HOME XDG_STATE_HOME XDG_CACHE_HOME
 export ZAVEL_ROOT=$work/root ZAVEL_MKDICT=$mkdict ZAVEL_EDICT=$work/none HOME=$work/home
 failures=0 checks=0
@@ -123,6 +124,13 @@ if [ -e /dev/full ]; then
   : >"$work/out"
   check "a full disk behind the output" "$status" 3 "" "*can't be written*"
 fi
+expect "a root without a name" 2 "" "*--root: the folder is missing*" "$zavel" --root "" paths
+expect "a relative root in the environment" 3 "" "zavel: ZAVEL_ROOT is not an absolute path: root
+Give the whole path, or leave the variable unset." env ZAVEL_ROOT=root "$zavel" look church
+expect "a root on the command line overrides it" 0 "church*" "" env ZAVEL_ROOT=root "$zavel" --root "$work/root" look church
+expect "an empty root is none" 3 "" "*no dictionary in $work/home/.local/share/zavel/*" env ZAVEL_ROOT= "$zavel" look church
+expect "a relative folder of helpers" 3 '{"schema":1,"status":"error","error":{"code":"relative_path",*}}' "*ZAVEL_LIBEXEC*" env ZAVEL_LIBEXEC=here "$zavel" look --json church
+(cd "$work" && expect "a relative root on the command line begins in the working folder" 0 "church*" "" "$zavel" --root root look church; [ "$failures" -eq 0 ]) || failures=$((failures + 1))
 expect "no compiler" 3 "" "*mkdict*" env ZAVEL_MKDICT=/nowhere/mkdict "$zavel" dict build
 expect "build --if-missing does nothing when there is one" 0 "" "" "$zavel" dict build --if-missing
 
