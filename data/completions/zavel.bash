@@ -1,48 +1,67 @@
 # Completion of zavel for bash.
+
+# The words ahead of the cursor: commands and arguments in `line`, the folder of --root in `root`, the option whose value
+# stands at the cursor in `valued`. bash makes words of their own of "=" signs.
+_zavel_read() {
+  local word i
+  line=() root=() valued=
+  for ((i = 1; i < COMP_CWORD; ++i)); do
+    word=${COMP_WORDS[i]}
+    if [ -n "$valued" ]; then
+      [ "$word" = = ] && continue
+      [ "$valued" = --root ] && word=${word//\\/} && root=(--root "${word/#\~\//$HOME/}")
+      valued=
+      continue
+    fi
+    case "$word" in
+      --root | --mode | --color | --progress | --limit | -n | --suggest | --row) valued=$word ;;
+      -*) ;;
+      *) line+=("$word") ;;
+    esac
+  done
+}
+
 _zavel_headwords() {
   local word
   while read -r word; do COMPREPLY+=("$(printf '%q' "$word")"); done \
-    < <(zavel look --list --plain --limit 50 -- "$1" 2>/dev/null | cut -f1 | sort -u)
+    < <(zavel "${root[@]}" look --list --plain --limit 50 -- "$1" 2>/dev/null | cut -f1 | sort -u)
 }
 
 _zavel() {
-  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]} words="--json --root --help"
-  case "$previous" in
+  local current=${COMP_WORDS[COMP_CWORD]} words="--json --root --help" valued
+  local -a line root
+  COMPREPLY=()
+  _zavel_read
+  [ "$current" = = ] && current=
+  case "$valued" in
     --mode) COMPREPLY=($(compgen -W "all pos phrase example" -- "$current")); return ;;
     --color) COMPREPLY=($(compgen -W "auto always never" -- "$current")); return ;;
     --progress) COMPREPLY=($(compgen -W "auto bar plain json none" -- "$current")); return ;;
-    --root) COMPREPLY=($(compgen -d -- "$current")); return ;;
-    --limit | -n | --suggest | --row) return ;;
+    --root)
+      compopt -o filenames 2>/dev/null
+      mapfile -t COMPREPLY < <(compgen -d -- "$current")
+      return ;;
+    ?*) return ;;
   esac
-  if [ "$COMP_CWORD" -eq 1 ]; then
-    COMPREPLY=($(compgen -W "look dict prefs paths about help --help --version" -- "$current"))
-    return
-  fi
-  case "${COMP_WORDS[1]}" in
-    look) words+=" --mode --list --forms --plain --limit --suggest --row --null --color --no-pager" ;;
-    dict)
-      if [ "$COMP_CWORD" -eq 2 ]; then
-        words="build verify info --help"
-      elif [ "${COMP_WORDS[2]}" = build ]; then
-        words+=" --if-missing --quiet --progress"
+  case "${line[*]}" in
+    "") words+=" --version look dict prefs paths about help" ;;
+    look | "look "*)
+      words+=" --mode --list --forms --plain --limit --suggest --row --null --color --no-pager"
+      if [[ "$current" != -* ]]; then
+        [ ${#current} -ge 3 ] && _zavel_headwords "$current"
+        return
       fi ;;
-    prefs)
-      case $COMP_CWORD in
-        2) words="dict --help" ;;
-        3) words="list enable disable move --help" ;;
-        4) [ "${COMP_WORDS[3]}" = list ] || words+=" bilingual translation" ;;
-      esac ;;
-    help)
-      words="look dict prefs paths about"
-      [ "${COMP_WORDS[2]}" = dict ] && words="build verify info"
-      [ "${COMP_WORDS[2]}" = prefs ] && words="dict"
-      [ "${COMP_WORDS[2]} ${COMP_WORDS[3]}" = "prefs dict" ] && words="list enable disable move" ;;
+    dict) words+=" build verify info" ;;
+    "dict build") words+=" --if-missing --quiet --progress" ;;
+    prefs) words+=" dict" ;;
+    "prefs dict") words+=" list enable disable move" ;;
+    "prefs dict enable" | "prefs dict disable" | "prefs dict move") words+=" bilingual translation" ;;
+    help) words="look dict prefs paths about" ;;
+    "help dict") words="build verify info" ;;
+    "help prefs") words="dict" ;;
+    "help prefs dict") words="list enable disable move" ;;
+    help*) return ;;
   esac
-  if [ "${COMP_WORDS[1]}" = look ] && [[ "$current" != -* ]] && [ ${#current} -ge 3 ]; then
-    COMPREPLY=()
-    _zavel_headwords "$current"
-    return
-  fi
   COMPREPLY=($(compgen -W "$words" -- "$current"))
 }
 complete -F _zavel zavel
