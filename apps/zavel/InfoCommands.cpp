@@ -28,7 +28,7 @@ constexpr DataSource kSources[] = {
     {"FreeDict English-Japanese (FreeDict and WikDict, from Wiktionary)", "dict-freedict-eng-jpn",
      "English entries", "Creative Commons Attribution-ShareAlike 3.0", "https://freedict.org/"},
     {"EDICT (Electronic Dictionary Research and Development Group)", "edict",
-     "Japanese entries, and English entries turned round",
+     "Japanese entries, and English entries made from them",
      "Creative Commons Attribution-ShareAlike 3.0, EDRDG licence statement",
      "https://www.edrdg.org/edrdg/licence.html"},
     {"WordNet 3.0 (Princeton University)", "wordnet-base", "irregular forms, derivation, frequency",
