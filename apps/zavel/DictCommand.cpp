@@ -52,11 +52,11 @@ std::string parentOf(const std::string& folder) {
   return folder.substr(0, folder.rfind('/'));
 }
 
-// Runs mkdict and waits for it; what it says it says itself, unless `output` takes it. `keptOpen` as in
+// Runs mkdict and waits for it; what it says it says itself, unless it is `taken`. `keptOpen` as in
 // runMkdict().
 int passOn(const std::string& program, const std::vector<std::string>& arguments, bool json, int keptOpen,
-           std::string* output = nullptr) {
-  const MkdictEnd end = runMkdict(program, arguments, keptOpen, {output});
+           Taken taken = {}) {
+  const MkdictEnd end = runMkdict(program, arguments, keptOpen, taken);
   if (!end.started) return report(noMkdict(), json);
   if (end.signal == 0) return end.status;
   if (end.signal == SIGINT || end.signal == SIGTERM || end.signal == SIGHUP)
@@ -67,6 +67,23 @@ int passOn(const std::string& program, const std::vector<std::string>& arguments
                 json);
 }
 
+// Takes the lines about a failure off what mkdict has told and gives them.
+std::string cutComplaint(std::string* told) {
+  const std::string name = "mkdict: ";
+  const size_t at = told->starts_with(name) ? 0 : told->find("\n" + name) + 1;  // 0 for none, too
+  if (at == 0 && !told->starts_with(name)) return {};
+  const std::string complaint = told->substr(at);
+  told->resize(at);
+  return complaint;
+}
+
+// The same failure with the hint that is right here: who calls this program need not know of mkdict.
+Failure damageOf(const std::string& complaint) {
+  const size_t begin = complaint.find(": ") + 2;
+  return {kExitDamaged, "damaged_dictionary", complaint.substr(begin, complaint.find('\n') - begin),
+          "Run: zavel dict build"};
+}
+
 // Compiles the basic dictionary; what mkdict writes as JSON goes to `document` when it succeeds.
 int buildBasic(const std::string& program, const std::string& folder, const DictBuildOptions& options,
                int keptOpen, std::string* document) {
@@ -74,7 +91,7 @@ int buildBasic(const std::string& program, const std::string& folder, const Dict
   if (options.quiet) arguments.push_back("--quiet");
   if (options.json) arguments.push_back("--json");
   arguments.push_back(folder);
-  const int status = passOn(program, arguments, options.json, keptOpen, options.json ? document : nullptr);
+  const int status = passOn(program, arguments, options.json, keptOpen, {options.json ? document : nullptr});
   if (status != kExitFound) std::fputs(document->c_str(), stdout);
   return status;
 }
@@ -194,17 +211,22 @@ int runDictVerify(bool json) {
   const std::string program = findMkdict();
   if (program.empty()) return report(noMkdict(), json);
   const EndSignals signals;
-  std::vector<std::string> arguments{"--verify", places.dictionary};
+  std::vector<std::string> arguments{"--verify", places.dictionary, "--progress", "none"};
   if (json) arguments.push_back("--json");
-  std::string document;
-  const int status = passOn(program, arguments, json, -1, json ? &document : nullptr);
+  std::string told;
+  const int status = passOn(program, arguments, json, -1, {&told, true});
+  const std::string complaint = cutComplaint(&told);
   if (status != kExitFound && status != kExitDamaged) {
-    std::fputs(document.c_str(), stdout);
+    std::fputs(told.c_str(), stdout);
+    std::fflush(stdout);
+    std::fputs(complaint.c_str(), stderr);
     return status;
   }
+  if (!json) std::fputs(told.c_str(), stdout);
+  if (status == kExitDamaged) report(damageOf(complaint), false);
   const std::vector<TranslationState> states = checkTranslationData(translationFolder(places.data));
   if (EndSignals::came() != 0) return interruptedBy(EndSignals::came(), json);
-  if (json) std::fputs(withStates(document, states).c_str(), stdout);
+  if (json) std::fputs(withStates(told, states).c_str(), stdout);
   return std::max(status, tellStates(states, json));
 }
 

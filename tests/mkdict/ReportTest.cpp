@@ -53,6 +53,12 @@ TEST(Report, OfADamagedSet) {
                     "\"message\":\"row 0: \\\"below\\\" the row before\"},"));
 }
 
+TEST(Report, OfAnInterruptionIsOneLine) {
+  Told told;
+  told.outcome = {kExitInterrupted, "interrupted", "interrupted; nothing was changed", "Run it again."};
+  EXPECT_EQ("mkdict: interrupted; nothing was changed\n", told.report.errors());
+}
+
 TEST(Report, OfAFailure) {
   Told told;
   told.outcome = {kExitEnvironment, "missing_input", "/x is missing", "Install it."};

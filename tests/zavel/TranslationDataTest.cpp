@@ -152,8 +152,8 @@ TEST_F(TranslationDataTest, TheConvertersFailureIsTheBuilds) {
   const std::string program = file("helpers") + "/zavel-dicttool";
   const std::string again = ", then run: zavel dict build --if-missing";
   for (const Failing& failing : std::vector<Failing>{
-           {"echo 'zavel-dicttool: /e/enamdict is no EDICT file' >&2; exit 5", 5, "damaged_source",
-            "/e/enamdict is no EDICT file", "Install the Debian package enamdict again"},
+           {"echo 'zavel-dicttool: /e/enamdict is not an EDICT file' >&2; exit 5", 5, "damaged_source",
+            "/e/enamdict is not an EDICT file", "Install the Debian package enamdict again"},
            {"echo \"zavel-dicttool: /t can't be written: No space left on device\" >&2; exit 3", 3,
             "not_written", "/t can't be written: No space left on device",
             "Make room on the disk, or make the folder writable"},
@@ -187,7 +187,7 @@ TEST_F(TranslationDataTest, TheRealConverterTellsWhatIsWrong) {
   EXPECT_EQ(outcome.status, 5);
   EXPECT_EQ(outcome.err,
             "zavel: the translation dictionary gets no proper nouns: " + edict() +
-                "/enamdict is no EDICT file: 1 of 1 lines are of another form\n"
+                "/enamdict is not an EDICT file: 1 of 1 lines have another format\n"
                 "Install the Debian package enamdict again, then run: zavel dict build --if-missing\n");
   EXPECT_FALSE(fs::exists(made("enamdict.index")));
 }
@@ -323,6 +323,27 @@ TEST_F(TranslationDataTest, VerifyLooksThroughThemToo) {
   outcome = zavel({"dict", "verify"}).run();
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out + outcome.err, "");
+}
+
+TEST_F(TranslationDataTest, VerifyTellsWhatMakesADamagedDictionaryAnew) {
+  const std::string index = root() + "/dictionaries/basic/ej.ix3";
+  writeFile(index, readFile(index) + "x");
+  const Outcome outcome = inRoot({"dict", "verify"}).env("ZAVEL_MKDICT", MKDICT_PROGRAM).run();
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_NE(outcome.out.find("ej.ix3 at "), std::string::npos) << outcome.out;
+  EXPECT_EQ(outcome.out.find("mkdict"), std::string::npos) << outcome.out;
+  EXPECT_TRUE(outcome.err.starts_with("zavel: ")) << outcome.err;
+  EXPECT_TRUE(outcome.err.ends_with(" in " + root() + "/dictionaries/basic\nRun: zavel dict build\n"))
+      << outcome.err;
+}
+
+TEST_F(TranslationDataTest, WhatTheCompilerComplainsOfIsPassedOn) {
+  const std::string compiler =
+      script(file("verifier"), "echo one\necho 'mkdict: no way' >&2\necho 'Try it.' >&2\nexit 3\n");
+  const Outcome outcome = zavel({"dict", "verify"}).env("ZAVEL_MKDICT", compiler).run();
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.out, "one\n");
+  EXPECT_EQ(outcome.err, "mkdict: no way\nTry it.\n");
 }
 
 TEST_F(TranslationDataTest, VerifyTellsThemAsJson) {

@@ -186,6 +186,14 @@ completes() {
   [ "$(complete_bash "$@" | tr '\n' ' ')" = "$expected " ] || fail "bash completes \"$*\" to: $(complete_bash "$@" | tr '\n' ' ')"
 }
 completes "look" zavel lo
+completes "--json --root --help --version" zavel --
+completes "dict" zavel --root "$work/root" di
+completes "build" zavel --root "$work/root" dict b
+completes "--progress" zavel --root = "$work/root" dict build --pro
+completes "plain" zavel --json dict build --progress = pl
+ZAVEL_ROOT=/nowhere completes "church" zavel --root "$work/root" look chu
+completes "enable" zavel --json prefs dict e
+completes "" zavel look --limit ""
 completes "--mode" zavel look --mo
 completes "phrase" zavel look --mode ph
 completes "church" zavel look chu
