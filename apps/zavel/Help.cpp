@@ -6,6 +6,7 @@
 
 #include "CommandLine.h"
 #include "ExitStatus.h"
+#include "user/UserCommandLine.h"
 
 namespace zavel::host {
 namespace {
@@ -15,10 +16,10 @@ constexpr const char* kShortHelp =
     "zavel - English and Japanese dictionary\n"
     "\n"
     "  zavel look goes            look a word up (English, kana or kanji)\n"
-    "  zavel look --list inter    headwords that begin with it; --forms: inflection table\n"
-    "  zavel look --json 行く     for programs; words may come from standard input\n"
+    "  zavel look --list inter    headwords that begin with it; --forms: inflection table; --json: for programs\n"
     "  zavel dict build           make the dictionary from open data; also: verify, info\n"
     "  zavel prefs dict list      which dictionaries are searched; also: enable, disable, move\n"
+    "  zavel user add bank 銀行   your own entries; also: edit, find, list, delete, import, export\n"
     "  zavel paths | about        folders in use; version, sources and licences\n"
     "\n"
     "See `zavel help COMMAND` and `man zavel` for more.\n";
@@ -77,6 +78,8 @@ int printHelp(CLI::App& app, const std::vector<std::string>& commands) {
     shown = subcommand(*shown, command);
   }
   const auto examples = kExamples.find(joined(commands));
+  const auto own = userExamples().find(joined(commands));
+  if (own != userExamples().end()) std::printf("Examples:\n%s\n", own->second);
   if (examples != kExamples.end()) std::printf("Examples:\n%s\n", examples->second);
   std::fputs(shown->help(parent).c_str(), stdout);
   const auto notes = kNotes.find(joined(commands));

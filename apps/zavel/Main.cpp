@@ -26,6 +26,7 @@
 #include "Terminal.h"
 #include "Utf8.h"
 #include "Version.h"
+#include "user/UserCommandLine.h"
 
 namespace zavel::host {
 namespace {
@@ -34,6 +35,7 @@ struct Arguments {
   LookOptions look;
   DictBuildOptions build;
   PrefsDictOptions prefs;
+  UserOptions user;
   std::string mode = "all";
   std::string colour = "auto";
   std::string root;
@@ -151,7 +153,8 @@ int dispatch(CLI::App& app, const std::vector<std::string>& commands, Arguments&
     printHelp(app, commands);
     return kExitUsage;
   }
-  a.build.json = a.prefs.json = a.json;
+  a.build.json = a.prefs.json = a.user.json = a.json;
+  if (commands[0] == "user") return runUser(command, a.user);
   if (command == "dict build") return runDictBuild(a.build);
   if (command == "dict verify") return runDictVerify(a.json);
   if (command == "dict info") return runDictInfo(a.json);
@@ -178,6 +181,7 @@ int run(const std::vector<std::string>& words) {
   if (words.empty() || words[0] != "look") {
     addDict(app, arguments);
     addPrefs(app, arguments);
+    addUser(app, arguments.user, [&arguments](CLI::App* command) { addCommon(command, arguments); });
     addCommon(app.add_subcommand("paths", "Print the folders in use"), arguments);
     addCommon(app.add_subcommand("about", "Version, sources and licences"), arguments);
   }

@@ -15,6 +15,7 @@ _zavel_read() {
     fi
     case "$word" in
       --root | --mode | --color | --progress | --limit | -n | --suggest | --row) valued=$word ;;
+      --lang | --pos | --format | --number | --phrase | --kanji | --reading | --example | --sentence | --set) valued=$word ;;
       -*) ;;
       *) line+=("$word") ;;
     esac
@@ -27,6 +28,12 @@ _zavel_headwords() {
     < <(zavel "${root[@]}" look --list --plain --limit 50 -- "$1" 2>/dev/null | cut -f1 | sort -u)
 }
 
+_zavel_own_words() {
+  local word
+  while read -r word; do COMPREPLY+=("$(printf '%q' "$word")"); done \
+    < <(zavel "${root[@]}" user list -- "$1" 2>/dev/null | head -n 50)
+}
+
 _zavel() {
   local current=${COMP_WORDS[COMP_CWORD]} words="--json --root --help" valued
   local -a line root
@@ -37,6 +44,9 @@ _zavel() {
     --mode) COMPREPLY=($(compgen -W "all pos phrase example" -- "$current")); return ;;
     --color) COMPREPLY=($(compgen -W "auto always never" -- "$current")); return ;;
     --progress) COMPREPLY=($(compgen -W "auto bar plain json none" -- "$current")); return ;;
+    --lang) COMPREPLY=($(compgen -W "en ja" -- "$current")); return ;;
+    --format) COMPREPLY=($(compgen -W "tsv json jsonl" -- "$current")); return ;;
+    --pos) COMPREPLY=($(compgen -W "noun pronoun adjective adverb verb transitive intransitive preposition conjunction" -- "$current")); return ;;
     --root)
       compopt -o filenames 2>/dev/null
       mapfile -t COMPREPLY < <(compgen -d -- "$current")
@@ -44,7 +54,7 @@ _zavel() {
     ?*) return ;;
   esac
   case "${line[*]}" in
-    "") words+=" --version look dict prefs paths about help" ;;
+    "") words+=" --version look dict prefs user paths about help" ;;
     look | "look "*)
       words+=" --mode --list --forms --plain --limit --suggest --row --null --color --no-pager"
       if [[ "$current" != -* ]]; then
@@ -56,9 +66,30 @@ _zavel() {
     prefs) words+=" dict" ;;
     "prefs dict") words+=" list enable disable move" ;;
     "prefs dict enable" | "prefs dict disable" | "prefs dict move") words+=" bilingual translation" ;;
-    help) words="look dict prefs paths about" ;;
+    user) words+=" add edit find list delete arrange import export" ;;
+    "user add"*) words+=" --lang --pos --phrase --kanji --reading --example --sentence --force" ;;
+    "user list"*) words+=" --lang" ;;
+    "user arrange") words+=" --lang" ;;
+    "user edit") words+=" --lang --number --set --no-input" ;;&
+    "user find") words+=" --lang" ;;&
+    "user delete") words+=" --lang --number --all --yes --no-input" ;;&
+    "user edit" | "user find" | "user delete")
+      if [[ "$current" != -* ]]; then
+        _zavel_own_words "$current"
+        return
+      fi ;;
+    "user import") words+=" --lang --replace --skip-existing --force --progress" ;;&
+    "user export") words+=" --lang --format" ;;&
+    "user import" | "user export")
+      if [[ "$current" != -* ]]; then
+        compopt -o filenames 2>/dev/null
+        mapfile -t COMPREPLY < <(compgen -f -- "$current")
+        return
+      fi ;;
+    help) words="look dict prefs user paths about" ;;
     "help dict") words="build verify info" ;;
     "help prefs") words="dict" ;;
+    "help user") words="add edit find list delete arrange import export" ;;
     "help prefs dict") words="list enable disable move" ;;
     help*) return ;;
   esac

@@ -23,7 +23,7 @@ function __zavel_line
     for word in (commandline -opc)[2..-1]
         if test $valued -eq 1
             set valued 0
-        else if contains -- $word --root --mode --color --progress --limit -n --suggest --row
+        else if contains -- $word --root --mode --color --progress --limit -n --suggest --row --lang --pos --format --number --phrase --kanji --reading --example --sentence --set
             set valued 1
         else if not string match -q -- '-*' "$word"
             echo $word
@@ -31,20 +31,22 @@ function __zavel_line
     end
 end
 
-# Whether these are all words so far, or the first of them is this one.
+# Whether these are all words so far, or the first of them.
 function __zavel_words
     set -l line (__zavel_line)
     test "$line" = "$argv"
 end
 function __zavel_in
     set -l line (__zavel_line)
-    test "$line[1]" = "$argv[1]"
+    set -l length (count $argv)
+    test "$line[1..$length]" = "$argv"
 end
 
 complete -c zavel -f
 complete -c zavel -n __zavel_words -a look -d 'Look words up'
 complete -c zavel -n __zavel_words -a dict -d 'Make, check and describe the dictionary'
 complete -c zavel -n __zavel_words -a prefs -d 'Show and change preferences'
+complete -c zavel -n __zavel_words -a user -d 'Your own entries'
 complete -c zavel -n __zavel_words -a paths -d 'Print the folders in use'
 complete -c zavel -n __zavel_words -a about -d 'Version, sources and licences'
 complete -c zavel -n __zavel_words -a help -d 'Help of a command'
@@ -72,7 +74,35 @@ complete -c zavel -n '__zavel_words prefs dict' -a 'list enable disable move'
 for command in enable disable move
     complete -c zavel -n "__zavel_words prefs dict $command" -a 'bilingual translation'
 end
-complete -c zavel -n '__zavel_words help' -a 'look dict prefs paths about'
+complete -c zavel -n '__zavel_words help' -a 'look dict prefs user paths about'
 complete -c zavel -n '__zavel_words help dict' -a 'build verify info'
 complete -c zavel -n '__zavel_words help prefs' -a dict
+complete -c zavel -n '__zavel_words help user' -a 'add edit find list delete arrange import export'
 complete -c zavel -n '__zavel_words help prefs dict' -a 'list enable disable move'
+complete -c zavel -n '__zavel_words user' -a 'add edit find list delete arrange import export'
+complete -c zavel -n '__zavel_in user' -l lang -x -a 'en ja' -d 'Dictionary'
+for command in edit find delete
+    complete -c zavel -n "__zavel_words user $command" -a '(zavel (__zavel_root) user list -- (commandline -ct) 2>/dev/null)'
+end
+for command in import export
+    complete -c zavel -n "__zavel_words user $command" -F
+end
+complete -c zavel -n '__zavel_in user add' -l pos -x -a 'noun pronoun adjective adverb verb transitive intransitive preposition conjunction' -d 'Part of speech'
+complete -c zavel -n '__zavel_in user add' -l phrase -x -d 'The meaning is that of this phrase'
+complete -c zavel -n '__zavel_in user add' -l kanji -x -d 'Written form of a word in kana'
+complete -c zavel -n '__zavel_in user add' -l reading -x -d 'Reading of a word in kanji'
+complete -c zavel -n '__zavel_in user add' -l example -x -d 'ENGLISH=JAPANESE'
+complete -c zavel -n '__zavel_in user add' -l sentence -x -d 'ENGLISH=JAPANESE'
+complete -c zavel -n '__zavel_in user add' -s f -l force -d 'Also if it is there already'
+for command in edit delete
+    complete -c zavel -n "__zavel_in user $command" -l number -x -d 'Which of its entries'
+    complete -c zavel -n "__zavel_in user $command" -l no-input -d 'Never ask'
+end
+complete -c zavel -n '__zavel_in user edit' -l set -x -d 'FIELD=TEXT'
+complete -c zavel -n '__zavel_in user delete' -l all -d 'All of its entries'
+complete -c zavel -n '__zavel_in user delete' -s y -l yes -d "Don't ask"
+complete -c zavel -n '__zavel_in user import' -l replace -d 'Replace your entry of the same word'
+complete -c zavel -n '__zavel_in user import' -l skip-existing -d 'Leave out words that are there'
+complete -c zavel -n '__zavel_in user import' -s f -l force -d 'Also what is there already'
+complete -c zavel -n '__zavel_in user import' -l progress -x -a 'auto bar plain json none' -d 'Progress'
+complete -c zavel -n '__zavel_in user export' -l format -x -a 'tsv json jsonl' -d 'Form'

@@ -1,0 +1,186 @@
+// `zavel user edit`. Tests: tests/zavel/user/UserCommandTest.cpp
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+#include "Interrupt.h"
+#include "JsonWriter.h"
+#include "Places.h"
+#include "Utf8.h"
+#include "foundation/Storage.h"
+#include "user/UserForm.h"
+#include "user/UserJson.h"
+#include "user/UserPrompt.h"
+#include "user/UserText.h"
+#include "user/UserView.h"
+
+namespace zavel::host {
+namespace {
+
+constexpr size_t kLongestForm = 1 << 20;
+
+std::string editor() {
+  for (const char* name : {"VISUAL", "EDITOR"}) {
+    const char* value = std::getenv(name);
+    if (value && *value) return value;
+  }
+  return "editor";
+}
+
+// Runs the editor on a file and waits. False when it could not be run, or said that it failed.
+bool runEditor(const std::string& file) {
+  const std::string command = editor() + " \"$1\"";
+  const pid_t child = fork();
+  if (child == 0) {
+    execl("/bin/sh", "sh", "-c", command.c_str(), "sh", file.c_str(), static_cast<char*>(nullptr));
+    _exit(127);
+  }
+  if (child < 0) return false;
+  // Keys that mean something to the editor are not for this process.
+  struct sigaction ignore = {}, interrupt = {}, quit = {};
+  ignore.sa_handler = SIG_IGN;
+  sigaction(SIGINT, &ignore, &interrupt);
+  sigaction(SIGQUIT, &ignore, &quit);
+  int status = 0;
+  while (waitpid(child, &status, 0) < 0 && errno == EINTR) continue;
+  sigaction(SIGINT, &interrupt, nullptr);
+  sigaction(SIGQUIT, &quit, nullptr);
+  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+// A form in a file that stays until its entry is stored, so that nothing typed is lost.
+class FormFile {
+ public:
+  explicit FormFile(const UserEntry& entry) {
+    const std::string folder = findPlaces().state;
+    if (!makeFolders(folder)) return;
+    const std::string path = folder + "/edit-" + std::to_string(getpid()) + ".txt";
+    if (writeFileAtomically(path, formOf(entry))) path_ = path;
+  }
+  ~FormFile() {
+    if (!path_.empty() && !keep_) storage().remove(path_);
+  }
+  FormFile(const FormFile&) = delete;
+  FormFile& operator=(const FormFile&) = delete;
+
+  const std::string& path() const { return path_; }
+  // What was typed stays.
+  Failure keeping(Failure failure) {
+    keep_ = true;
+    failure.hint = "What you typed is in " + path_;
+    return failure;
+  }
+
+ private:
+  std::string path_;
+  bool keep_ = false;
+};
+
+Failure noForm() {
+  return {kExitEnvironment, "no_folder", "no file for the form can be written in " + findPlaces().state,
+          "See whether the disk is full, or the folder not yours."};
+}
+
+// Has the entry changed in the editor until it can be stored or the user gives up.
+Failure editForm(const UserOptions& options, FormFile* file, UserEntry* entry) {
+  const UserLanguage language = entry->language;
+  for (;;) {
+    if (!runEditor(file->path())) {
+      return file->keeping({kExitEnvironment, "editor", "the editor failed: " + editor(), ""});
+    }
+    std::string text;
+    if (!readWholeFile(file->path(), kLongestForm, &text)) {
+      return file->keeping({kExitEnvironment, "editor", "the form can't be read: " + file->path(), ""});
+    }
+    const std::string wrong = readForm(text, language, entry);
+    if (wrong.empty()) return {};
+    if (!canAsk(options)) return file->keeping({kExitUsage, "refused", wrong, ""});
+    std::fprintf(stderr, "zavel: %s\n", printable(wrong).c_str());
+    if (const std::string answer = ask("Edit again [Y/n]? "); answer == "n" || answer == "no") {
+      return file->keeping({kExitUsage, "refused", wrong, ""});
+    }
+  }
+}
+
+Failure readOld(const UserOptions& options, UserLanguage language, UserEntry* old) {
+  const auto store = makeStore();
+  std::vector<StoredEntry> found;
+  if (Failure failure = store->open(language, UserAccess::kRead)) return failure;
+  if (Failure failure = store->find(options.word, &found)) return failure;
+  if (Failure failure = store->close()) return failure;
+  if (found.empty()) {
+    return {kExitNothing, "no_entry", "you have no entry \"" + printable(options.word) + "\"",
+            "See: zavel user list"};
+  }
+  Failure failure;
+  const std::vector<StoredEntry> chosen = choose(options, found, false, &failure);
+  if (!failure) *old = chosen.front().entry;
+  return failure;
+}
+
+// Puts the changed entry in the place of the old one, which somebody else may have changed meanwhile.
+Failure storeChange(const UserEntry& old, const UserEntry& entry) {
+  watchInterrupts();
+  const auto store = makeStore();
+  std::vector<StoredEntry> found;
+  if (Failure failure = store->open(entry.language, UserAccess::kWrite)) return failure;
+  if (Failure failure = store->findStored(old.word, &found)) return failure;
+  const auto again = std::find_if(found.begin(), found.end(),
+                                  [&old](const StoredEntry& stored) { return stored.entry == old; });
+  if (again == found.end()) {
+    return {kExitNothing, "changed", "the entry was changed or deleted meanwhile", "See: zavel user find"};
+  }
+  Failure failure = store->replace(*again, entry);
+  if (Failure notStored = store->close(); notStored && !failure) failure = notStored;
+  return failure;
+}
+
+Failure applySettings(const UserOptions& options, UserEntry* entry) {
+  for (const std::string& setting : options.settings) {
+    if (const std::string wrong = setField(setting, entry); !wrong.empty()) return badEntry(wrong);
+  }
+  const std::string wrong = settleEntry(entry);
+  return wrong.empty() ? Failure{} : badEntry(wrong);
+}
+
+int show(const UserEntry& entry, bool changed, bool asJson) {
+  if (asJson) {
+    JsonWriter json;
+    json.beginObject().member("schema", 1).member("status", changed ? "changed" : "unchanged").key("entry");
+    writeEntry(json, entry);
+    json.endObject();
+    std::printf("%s\n", json.text().c_str());
+  } else if (changed) {
+    std::printf("Changed:\n%s", entryText(entry).c_str());
+  } else {
+    std::fprintf(stderr, "zavel: nothing was changed\n");
+  }
+  return changed ? kExitFound : kExitNothing;
+}
+
+}  // namespace
+
+int runUserEdit(const UserOptions& options) {
+  const UserLanguage language = options.language().value_or(guessLanguage(options.word));
+  UserEntry old;
+  if (Failure failure = readOld(options, language, &old)) return report(failure, options.json);
+  UserEntry entry = old;
+  if (!options.settings.empty()) {
+    if (Failure failure = applySettings(options, &entry)) return report(failure, options.json);
+    if (entry == old) return show(entry, false, options.json);
+    if (Failure failure = storeChange(old, entry)) return report(failure, options.json);
+    return show(entry, true, options.json);
+  }
+  FormFile file(old);
+  if (file.path().empty()) return report(noForm(), options.json);
+  if (Failure failure = editForm(options, &file, &entry)) return report(failure, options.json);
+  if (entry == old) return show(entry, false, options.json);
+  if (Failure failure = storeChange(old, entry)) return report(file.keeping(failure), options.json);
+  return show(entry, true, options.json);
+}
+
+}  // namespace zavel::host

@@ -1,0 +1,101 @@
+// `zavel user find` and `zavel user list`. Tests: tests/zavel/user/UserCommandTest.cpp
+#include <cstdio>
+#include <utility>
+
+#include "JsonWriter.h"
+#include "Utf8.h"
+#include "engine/ChangeMidasi.h"
+#include "user/UserJson.h"
+#include "user/UserText.h"
+#include "user/UserView.h"
+
+namespace zavel::host {
+namespace {
+
+using Words = std::vector<std::pair<UserLanguage, std::string>>;
+
+// What the index files a word under, as far as letters or kana go.
+std::string keyOf(UserLanguage language, const std::string& word) {
+  std::string settled = word, key;
+  const bool english = language == UserLanguage::kEnglish;
+  if (!settleText(english ? TextKind::kEnglishWord : TextKind::kReading, &settled).empty()) return {};
+  if (english) return engine::ChangeMidasiStrE(settled);
+  return engine::ChangeMidasiStrJ(storedText(settled), true, &key) == 1 ? key : std::string();
+}
+
+// Without a key the beginning stands in no word.
+bool beginsSo(UserLanguage language, const std::string& word, const std::string& filter) {
+  if (filter.empty()) return true;
+  const std::string key = keyOf(language, filter);
+  return !key.empty() && keyOf(language, word).starts_with(key);
+}
+
+Failure readWords(const UserOptions& options, Words* words) {
+  for (const UserLanguage language : languagesOf(options)) {
+    const auto store = makeStore();
+    std::vector<std::string> all;
+    if (Failure failure = store->open(language, UserAccess::kRead)) return failure;
+    if (Failure failure = store->headwords(&all)) return failure;
+    for (std::string& word : all) {
+      if (beginsSo(language, word, options.filter)) words->emplace_back(language, std::move(word));
+    }
+  }
+  return {};
+}
+
+std::string wordsJson(const Words& words) {
+  JsonWriter json;
+  json.beginObject().member("schema", 1).key("words").beginArray();
+  for (const auto& [language, word] : words) {
+    json.beginObject().member("lang", languageCode(language)).member("word", word).endObject();
+  }
+  json.endArray().member("count", static_cast<int64_t>(words.size())).endObject();
+  return json.text() + "\n";
+}
+
+std::string foundJson(const std::string& word, const std::vector<StoredEntry>& found) {
+  JsonWriter json;
+  json.beginObject().member("schema", 1).member("query", word);
+  json.member("status", found.empty() ? "not_found" : "found").key("entries").beginArray();
+  for (size_t i = 0; i < found.size(); ++i) writeEntry(json, found[i].entry, i + 1);
+  json.endArray().endObject();
+  return json.text() + "\n";
+}
+
+}  // namespace
+
+int runUserFind(const UserOptions& options) {
+  const auto store = makeStore();
+  const UserLanguage language = options.language().value_or(guessLanguage(options.word));
+  std::vector<StoredEntry> found;
+  Failure failure = store->open(language, UserAccess::kRead);
+  if (!failure) failure = store->find(options.word, &found);
+  if (failure) return report(failure, options.json);
+  if (options.json) {
+    std::fputs(foundJson(options.word, found).c_str(), stdout);
+  } else if (found.empty()) {
+    std::fprintf(stderr, "zavel: you have no %s entry \"%s\"\n", languageName(language),
+                 printable(options.word).c_str());
+  }
+  if (!options.json) {
+    for (size_t i = 0; i < found.size(); ++i) std::fputs(entryText(found[i].entry, i + 1).c_str(), stdout);
+  }
+  return found.empty() ? kExitNothing : kExitFound;
+}
+
+int runUserList(const UserOptions& options) {
+  Words words;
+  if (Failure failure = readWords(options, &words)) return report(failure, options.json);
+  if (options.json) {
+    std::fputs(wordsJson(words).c_str(), stdout);
+  } else {
+    for (const auto& [language, word] : words) std::printf("%s\n", withoutControls(word).c_str());
+    if (words.empty()) {
+      std::fprintf(stderr, options.filter.empty() ? "zavel: you have no entries yet\n"
+                                                  : "zavel: none of your words begins so\n");
+    }
+  }
+  return words.empty() ? kExitNothing : kExitFound;
+}
+
+}  // namespace zavel::host

@@ -1,0 +1,161 @@
+// Reading: what a file holds. Storing: entry by entry. Tests: tests/zavel/user/UserExchangeTest.cpp
+#include "user/UserImport.h"
+
+#include <algorithm>
+
+#include "Interrupt.h"
+#include "Utf8.h"
+#include "user/UserJson.h"
+#include "user/UserTable.h"
+#include "user/UserText.h"
+#include "user/UserView.h"
+
+namespace zavel::host {
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+bool isBlank(std::string_view line) {
+  return line.find_first_not_of(" \t\r\n") == std::string_view::npos;
+}
+
+void addItem(size_t line, UserEntry entry, std::string wrong, std::vector<ImportItem>* items) {
+  if (wrong.empty()) wrong = settleEntry(&entry);
+  items->push_back({line, std::move(entry), std::move(wrong)});
+}
+
+// Calls `take` with the number and the text of each line that is not blank.
+template <typename Take>
+void eachLine(std::string_view text, const Take& take) {
+  for (size_t number = 1; !text.empty(); ++number) {
+    const size_t end = std::min(text.find('\n'), text.size());
+    if (!isBlank(text.substr(0, end))) take(number, text.substr(0, end));
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+}
+
+Failure noTable(const std::string& why) {
+  return {kExitUsage, "not_entries", "this is no list of entries: " + why,
+          "A table begins with the line that `zavel user export` writes; JSON with { or [."};
+}
+
+Failure readTable(std::string_view text, const UserLanguage* language, std::vector<ImportItem>* items) {
+  TableReader reader;
+  std::string wrong;
+  bool header = true;
+  eachLine(text, [&](size_t number, std::string_view line) {
+    if (header) {
+      wrong = reader.readHeader(line);
+    } else if (wrong.empty()) {
+      UserEntry entry;
+      std::string bad = reader.readLine(line, language, &entry);
+      addItem(number, std::move(entry), std::move(bad), items);
+    }
+    header = false;
+  });
+  return wrong.empty() ? Failure{} : noTable(wrong);
+}
+
+Failure readJson(std::string_view text, const UserLanguage* language, std::vector<ImportItem>* items,
+                 bool* byLine) {
+  std::vector<JsonEntry> read;
+  *byLine = !isJsonDocument(text);
+  if (*byLine) {
+    eachLine(text, [&](size_t number, std::string_view line) {
+      JsonEntry one = readJsonEntry(line, language);
+      addItem(number, std::move(one.entry), std::move(one.wrong), items);
+    });
+    return {};
+  }
+  if (!readJsonDocument(text, language, &read))
+    return noTable("the JSON has neither entries nor a list of them");
+  for (size_t i = 0; i < read.size(); ++i)
+    addItem(i + 1, std::move(read[i].entry), std::move(read[i].wrong), items);
+  return {};
+}
+
+// Failures of one entry, after which the next may well be stored.
+bool isOfEntry(const Failure& failure) {
+  return failure.status == kExitUsage || failure.code == "too_many_kanji";
+}
+
+}  // namespace
+
+Failure readImport(std::string_view text, const UserLanguage* language, std::vector<ImportItem>* items,
+                   bool* byLine) {
+  *byLine = true;
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  const size_t first = text.find_first_not_of(" \t\r\n");
+  if (first == std::string_view::npos) return {};
+  const bool json = text[first] == '{' || text[first] == '[';
+  return json ? readJson(text, language, items, byLine) : readTable(text, language, items);
+}
+
+UserImport::UserImport(const UserOptions& options, std::vector<ImportItem>* items)
+    : options_(options), items_(*items), progress_("Importing", items->size(), options.progress) {}
+
+Failure UserImport::run() {
+  for (const UserLanguage language : {UserLanguage::kEnglish, UserLanguage::kJapanese}) {
+    if (interrupted()) break;
+    if (Failure failure = runLanguage(language)) return failure;
+  }
+  const auto wrong = [](const ImportItem& item) { return !item.wrong.empty(); };
+  counts_.refused = static_cast<size_t>(std::count_if(items_.begin(), items_.end(), wrong));
+  return {};
+}
+
+Failure UserImport::runLanguage(UserLanguage language) {
+  const auto mine = [language](const ImportItem& item) {
+    return item.wrong.empty() && item.entry.language == language;
+  };
+  if (std::none_of(items_.begin(), items_.end(), mine)) return {};
+  const auto store = makeStore();
+  if (Failure failure = store->open(language, UserAccess::kWrite)) return failure;
+  ImportCounts counts = counts_;
+  Failure failure;
+  for (ImportItem& item : items_) {
+    if (!mine(item)) continue;
+    if (interrupted()) break;
+    failure = this->store(*store, &item, &counts);
+    if (failure && !isOfEntry(failure)) break;
+    if (failure) item.wrong = failure.message;
+    failure = {};
+    progress_.show(++done_);
+  }
+  if (Failure notStored = store->close()) return failure ? failure : notStored;
+  counts_ = counts;
+  return failure;
+}
+
+Failure UserImport::store(UserStore& store, ImportItem* item, ImportCounts* counts) {
+  const UserEntry& entry = item->entry;
+  std::vector<StoredEntry> there;
+  if (Failure failure = store.findStored(entry.word, &there)) return failure;
+  const auto same = [&entry](const StoredEntry& stored) { return stored.entry == entry; };
+  if (!options_.force && std::any_of(there.begin(), there.end(), same)) {
+    ++counts->present;
+    return {};
+  }
+  return takeNew(store, entry, there, counts);
+}
+
+Failure UserImport::takeNew(UserStore& store, const UserEntry& entry, const std::vector<StoredEntry>& there,
+                            ImportCounts* counts) {
+  const std::string identity = entry.identity();
+  const auto alike = std::find_if(there.begin(), there.end(), [&identity](const StoredEntry& stored) {
+    return stored.entry.identity() == identity;
+  });
+  // Several entries of one word in the file belong beside each other, not in each other's place.
+  const bool older = alike != there.end() && !own_.contains(identity);
+  if (older && options_.skipExisting) {
+    ++counts->skipped;
+    return {};
+  }
+  const bool replace = older && options_.replace;
+  if (Failure failure = replace ? store.replace(*alike, entry) : store.add(entry)) return failure;
+  ++(replace ? counts->replaced : counts->added);
+  own_.insert(identity);
+  return {};
+}
+
+}  // namespace zavel::host

@@ -1,0 +1,117 @@
+// `zavel user import`. Tests: tests/zavel/user/UserExchangeTest.cpp
+#include <cstdio>
+
+#include "Interrupt.h"
+#include "JsonWriter.h"
+#include "Utf8.h"
+#include "user/UserImport.h"
+#include "user/UserView.h"
+
+namespace zavel::host {
+namespace {
+
+constexpr size_t kLongestInput = size_t{512} << 20;
+
+bool readInput(const std::string& file, std::string* text) {
+  std::FILE* in = file == "-" ? stdin : std::fopen(file.c_str(), "rb");
+  if (!in) return false;
+  char piece[65536];
+  size_t length = 0;
+  while (text->size() <= kLongestInput && (length = std::fread(piece, 1, sizeof piece, in)) > 0) {
+    text->append(piece, length);
+  }
+  const bool whole = !std::ferror(in) && text->size() <= kLongestInput;
+  if (in != stdin) std::fclose(in);
+  return whole;
+}
+
+Failure notRead(const std::string& file) {
+  return {kExitEnvironment, "input", (file == "-" ? "standard input" : "the file " + file) + " can't be read",
+          "Give a file that can be read, of at most 512 MB."};
+}
+
+std::string whereIs(const UserOptions& options, const ImportItem& item, bool byLine) {
+  const std::string name = options.file == "-" ? "standard input" : options.file;
+  return name + (byLine ? ":" : ": entry ") + std::to_string(item.line);
+}
+
+void tellRefused(const UserOptions& options, const std::vector<ImportItem>& items, bool byLine) {
+  for (const ImportItem& item : items) {
+    if (item.wrong.empty()) continue;
+    const std::string line = whereIs(options, item, byLine) + ": " + printable(item.wrong);
+    std::fprintf(stderr, "%s\n", line.c_str());
+  }
+}
+
+std::string summary(const ImportCounts& counts) {
+  std::string text = grouped(counts.added) + " entries added";
+  if (counts.replaced > 0) text += ", " + grouped(counts.replaced) + " replaced";
+  if (counts.present > 0) text += ", " + grouped(counts.present) + " there already";
+  if (counts.skipped > 0) text += ", " + grouped(counts.skipped) + " skipped";
+  if (counts.refused > 0) text += ", " + grouped(counts.refused) + " refused";
+  return text + "\n";
+}
+
+std::string summaryJson(const ImportCounts& counts, const std::vector<ImportItem>& items,
+                        const char* status) {
+  JsonWriter json;
+  const auto number = [&json](const char* key, size_t value) {
+    json.member(key, static_cast<int64_t>(value));
+  };
+  json.beginObject().member("schema", 1).member("status", status);
+  number("added", counts.added);
+  number("replaced", counts.replaced);
+  number("present", counts.present);
+  number("skipped", counts.skipped);
+  json.key("refused").beginArray();
+  for (const ImportItem& item : items) {
+    if (item.wrong.empty()) continue;
+    json.beginObject()
+        .member("line", static_cast<int64_t>(item.line))
+        .member("reason", item.wrong)
+        .endObject();
+  }
+  json.endArray().endObject();
+  return json.text() + "\n";
+}
+
+int statusOf(const ImportCounts& counts) {
+  const size_t good = counts.added + counts.replaced + counts.present + counts.skipped;
+  if (counts.refused > 0) return good > 0 ? kExitPartly : kExitUsage;
+  return counts.added + counts.replaced > 0 ? kExitFound : kExitNothing;
+}
+
+}  // namespace
+
+int runUserImport(const UserOptions& options) {
+  std::string text;
+  if (!readInput(options.file, &text)) return report(notRead(options.file), options.json);
+  std::vector<ImportItem> items;
+  bool byLine = true;
+  const std::optional<UserLanguage> language = options.language();
+  if (Failure failure = readImport(text, language ? &*language : nullptr, &items, &byLine)) {
+    return report(failure, options.json);
+  }
+  watchInterrupts();
+  Failure failure;
+  ImportCounts counts;
+  {
+    UserImport import(options, &items);  // its progress line is gone ahead of what is said below
+    failure = import.run();
+    counts = import.counts();
+  }
+  tellRefused(options, items, byLine);
+  const bool whole = !failure && !interrupted();
+  const char* status = failure ? "error" : !whole ? "interrupted" : counts.refused > 0 ? "partly" : "done";
+  if (options.json && !failure) std::fputs(summaryJson(counts, items, status).c_str(), stdout);
+  if (!options.json) std::fputs(summary(counts).c_str(), stdout);
+  if (failure) return report(failure, options.json);
+  if (interrupted()) {
+    std::fflush(stdout);
+    std::fprintf(stderr, "zavel: interrupted; what was added is stored\n");
+    return interruptedStatus();
+  }
+  return statusOf(counts);
+}
+
+}  // namespace zavel::host

@@ -1,0 +1,35 @@
+// User entries as JSON; docs/json.md has the keys.
+#ifndef ZAVEL_USER_USERJSON_H
+#define ZAVEL_USER_USERJSON_H
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "JsonWriter.h"
+#include "user/UserEntry.h"
+
+namespace zavel::host {
+
+// {"lang":"en","word":...}, with "number" ahead where it isn't 0.
+void writeEntry(JsonWriter& json, const UserEntry& entry, size_t number = 0);
+
+// One entry as read, or why it is none.
+struct JsonEntry {
+  UserEntry entry;
+  std::string wrong;  // empty: nothing
+};
+
+// Reads one entry object. `language` as for tables.
+JsonEntry readJsonEntry(std::string_view object, const UserLanguage* language);
+
+// Reads a document: a list of entries, or an object that has one as "entries". False when it is none of
+// these.
+bool readJsonDocument(std::string_view text, const UserLanguage* language, std::vector<JsonEntry>* entries);
+
+// Whether the text is one whole JSON value, so that it is a document and not one entry a line.
+bool isJsonDocument(std::string_view text);
+
+}  // namespace zavel::host
+
+#endif

@@ -1,0 +1,294 @@
+// Tests: tests/zavel/user/UserStoreTest.cpp
+#include "user/UserStore.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+#include <utility>
+
+#include "Host.h"
+#include "Places.h"
+#include "engine/EngineStatus.h"
+#include "engine/Shim.h"
+#include "foundation/ByteReader.h"
+#include "foundation/Storage.h"
+#include "user/UserRecovery.h"
+#include "user/UserText.h"
+
+namespace zavel::host {
+namespace {
+
+using engine::kOk;
+
+constexpr std::chrono::milliseconds kPatience{2000};
+constexpr size_t kLongestPrefix = 1000;  // bytes; file names come behind it
+constexpr unsigned char kSeparator = 0x1B;
+
+std::string takeBytes(Handle list) {
+  if (!list) return {};
+  std::string bytes(static_cast<const char*>(GlobalLock(list)), engine::GlobalSize(list));
+  GlobalUnlock(list);
+  GlobalFree(list);
+  return bytes;
+}
+
+// Readings out of the texts of a search: the headword line of each has reading, separator, written form.
+std::vector<std::string> readingsIn(std::string_view block) {
+  std::vector<std::string> readings;
+  while (block.size() > 4) {
+    const uint32_t length = readLE32(reinterpret_cast<const uint8_t*>(block.data()));
+    const std::string_view text = block.substr(4, length);
+    const std::string_view line = text.substr(0, text.find('\n'));
+    const size_t end = line.find(static_cast<char>(kSeparator));
+    if (line.size() > 2)
+      readings.push_back(
+          textOfStored(std::string(line.substr(2, end == std::string_view::npos ? end : end - 2))));
+    block.remove_prefix(std::min<size_t>(block.size(), size_t{4} + length));
+  }
+  std::sort(readings.begin(), readings.end());
+  readings.erase(std::unique(readings.begin(), readings.end()), readings.end());
+  return readings;
+}
+
+}  // namespace
+
+UserStore::UserStore(UserPlace place, std::string dictionary)
+    : place_(std::move(place)), basic_(std::move(dictionary)) {}
+
+UserStore::~UserStore() {
+  close();
+}
+
+Failure UserStore::open(UserLanguage language, UserAccess access) {
+  language_ = language;
+  access_ = access;
+  if (place_.folder().empty()) return noHome();
+  if (place_.prefix().size() > kLongestPrefix) {
+    return {kExitEnvironment, "long_path",
+            "the folder of your entries has too long a path: " + place_.folder(),
+            "Keep it in a folder with a shorter path: set ZAVEL_ROOT."};
+  }
+  if (access == UserAccess::kRead && !place_.exists(language)) return unreadable();
+  if (access == UserAccess::kWrite && !makeFolders(place_.folder())) {
+    return {kExitEnvironment, "no_folder", "the folder " + place_.folder() + " can't be made",
+            "See whether the disk is full, or the folder above it not yours."};
+  }
+  if (Failure failure = lock(access)) return failure;
+  const bool needed = UserRecovery(place_, language_).needed();
+  if (needed && access == UserAccess::kRead) {
+    // Nobody writes now; to put right what a writer left, this process must be alone for a while.
+    if (Failure failure = lock(UserAccess::kWrite)) return failure;
+    if (Failure failure = recover()) return failure;
+    if (!place_.exists(language)) return {};
+    if (Failure failure = lock(UserAccess::kRead)) return failure;
+  } else if (needed) {
+    if (Failure failure = recover()) return failure;
+  }
+  if (Failure failure = UserRecovery(place_, language_).damage()) return failure;
+  return beginSession();
+}
+
+// None where there really is nothing.
+Failure UserStore::unreadable() const {
+  if (::access(place_.folder().c_str(), R_OK | X_OK) == 0 || errno == ENOENT) return {};
+  return {kExitEnvironment, "unreadable",
+          "the folder " + place_.folder() + " can't be read: " + std::strerror(errno),
+          "See who may read it: ls -ld " + place_.folder()};
+}
+
+Failure UserStore::lock(UserAccess access) {
+  const bool alone = access == UserAccess::kWrite;
+  lock_.reset();
+  lock_ =
+      std::make_unique<LockFile>(place_.lockFile(), kPatience, alone ? LockMode::kAlone : LockMode::kShared);
+  if (lock_->held()) return {};
+  if (lock_->holder().empty()) {
+    return {kExitEnvironment, "not_stored", "the lock file " + place_.lockFile() + " can't be written",
+            "See whether the disk is full, or the folder not yours."};
+  }
+  return {kExitEnvironment, "locked", "your entries are in use: " + lock_->holder(),
+          "Wait for it to end, then try again."};
+}
+
+Failure UserStore::recover() {
+  std::vector<std::string> told;
+  Failure failure = UserRecovery(place_, language_).run(&told);
+  for (const std::string& line : told) warn(line);
+  return failure;
+}
+
+Failure UserStore::beginSession() {
+  if (access_ == UserAccess::kWrite) {
+    const auto marker = storage().open(place_.marker(language_), OpenMode::kCreate);
+    if (!marker || !marker->close() || !storage().syncFolder(place_.folder())) {
+      return failureOf(engine::kFileError, "opening");
+    }
+  }
+  const std::string user = place_.prefix();
+  uint16_t status = engine::kNoKihonFile;
+  for (const bool empty : {false, true}) {
+    const std::string path = basic_.path(empty);
+    if (path.empty()) break;
+    status = InitAPI(path.c_str(), english() ? user.c_str() : nullptr, english() ? nullptr : user.c_str());
+    // Only what the basic dictionary may be to blame for is tried again without it.
+    if (status != engine::kNoKihonFile && status != engine::kNoIndexMemory) break;
+  }
+  session_ = status == kOk;
+  return session_ ? Failure{} : failureOf(status, "opening");
+}
+
+Failure UserStore::failureOf(uint16_t status, const std::string& what) const {
+  const std::string entries = std::string("your ") + languageName(language_) + " entries";
+  const std::string number = " (status " + std::to_string(status) + ")";
+  switch (status) {
+    case kOk:
+      return {};
+    case engine::kNoMemory:
+    case engine::kNoWorkBuffer:
+      return {kExitEnvironment, "no_memory", "there is not memory enough for " + what,
+              "End other programs, then try again."};
+    case engine::kBadArgument:
+      return {kExitUsage, "refused", what + " was refused" + number,
+              "Search the entry again: it may have been changed meanwhile."};
+    case engine::kFileError:
+      return {kExitEnvironment, "not_stored",
+              what + " failed: files in " + place_.folder() + " can't be written",
+              "See whether the disk is full, or the folder not yours."};
+    case engine::kNoUserE:
+    case engine::kNoUserJ:
+      return {kExitEnvironment, "not_stored",
+              what + " failed: " + entries + " in " + place_.folder() + " can't be opened" + number,
+              "See who may read and write them: ls -l " + place_.folder()};
+    case engine::kTooManyKjiIndexes:
+    case engine::kNoIndexMemory:
+      return {kExitEnvironment, "too_many_kanji",
+              "there is no room for further beginnings of words in kanji" + number,
+              "Delete entries that you don't need, or add words in kana without --kanji."};
+    case engine::kBlockTooLong:
+      return {kExitUsage, "too_many_alike",
+              "too many of your words begin alike: there is no room for one more",
+              "Delete some that begin so; arranging makes no room among them."};
+    case engine::kEntryTooLong:
+      return {kExitUsage, "too_long",
+              "the entry is too long: all its texts together have 65,534 bytes at most",
+              "Leave examples out, or make two entries of it."};
+    case engine::kNoKihonFile:
+      return {kExitEnvironment, "no_folder", "no folder for temporary files can be used",
+              "Set TMPDIR to a folder of yours."};
+    default:
+      return {
+          kExitDamaged, "damaged_user_dictionary",
+          what + " failed: " + entries + " in " + place_.folder() + " are damaged" + number +
+              "; nothing there was overwritten",
+          "Put a copy of that folder in its place, or move it away and import an export of yours: zavel user "
+          "import FILE"};
+  }
+}
+
+// To a search a file that ends too soon and one that can't be read are the same.
+Failure UserStore::searchFailure(uint16_t status, const std::string& what) const {
+  return failureOf(status == engine::kFileError ? engine::kInternal : status, what);
+}
+
+Failure UserStore::find(const std::string& word, std::vector<StoredEntry>* found) {
+  found->clear();
+  std::string settled = word;
+  if (settleText(english() ? TextKind::kEnglishWord : TextKind::kReading, &settled).empty()) {
+    return findStored(settled, found);
+  }
+  settled = word;
+  if (english() || !settleText(TextKind::kWritten, &settled).empty()) return {};
+  return findByKanji(settled, found);
+}
+
+Failure UserStore::findStored(const std::string& word, std::vector<StoredEntry>* found) {
+  if (!session_) return {};
+  uint16_t count = 0;
+  Handle list = nullptr;
+  const std::string sjis = storedText(word);
+  const uint16_t status = english() ? SerchUserDicE(sjis.c_str(), nullptr, &count, &list)
+                                    : SerchUserDicJ(sjis.c_str(), nullptr, &count, &list);
+  const std::string bytes = takeBytes(list);
+  if (status != kOk) return searchFailure(status, "searching \"" + word + "\"");
+  return readSerial(bytes, count, language_, found) ? Failure{} : failureOf(engine::kInternal, "searching");
+}
+
+// The engine gives entries with their places by reading alone: the readings are looked up first.
+Failure UserStore::findByKanji(const std::string& word, std::vector<StoredEntry>* found) {
+  if (!session_) return {};
+  uint32_t size = 0;
+  Handle list = nullptr;
+  std::string sjis = storedText(word);
+  const uint16_t status = SerchImiJ(sjis.data(), nullptr, 0, &size, &list, 2);
+  const std::string bytes = takeBytes(list);
+  if (status != kOk) return searchFailure(status, "searching \"" + word + "\"");
+  for (const std::string& reading : readingsIn(bytes)) {
+    std::vector<StoredEntry> all;
+    if (Failure failure = findStored(reading, &all)) return failure;
+    for (StoredEntry& stored : all) {
+      if (stored.entry.kanji == word) found->push_back(std::move(stored));
+    }
+  }
+  return {};
+}
+
+Failure UserStore::headwords(std::vector<std::string>* words) {
+  words->clear();
+  if (!session_) return {};
+  uint16_t count = 0;
+  uint32_t size = 0;
+  Handle list = nullptr;
+  const uint16_t status =
+      english() ? GetListUserDicE(&count, &list, &size) : GetListUserDicJ(&count, &list, &size);
+  const std::string bytes = takeBytes(list);
+  if (status != kOk) return searchFailure(status, "listing");
+  for (size_t at = 0; at < bytes.size(); at = bytes.find('\0', at) + 1) {
+    words->push_back(textOfStored(bytes.c_str() + at));
+  }
+  return {};
+}
+
+Failure UserStore::add(const UserEntry& entry) {
+  return failureOf(EntryRecord(entry).add(nullptr), "adding \"" + entry.title() + "\"");
+}
+
+Failure UserStore::replace(const StoredEntry& old, const UserEntry& entry) {
+  // Under another key, or with a written form that the other lacks, it is another entry to the engine. Both
+  // steps are on the disk together.
+  const uint16_t status = EntryRecord(entry).add(&old);
+  if (status != engine::kBadArgument) return failureOf(status, "changing \"" + entry.title() + "\"");
+  if (Failure failure = add(entry)) return failure;
+  std::vector<StoredEntry> found;
+  if (Failure failure = findStored(old.entry.word, &found)) return failure;
+  const auto again = std::find_if(found.begin(), found.end(),
+                                  [&old](const StoredEntry& stored) { return stored.entry == old.entry; });
+  return again == found.end() ? failureOf(engine::kInternal, "changing") : remove(*again);
+}
+
+Failure UserStore::remove(const StoredEntry& old) {
+  const uint16_t status = english() ? DelUserDicE(&old.place) : DelUserDicJ(&old.place, &old.kanji);
+  return failureOf(status, "deleting \"" + old.entry.title() + "\"");
+}
+
+Failure UserStore::arrange() {
+  return failureOf(english() ? ArrangeUserDicE() : ArrangeUserDicJ(), "arranging");
+}
+
+Failure UserStore::close() {
+  if (!session_) {
+    lock_.reset();
+    return {};
+  }
+  session_ = false;
+  Failure failure = failureOf(EndAPI(), "storing");
+  // A marker that stays makes the next start look for what is left over: right after a failure, harmless
+  // else.
+  if (!failure && access_ == UserAccess::kWrite) storage().remove(place_.marker(language_));
+  lock_.reset();
+  return failure;
+}
+
+}  // namespace zavel::host

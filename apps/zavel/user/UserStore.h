@@ -1,0 +1,82 @@
+// One of the user dictionaries, open: the lock, what is left to put right, the engine's session, and the
+// engine's answers as plain sentences. One at a time in a process, and not while look-ups have the engine.
+#ifndef ZAVEL_USER_USERSTORE_H
+#define ZAVEL_USER_USERSTORE_H
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Failure.h"
+#include "LockFile.h"
+#include "user/BasicSet.h"
+#include "user/UserPlace.h"
+#include "user/UserRecords.h"
+
+namespace zavel::host {
+
+enum class UserAccess {
+  kRead,   // beside other readers; an absent dictionary is not made
+  kWrite,  // alone; an absent one is made
+};
+
+class UserStore {
+ public:
+  // `dictionary`: the folder of the basic dictionary.
+  UserStore(UserPlace place, std::string dictionary);
+  // Closes; what a failed close would tell is lost, so call close() where something was changed.
+  ~UserStore();
+  UserStore(const UserStore&) = delete;
+  UserStore& operator=(const UserStore&) = delete;
+
+  // Waits a moment for others to let go. What an earlier process left in the middle is put right first, and
+  // told on standard error.
+  Failure open(UserLanguage language, UserAccess access);
+
+  // False after open() for reading where there is no dictionary: searches then find nothing.
+  bool hasEntries() const { return session_; }
+
+  // Searches. `word` as it was typed: it is folded into the dictionary's characters, and one that no entry
+  // can have finds nothing. English: entries filed under the same letters. Japanese: by reading, or by
+  // written form.
+  Failure find(const std::string& word, std::vector<StoredEntry>* found);
+
+  // Entries of exactly this word, as stored.
+  Failure findStored(const std::string& word, std::vector<StoredEntry>* found);
+
+  // Headwords, Japanese ones by reading, each once.
+  Failure headwords(std::vector<std::string>* words);
+
+  // Changes, of settled entries. After a change all that was found before has to be found anew.
+  Failure add(const UserEntry& entry);
+  Failure replace(const StoredEntry& old, const UserEntry& entry);
+  Failure remove(const StoredEntry& old);
+  Failure arrange();
+
+  // Ends the session. Nothing counts as stored before this gave no failure: all is on the disk then.
+  Failure close();
+
+  const UserPlace& place() const { return place_; }
+
+ private:
+  Failure lock(UserAccess access);
+  Failure unreadable() const;
+  Failure recover();
+  Failure beginSession();
+  Failure failureOf(uint16_t status, const std::string& what) const;
+  Failure searchFailure(uint16_t status, const std::string& what) const;
+  Failure findByKanji(const std::string& word, std::vector<StoredEntry>* found);
+  bool english() const { return language_ == UserLanguage::kEnglish; }
+
+  UserPlace place_;
+  BasicSet basic_;
+  UserLanguage language_ = UserLanguage::kEnglish;
+  UserAccess access_ = UserAccess::kRead;
+  std::unique_ptr<LockFile> lock_;
+  bool session_ = false;
+};
+
+}  // namespace zavel::host
+
+#endif

@@ -1,0 +1,32 @@
+// User entries for the eye, and what the commands share.
+#ifndef ZAVEL_USER_USERVIEW_H
+#define ZAVEL_USER_USERVIEW_H
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Failure.h"
+#include "user/UserOptions.h"
+#include "user/UserStore.h"
+
+namespace zavel::host {
+
+// "bank  [noun]  銀行" and a line for each example, indented. With a number ahead where it isn't 0.
+std::string entryText(const UserEntry& entry, size_t number = 0);
+
+// The languages that a command is for: the one that is told, or both.
+std::vector<UserLanguage> languagesOf(const UserOptions& options);
+
+// A store in the user's own place.
+std::unique_ptr<UserStore> makeStore();
+
+// The failure of a text that can't be stored.
+Failure badEntry(const std::string& why);
+
+// 12,345
+std::string grouped(uintmax_t number);
+
+}  // namespace zavel::host
+
+#endif

@@ -1,0 +1,305 @@
+// `zavel user` as its users meet it.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "zavel/RootTest.h"
+
+namespace zavel::host {
+namespace {
+
+using Json = nlohmann::ordered_json;
+using test::Outcome;
+
+class UserCommandTest : public test::RootTest {
+ protected:
+  test::Command user(std::vector<std::string> arguments) const {
+    arguments.insert(arguments.begin(), "user");
+    return inRoot(std::move(arguments));
+  }
+  Outcome run(std::vector<std::string> arguments) const { return user(std::move(arguments)).run(); }
+  std::string users() const { return root() + "/user"; }
+  std::string out(std::vector<std::string> arguments) const { return run(std::move(arguments)).out; }
+};
+
+TEST_F(UserCommandTest, AnEntryIsAddedAndFound) {
+  const Outcome added = run({"add", "bank", "ﾊﾞﾝｸ", "--example", "a bank account=銀行口座"});
+  EXPECT_EQ(added.status, 0);
+  EXPECT_EQ(added.err, "");
+  EXPECT_EQ(added.out, "Added to your English entries in " + users() +
+                           ":\nbank  [noun]  バンク\n    a bank account  銀行口座\n");
+  EXPECT_EQ(out({"find", "Bank"}), "1  bank  [noun]  バンク\n       a bank account  銀行口座\n");
+}
+
+TEST_F(UserCommandTest, JapaneseEntriesComeBothWays) {
+  EXPECT_EQ(
+      out({"add", "犬", "dog", "--reading", "いぬ", "--sentence", "I have a dog.=犬を飼う。"}),
+      "Added to your Japanese entries in " + users() + ":\n犬 (いぬ)  dog\n    犬を飼う。  I have a dog.\n");
+  EXPECT_EQ(out({"add", "ねこ", "cat", "--kanji", "猫"}),
+            "Added to your Japanese entries in " + users() + ":\n猫 (ねこ)  cat\n");
+  EXPECT_EQ(out({"find", "猫"}), "1  猫 (ねこ)  cat\n");
+  EXPECT_EQ(out({"find", "いぬ"}), "1  犬 (いぬ)  dog\n       犬を飼う。  I have a dog.\n");
+  EXPECT_EQ(out({"list"}), "いぬ\nねこ\n");
+}
+
+TEST_F(UserCommandTest, PhrasesAndPartsOfSpeech) {
+  run({"add", "bank", "当てにする", "--phrase", "bank on"});
+  run({"add", "bank", "預ける", "--pos", "他動"});
+  EXPECT_EQ(out({"find", "bank"}), "1  bank: bank on  当てにする\n2  bank  [transitive]  預ける\n");
+}
+
+TEST_F(UserCommandTest, WhatCantBeHeldIsRefusedBeforeAnythingIsWritten) {
+  const std::pair<std::vector<std::string>, const char*> cases[] = {
+      {{"add", "café", "x"},
+       "word: \"é\" (U+00E9) can't stand here: an English word has letters, blanks and & ' , - . / _"},
+      {{"add", "a", "😀"}, "meaning: \"😀\" (U+1F600) can't stand here: the dictionary has no place for it"},
+      {{"add", "犬", "dog"}, "a word in kanji needs its reading: --reading KANA"},
+      {{"add", "犬", "dog", "--reading", "いぬ", "--kanji", "戌"},
+       "give --kanji with a reading, or --reading with a word in kanji, not both"},
+      {{"add", "a", "x", "--pos", "nown"},
+       "--pos \"nown\": it is one of noun, pronoun, adjective, adverb, verb, transitive, intransitive, "
+       "preposition, "
+       "conjunction"},
+      {{"add", "a", "x", "--example", "b"}, "--example \"b\": it is ENGLISH=JAPANESE"},
+      {{"add", "a", "x", "--pos", "noun", "--phrase", "a b"}, "pos: a phrase has no part of speech"},
+      {{"add", "a", "x", "--lang", "en", "--reading", "い"}, "an English word has no reading"},
+      {{"add", "", "x"}, "word: it is empty"}};
+  for (const auto& [arguments, message] : cases) {
+    const Outcome outcome = run(arguments);
+    EXPECT_EQ(outcome.status, 2) << message;
+    EXPECT_EQ(outcome.err,
+              std::string("zavel: ") + message + "\nNothing was stored. Change the text, then try again.\n");
+  }
+  EXPECT_FALSE(std::filesystem::exists(users()));
+}
+
+TEST_F(UserCommandTest, TheSameEntryIsAddedOnceUnlessForced) {
+  run({"add", "bank", "銀行"});
+  const Outcome again = run({"add", "bank", "銀行"});
+  EXPECT_EQ(again.status, 1);
+  EXPECT_EQ(again.err, "zavel: this entry is there already; --force adds it once more\n");
+  EXPECT_EQ(Json::parse(out({"add", "bank", "銀行", "--json"}))["status"], "present");
+  EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  銀行\n");
+  EXPECT_EQ(run({"add", "bank", "銀行", "--force"}).status, 0);
+  EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  銀行\n2  bank  [noun]  銀行\n");
+}
+
+TEST_F(UserCommandTest, SearchesMakeNothing) {
+  const Outcome find = run({"find", "bank"});
+  EXPECT_EQ(find.status, 1);
+  EXPECT_EQ(find.err, "zavel: you have no English entry \"bank\"\n");
+  EXPECT_EQ(Json::parse(out({"find", "犬", "--json"})),
+            Json::parse(R"({"schema":1,"query":"犬","status":"not_found","entries":[]})"));
+  const Outcome list = run({"list"});
+  EXPECT_EQ(list.status, 1);
+  EXPECT_EQ(list.err, "zavel: you have no entries yet\n");
+  EXPECT_EQ(run({"arrange"}).err, "zavel: you have no entries yet\n");
+  EXPECT_EQ(run({"delete", "bank"}).status, 1);
+  EXPECT_EQ(run({"edit", "bank"}).status, 1);
+  EXPECT_EQ(out({"export"}), "lang\tword\tkanji\tpos\tphrase\tmeaning\texamples\tsentences\n");
+  EXPECT_FALSE(std::filesystem::exists(users()));
+}
+
+TEST_F(UserCommandTest, ListsAreInOrderAndByBeginning) {
+  for (const char* word : {"zebra", "Ant", "ant-eater", "bee"}) run({"add", word, "虫"});
+  for (const char* word : {"いぬ", "イヌワシ", "ねこ"}) run({"add", word, "x"});
+  EXPECT_EQ(out({"list"}), "Ant\nant-eater\nbee\nzebra\nいぬ\nイヌワシ\nねこ\n");
+  EXPECT_EQ(out({"list", "AN"}), "Ant\nant-eater\n");
+  EXPECT_EQ(out({"list", "いぬ"}), "いぬ\nイヌワシ\n");
+  EXPECT_EQ(out({"list", "--lang", "ja"}), "いぬ\nイヌワシ\nねこ\n");
+  EXPECT_EQ(run({"list", "x"}).err, "zavel: none of your words begins so\n");
+  EXPECT_EQ(Json::parse(out({"list", "z", "--json"})),
+            Json::parse(R"({"schema":1,"words":[{"lang":"en","word":"zebra"}],"count":1})"));
+}
+
+TEST_F(UserCommandTest, DeletingOneOfSeveralNeedsItsNumber) {
+  for (const char* meaning : {"一", "二", "三"}) run({"add", "bank", meaning});
+  const Outcome several = run({"delete", "bank"});
+  EXPECT_EQ(several.status, 2);
+  EXPECT_EQ(several.err, "zavel: there are 3 entries of this word\nSay which: --number N, or --all.\n");
+  EXPECT_EQ(run({"delete", "bank", "--number", "4"}).err,
+            "zavel: there are 3 entries of this word\nGive --number from 1 to 3.\n");
+  EXPECT_EQ(out({"delete", "bank", "--number", "2"}), "Deleted:\nbank  [noun]  二\n");
+  EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  一\n2  bank  [noun]  三\n");
+  EXPECT_EQ(out({"delete", "bank", "--all"}), "Deleted 2 entries:\nbank  [noun]  一\nbank  [noun]  三\n");
+  EXPECT_EQ(run({"find", "bank"}).status, 1);
+  run({"add", "犬", "dog", "--reading", "いぬ"});
+  EXPECT_EQ(out({"delete", "犬"}), "Deleted:\n犬 (いぬ)  dog\n");
+  EXPECT_EQ(run({"delete", "犬"}).err, "zavel: you have no entry \"犬\"\nSee: zavel user list\n");
+}
+
+TEST_F(UserCommandTest, FieldsAreSetWithoutAnEditor) {
+  run({"add", "bank", "銀行"});
+  EXPECT_EQ(out({"edit", "bank", "--set", "meaning=土手", "--set", "example=on the bank=土手で"}),
+            "Changed:\nbank  [noun]  土手\n    on the bank  土手で\n");
+  EXPECT_EQ(out({"edit", "bank", "--set", "word=shore"}),
+            "Changed:\nshore  [noun]  土手\n    on the bank  土手で\n");
+  EXPECT_EQ(out({"list"}), "shore\n");
+  const Outcome same = run({"edit", "shore", "--set", "word=shore"});
+  EXPECT_EQ(same.status, 1);
+  EXPECT_EQ(same.err, "zavel: nothing was changed\n");
+  EXPECT_EQ(run({"edit", "shore", "--set", "meaning="}).err,
+            "zavel: meaning: it is empty\nNothing was stored. Change the text, then try again.\n");
+}
+
+TEST_F(UserCommandTest, TheEditorGetsAFormAndItsTextIsStored) {
+  run({"add", "bank", "銀行"});
+  const std::string editor = script(file("editor"),
+                                    "grep -q '^meaning: 銀行$' \"$1\" || exit 9\n"
+                                    "sed -i 's/^meaning: .*/meaning: 土手/' \"$1\"\n");
+  EXPECT_EQ(user({"edit", "bank"}).env("EDITOR", "/bin/false").env("VISUAL", editor).run().out,
+            "Changed:\nbank  [noun]  土手\n");
+  EXPECT_EQ(user({"edit", "bank"}).env("EDITOR", "true").run().err, "zavel: nothing was changed\n");
+  EXPECT_TRUE(std::filesystem::is_empty(root() + "/state"));
+}
+
+TEST_F(UserCommandTest, WhatWasTypedWithAMistakeIsKept) {
+  run({"add", "bank", "銀行"});
+  const std::string editor = script(file("editor"), "printf 'word: bank\\nmeaning: 😀\\n' > \"$1\"\n");
+  const Outcome outcome = user({"edit", "bank"}).env("EDITOR", editor).run();
+  EXPECT_EQ(outcome.status, 2);
+  const std::string told =
+      "zavel: meaning: \"😀\" (U+1F600) can't stand here: the dictionary has no place for it\nWhat you typed "
+      "is in ";
+  ASSERT_TRUE(outcome.err.starts_with(told)) << outcome.err;
+  std::ifstream kept(outcome.err.substr(told.size(), outcome.err.size() - told.size() - 1));
+  std::string line;
+  std::getline(kept, line);
+  EXPECT_EQ(line, "word: bank");
+  EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  銀行\n");
+  EXPECT_EQ(user({"edit", "bank"}).env("EDITOR", "false").run().status, 3);
+}
+
+TEST_F(UserCommandTest, ArrangingTellsTheSizes) {
+  for (const char* word : {"zebra", "zeal", "zest"}) run({"add", word, "x"});
+  run({"delete", "zeal"});
+  const Outcome arranged = run({"arrange"});
+  EXPECT_EQ(arranged.status, 0);
+  EXPECT_EQ(arranged.out, "Your English entries: 94,091 bytes before, 94,054 bytes now\n");
+  EXPECT_EQ(
+      Json::parse(out({"arrange", "--lang", "en", "--json"})),
+      Json::parse(
+          R"({"schema":1,"status":"arranged","sets":[{"lang":"en","bytes_before":94054,"bytes":94054}]})"));
+  EXPECT_EQ(out({"list"}), "zebra\nzest\n");
+}
+
+TEST_F(UserCommandTest, ASecondWriterIsRefusedWithTheNameOfTheFirst) {
+  run({"add", "bank", "銀行"});
+  const int fd = open((users() + "/.lock").c_str(), O_RDWR);
+  ASSERT_EQ(flock(fd, LOCK_EX), 0);
+  ASSERT_EQ(pwrite(fd, "process 4711\n", 13, 0), 13);
+  const Outcome outcome = run({"add", "shore", "岸"});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.err,
+            "zavel: your entries are in use: process 4711\nWait for it to end, then try again.\n");
+  EXPECT_EQ(Json::parse(out({"list", "--json"}))["error"]["code"], "locked");
+  close(fd);
+  EXPECT_EQ(out({"list"}), "bank\n");
+}
+
+TEST_F(UserCommandTest, ReadersStandBesideEachOther) {
+  run({"add", "bank", "銀行"});
+  const int fd = open((users() + "/.lock").c_str(), O_RDWR);
+  ASSERT_EQ(flock(fd, LOCK_SH), 0);
+  EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  銀行\n");
+  EXPECT_EQ(run({"add", "shore", "岸"}).err,
+            "zavel: your entries are in use: another process\nWait for it to end, then try again.\n");
+  close(fd);
+}
+
+TEST_F(UserCommandTest, OwnWordsNeedNoDictionary) {
+  std::filesystem::remove_all(root() + "/dictionaries");
+  EXPECT_EQ(run({"add", "bank", "銀行"}).status, 0);
+  EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  銀行\n");
+}
+
+TEST_F(UserCommandTest, ADamagedDictionaryHidesNoOwnWords) {
+  std::ofstream(root() + "/dictionaries/basic/ej.idx", std::ios::trunc) << "x";
+  EXPECT_EQ(run({"add", "bank", "銀行"}).status, 0);
+  EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  銀行\n");
+}
+
+TEST_F(UserCommandTest, AFolderThatCantBeMadeIsNamed) {
+  std::ofstream(users()) << "in the way";
+  const Outcome outcome = run({"add", "bank", "銀行"});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.err,
+            "zavel: the folder " + users() +
+                " can't be made\nSee whether the disk is full, or the folder above it not yours.\n");
+}
+
+TEST_F(UserCommandTest, ADamagedSetIsToldAndLeftAlone) {
+  run({"add", "bank", "銀行"});
+  std::filesystem::remove(users() + "/myej.dic");
+  for (const std::vector<std::string>& arguments : {std::vector<std::string>{"add", "shore", "岸"},
+                                                    {"find", "bank"},
+                                                    {"list"},
+                                                    {"export"},
+                                                    {"arrange"}}) {
+    const Outcome outcome = run(arguments);
+    EXPECT_EQ(outcome.status, 5);
+    EXPECT_TRUE(
+        outcome.err.starts_with("zavel: your English entries in " + users() +
+                                " are damaged: myej.dic is missing; no backup stands there, nothing was "
+                                "changed\n"))
+        << outcome.err;
+  }
+  EXPECT_FALSE(std::filesystem::exists(users() + "/myej.dic"));
+}
+
+TEST_F(UserCommandTest, RecoveryIsToldOnceOnStandardError) {
+  run({"add", "bank", "銀行"});
+  std::filesystem::copy_file(users() + "/myej.idx", users() + "/myej.idx.bkup");
+  const Outcome outcome = run({"find", "bank"});
+  EXPECT_EQ(outcome.out, "1  bank  [noun]  銀行\n");
+  EXPECT_EQ(outcome.err,
+            "zavel: a change of your English entries had broken off: they are as they were before it\n");
+  EXPECT_EQ(run({"find", "bank"}).err, "");
+}
+
+TEST_F(UserCommandTest, JsonHasTheEntry) {
+  EXPECT_EQ(Json::parse(out({"add", "犬", "dog", "--reading", "いぬ", "--json"})),
+            Json::parse(R"({"schema":1,"status":"added","folder":")" + users() +
+                        R"(","entry":{"lang":"ja","word":"いぬ","kanji":"犬","pos":null,"phrase":null,)"
+                        R"("meaning":"dog","examples":[],"sentences":[]}})"));
+  EXPECT_EQ(
+      Json::parse(out({"find", "犬", "--json"})),
+      Json::parse(
+          R"({"schema":1,"query":"犬","status":"found","entries":[{"number":1,"lang":"ja","word":"いぬ",)"
+          R"("kanji":"犬","pos":null,"phrase":null,"meaning":"dog","examples":[],"sentences":[]}]})"));
+  EXPECT_EQ(Json::parse(out({"edit", "犬", "--set", "meaning=hound", "--json"}))["entry"]["meaning"],
+            "hound");
+  const Json deleted = Json::parse(out({"delete", "犬", "--json"}));
+  EXPECT_EQ(deleted["status"], "deleted");
+  EXPECT_EQ(deleted["entries"].size(), 1u);
+  EXPECT_EQ(Json::parse(out({"delete", "犬", "--json"}))["error"]["code"], "no_entry");
+}
+
+TEST_F(UserCommandTest, EveryCommandHasExamples) {
+  for (const char* command : {"add", "edit", "find", "list", "delete", "arrange", "import", "export"}) {
+    const Outcome help = run({command, "--help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_TRUE(help.out.starts_with(std::string("Examples:\n  zavel user ") + command)) << help.out;
+  }
+  EXPECT_EQ(run({}).status, 2);
+  EXPECT_EQ(run({"ad"}).err, "zavel: there is no command \"user ad\"\nDid you mean: zavel user add\n");
+}
+
+TEST_F(UserCommandTest, DocumentedKeysAreAllThereAre) {
+  std::ifstream in(ZAVEL_DOCS "/json.md");
+  const std::string documented{std::istreambuf_iterator<char>(in), {}};
+  for (const char* key :
+       {"lang",     "word",    "kanji",    "pos",     "phrase", "meaning", "examples",     "sentences",
+        "number",   "english", "japanese", "words",   "count",  "sets",    "bytes_before", "added",
+        "replaced", "present", "skipped",  "refused", "line",   "reason"}) {
+    EXPECT_NE(documented.find(std::string("`") + key + "`"), std::string::npos) << key;
+  }
+}
+
+}  // namespace
+}  // namespace zavel::host

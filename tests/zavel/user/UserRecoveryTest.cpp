@@ -1,0 +1,280 @@
+#include "user/UserRecovery.h"
+
+#include <functional>
+#include <map>
+
+#include "foundation/Storage.h"
+#include "support/FaultyStorage.h"
+#include "zavel/user/UserSetFixture.h"
+
+namespace zavel::host {
+namespace {
+
+class UserRecoveryTest : public UserSetTest {
+ protected:
+  void SetUp() override {
+    ASSERT_EQ(add({english("ant"), english("bee")}), "");
+    ASSERT_EQ(add({japanese("あり", "蟻"), japanese("はち", "蜂")}), "");
+    for (const std::string& name : names()) before_[name] = bytes(name);
+  }
+
+  // The files of a set as they are after a further entry.
+  std::map<std::string, std::string> after(UserLanguage language) {
+    EXPECT_EQ(add({language == kE ? english("cat") : japanese("ねこ", "猫")}), "");
+    std::map<std::string, std::string> files;
+    for (const std::string& name : names()) files[name] = bytes(name);
+    return files;
+  }
+
+  void restoreAll() const {
+    for (const std::string& name : names()) std::filesystem::remove(file(name));
+    for (const auto& [name, content] : before_) put(name, content);
+  }
+
+  Strings run(UserLanguage language) const {
+    Strings told;
+    const Failure failure = UserRecovery(place(), language).run(&told);
+    if (failure) told.push_back("! " + failure.code);
+    return told;
+  }
+
+  // Makes the state, breaks recovery off at each of its operations, and runs it again: at the end all files
+  // are as `expected` says, and no others are there.
+  void survives(UserLanguage language, const std::function<void()>& make,
+                const std::map<std::string, std::string>& expected) {
+    for (long n = 1;; ++n) {
+      make();
+      long faults = 0;
+      {
+        test::FaultyStorage disk;
+        disk.failAt(n, test::FaultyStorage::kForEver);
+        run(language);
+        faults = disk.faults();
+      }
+      const Strings second = run(language);
+      ASSERT_TRUE(second.empty() || second.back()[0] != '!') << n << second.back();
+      std::map<std::string, std::string> files;
+      for (const std::string& name : names()) files[name] = bytes(name);
+      ASSERT_EQ(files, expected) << n;
+      ASSERT_FALSE(UserRecovery(place(), language).needed()) << n;
+      if (faults == 0) break;
+    }
+  }
+
+  std::map<std::string, std::string> before_;
+};
+
+TEST_F(UserRecoveryTest, NothingIsNeededAfterAWholeEnd) {
+  EXPECT_FALSE(UserRecovery(place(), kE).needed());
+  EXPECT_FALSE(UserRecovery(place(), kJ).needed());
+  EXPECT_EQ(run(kE), Strings{});
+  EXPECT_EQ(run(kJ), Strings{});
+}
+
+TEST_F(UserRecoveryTest, BrokenArrangingGoesBackInEnglish) {
+  const auto make = [this] {
+    restoreAll();
+    for (const char* name : {"myej.idx", "myej.ix3", "myej.dic"})
+      put(std::string(name) + ".arrbkp", before_[name]);
+    put("myej.idx.bkup", "older");
+    put("myej.dic", "half");
+    std::filesystem::remove(file("myej.ix3"));
+    put("ix34711.00abcdef.3", "new");
+  };
+  make();
+  EXPECT_TRUE(UserRecovery(place(), kE).needed());
+  EXPECT_EQ(run(kE),
+            Strings{"arranging your English entries had broken off: they are as they were before it"});
+  EXPECT_EQ(words(kE), (Strings{"ant", "bee"}));
+  survives(kE, make, before_);
+}
+
+TEST_F(UserRecoveryTest, BrokenArrangingGoesBackInJapanese) {
+  const auto make = [this] {
+    restoreAll();
+    for (const char* name : {"mykna.idx", "mykji.idx", "mykna.ix3", "mykji.ix3", "myje.dic"}) {
+      put(std::string(name) + ".arrbkp", before_[name]);
+      put(name, "");
+    }
+    put("kna4711.00abcdef.3", "new");
+    put("kji4711.00abcdef.4", "new");
+  };
+  make();
+  EXPECT_EQ(run(kJ),
+            Strings{"arranging your Japanese entries had broken off: they are as they were before it"});
+  EXPECT_EQ(words(kJ), (Strings{"あり", "はち"}));
+  survives(kJ, make, before_);
+}
+
+TEST_F(UserRecoveryTest, BackupsOfArrangingWithoutTheFirstAreLeftOver) {
+  const auto make = [this] {
+    restoreAll();
+    put("myej.ix3.arrbkp", "old");
+    put("myej.dic.arrbkp", "old");
+  };
+  make();
+  EXPECT_EQ(run(kE), Strings{});
+  survives(kE, make, before_);
+}
+
+TEST_F(UserRecoveryTest, BrokenSavingGoesBackInEnglish) {
+  const auto files = after(kE);
+  auto expected = files;
+  expected["myej.idx"] = before_["myej.idx"];
+  const auto make = [&] {
+    restoreAll();
+    for (const auto& [name, content] : files) put(name, content);
+    put("myej.idx.bkup", before_["myej.idx"]);
+    std::filesystem::remove(file("myej.idx"));
+  };
+  make();
+  EXPECT_EQ(run(kE),
+            Strings{"a change of your English entries had broken off: they are as they were before it"});
+  EXPECT_EQ(words(kE), (Strings{"ant", "bee"}));
+  survives(kE, make, expected);
+}
+
+TEST_F(UserRecoveryTest, BrokenSavingGoesBackInBothJapaneseIndexes) {
+  const auto files = after(kJ);
+  auto expected = files;
+  for (const char* name : {"mykna.idx", "mykji.idx"}) expected[name] = before_[name];
+  const auto make = [&] {
+    restoreAll();
+    for (const auto& [name, content] : files) put(name, content);
+    put("mykna.idx.bkup", before_["mykna.idx"]);
+    put("mykji.idx.bkup", before_["mykji.idx"]);
+    put("mykji.idx", "half");
+  };
+  make();
+  EXPECT_EQ(run(kJ),
+            Strings{"a change of your Japanese entries had broken off: they are as they were before it"});
+  EXPECT_EQ(words(kJ), (Strings{"あり", "はち"}));
+  EXPECT_EQ(find(kJ, "猫"), std::vector<UserEntry>{});
+  survives(kJ, make, expected);
+}
+
+TEST_F(UserRecoveryTest, AKanjiBackupWithoutTheFirstGivesWayToASoundIndex) {
+  const auto files = after(kJ);
+  const auto make = [&] {
+    for (const auto& [name, content] : files) put(name, content);
+    put("mykji.idx.bkup", before_["mykji.idx"]);
+  };
+  make();
+  EXPECT_EQ(run(kJ), Strings{});
+  EXPECT_EQ(words(kJ), (Strings{"あり", "ねこ", "はち"}));
+  survives(kJ, make, files);
+}
+
+TEST_F(UserRecoveryTest, AKanjiBackupWithoutTheFirstTakesThePlaceOfAnUnsoundIndex) {
+  const auto make = [&] {
+    restoreAll();
+    put("mykji.idx.bkup", before_["mykji.idx"]);
+    put("mykji.idx", before_["mykji.idx"].substr(0, 140));
+  };
+  survives(kJ, make, before_);
+}
+
+TEST_F(UserRecoveryTest, AKanjiIndexMovedAsideComesBack) {
+  const auto make = [&] {
+    restoreAll();
+    put("mykji.idx.Bkup", before_["mykji.idx"]);
+    put("my001.idx", before_["mykji.idx"]);
+    std::filesystem::remove(file("mykji.idx"));
+  };
+  make();
+  EXPECT_EQ(run(kJ),
+            Strings{"a change of your Japanese entries had broken off: the index of kanji was put back"});
+  survives(kJ, make, before_);
+}
+
+TEST_F(UserRecoveryTest, TemporaryFilesGoAndOthersStay) {
+  auto expected = before_;
+  expected["dictionary.txt"] = expected[".new-idea"] = "mine";
+  const auto make = [&] {
+    restoreAll();
+    for (const char* name : {".copy-12.0a.1", ".new-12.0a.2", "dic12.0a.3", "ix312.0a.4"}) put(name, "x");
+    put("dictionary.txt", "mine");
+    put(".new-idea", "mine");
+  };
+  survives(kE, make, expected);
+}
+
+// A power cut may leave half an entry behind the last whole one, which would swallow it.
+TEST_F(UserRecoveryTest, WhatNothingLeadsToIsCutOff) {
+  const auto make = [&] {
+    restoreAll();
+    put(".changing-en", "");
+    put("myej.dic", before_["myej.dic"] + "\xF5\xD5half");
+    put("myej.ix3", before_["myej.ix3"] + std::string(7, '\0'));
+  };
+  make();
+  EXPECT_EQ(run(kE), Strings{"a change of your English entries had broken off: 13 bytes of it that nothing "
+                             "leads to were removed"});
+  survives(kE, make, before_);
+  restoreAll();
+  put(".changing-ja", "");
+  put("myje.dic", before_["myje.dic"] + std::string(5, '\0'));
+  put("mykji.ix3", before_["mykji.ix3"] + "xyz");
+  put("mykna.ix3", before_["mykna.ix3"] + "x");
+  EXPECT_EQ(run(kJ), Strings{"a change of your Japanese entries had broken off: 9 bytes of it that nothing "
+                             "leads to were removed"});
+  EXPECT_EQ(bytes("myje.dic"), before_["myje.dic"]);
+  EXPECT_EQ(bytes("mykji.ix3"), before_["mykji.ix3"]);
+  EXPECT_EQ(bytes("mykna.ix3"), before_["mykna.ix3"]);
+}
+
+TEST_F(UserRecoveryTest, AMarkerAloneChangesNothing) {
+  const auto make = [&] {
+    restoreAll();
+    put(".changing-en", "");
+  };
+  make();
+  EXPECT_EQ(run(kE), Strings{});
+  survives(kE, make, before_);
+}
+
+TEST_F(UserRecoveryTest, HalfMadeFilesAreMadeAnew) {
+  auto expected = before_;
+  for (const char* name : {"myej.idx", "myej.ix3", "myej.dic"}) expected.erase(name);
+  const auto make = [&] {
+    restoreAll();
+    for (const char* name : {"myej.idx", "myej.ix3"}) std::filesystem::remove(file(name));
+    put("myej.dic", std::string(128, '\0'));
+    put(".changing-en", "");
+  };
+  make();
+  EXPECT_EQ(run(kE), Strings{"making the files for your English entries had broken off: they are made anew"});
+  survives(kE, make, expected);
+  make();
+  EXPECT_EQ(add({english("dog")}), "");
+  EXPECT_EQ(words(kE), Strings{"dog"});
+}
+
+TEST_F(UserRecoveryTest, DamageIsToldWithWhereBackupsStand) {
+  std::filesystem::remove(file("myej.ix3"));
+  put("myej.dic.arrbkp", "x");
+  const auto damage = UserRecovery(place(), kE).damage();
+  EXPECT_EQ(damage.status, kExitDamaged);
+  EXPECT_EQ(damage.message,
+            "your English entries in " + place().folder() +
+                " are damaged: myej.ix3 is missing; backups there: myej.dic.arrbkp, nothing was changed");
+  restoreAll();
+  put("mykna.idx", before_["mykna.idx"].substr(0, 200));
+  EXPECT_EQ(UserRecovery(place(), kJ).damage().message,
+            "your Japanese entries in " + place().folder() +
+                " are damaged: mykna.idx is no index; no backup stands there, nothing was changed");
+  EXPECT_EQ(words(kJ), Strings{"!damaged_user_dictionary"});
+  EXPECT_EQ(add({japanese("いぬ")}), "damaged_user_dictionary");
+  EXPECT_EQ(bytes("mykna.idx"), before_["mykna.idx"].substr(0, 200));
+  EXPECT_EQ(bytes("myje.dic"), before_["myje.dic"]);
+}
+
+TEST_F(UserRecoveryTest, AReaderPutsThingsRightToo) {
+  put("myej.idx.bkup", before_["myej.idx"]);
+  put("myej.idx", "");
+  EXPECT_EQ(words(kE), (Strings{"ant", "bee"}));
+  EXPECT_EQ(bytes("myej.idx"), before_["myej.idx"]);
+}
+
+}  // namespace
+}  // namespace zavel::host

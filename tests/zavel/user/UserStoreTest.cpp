@@ -1,0 +1,154 @@
+#include "user/UserStore.h"
+
+#include <map>
+
+#include "support/FaultyStorage.h"
+#include "zavel/user/UserSetFixture.h"
+
+namespace zavel::host {
+namespace {
+
+using UserStoreTest = UserSetTest;
+
+const UserEntry kRich{.word = "bank",
+                      .pos = 6,
+                      .meaning = "銀行, バンク",
+                      .examples = {{"a bank account", "銀行口座"}, {"b = c | d\\", "表"}}};
+
+TEST_F(UserStoreTest, ReadingMakesNothing) {
+  EXPECT_EQ(words(kE), Strings{});
+  EXPECT_EQ(words(kJ), Strings{});
+  EXPECT_FALSE(std::filesystem::exists(folder_.path() + "/user"));
+}
+
+TEST_F(UserStoreTest, EnglishEntriesComeBackWhole) {
+  UserEntry phrase{
+      .word = "bank", .phrase = "bank on", .meaning = "当てにする", .examples = {{"Bank on me.", "私を"}}};
+  ASSERT_EQ(add({kRich, phrase}), "");
+  EXPECT_EQ(find(kE, "bank"), (std::vector<UserEntry>{kRich, phrase}));
+  EXPECT_EQ(find(kE, "BANK"), (std::vector<UserEntry>{kRich, phrase}));
+  EXPECT_EQ(find(kE, "ban"), std::vector<UserEntry>{});
+  EXPECT_EQ(words(kE), Strings{"bank"});
+}
+
+TEST_F(UserStoreTest, JapaneseEntriesAreFoundByReadingAndByKanji) {
+  UserEntry dog = japanese("いぬ", "犬");
+  dog.examples = {{"a dog's life", "犬の生活"}};
+  dog.sentences = {{"I have a dog.", "犬を飼う。"}, {"No.", "いや。"}};
+  ASSERT_EQ(add({dog, japanese("いぬ", "戌"), japanese("イヌ")}), "");
+  EXPECT_EQ(find(kJ, "いぬ").size(), 3u);
+  EXPECT_EQ(find(kJ, "犬"), std::vector<UserEntry>{dog});
+  EXPECT_EQ(find(kJ, "ｲﾇ").size(), 3u);
+  EXPECT_EQ(find(kJ, "猫"), std::vector<UserEntry>{});
+}
+
+TEST_F(UserStoreTest, ReplacingGoesOverToAnotherKeyAndAnotherForm) {
+  ASSERT_EQ(add({kRich, english("bank", "土手")}), "");
+  UserEntry shore = kRich;
+  shore.word = "shore";
+  UserStore open = store();
+  std::vector<StoredEntry> found;
+  ASSERT_EQ(open.open(kE, UserAccess::kWrite).code, "");
+  ASSERT_EQ(open.find("bank", &found).code, "");
+  ASSERT_EQ(open.replace(found[0], shore).code, "");
+  ASSERT_EQ(open.close().code, "");
+  EXPECT_EQ(find(kE, "bank"), std::vector<UserEntry>{english("bank", "土手")});
+  EXPECT_EQ(find(kE, "shore"), std::vector<UserEntry>{shore});
+
+  ASSERT_EQ(add({japanese("いぬ", "犬")}), "");
+  UserStore other = store();
+  ASSERT_EQ(other.open(kJ, UserAccess::kWrite).code, "");
+  ASSERT_EQ(other.find("犬", &found).code, "");
+  ASSERT_EQ(other.replace(found[0], japanese("いぬ")).code, "");
+  ASSERT_EQ(other.close().code, "");
+  EXPECT_EQ(find(kJ, "いぬ"), std::vector<UserEntry>{japanese("いぬ")});
+  EXPECT_EQ(find(kJ, "犬"), std::vector<UserEntry>{});
+}
+
+TEST_F(UserStoreTest, TooManyWordsOfOneBeginningAreRefusedAndTheRestStays) {
+  std::vector<UserEntry> entries;
+  for (char c = 'a'; c <= 'j'; ++c) entries.push_back(english("con" + std::string(7000, c)));
+  UserStore open = store();
+  ASSERT_EQ(open.open(kE, UserAccess::kWrite).code, "");
+  for (size_t i = 0; i < 9; ++i) EXPECT_EQ(open.add(entries[i]).code, "") << i;
+  const Failure failure = open.add(entries[9]);
+  EXPECT_EQ(failure.code, "too_many_alike");
+  EXPECT_EQ(failure.message, "too many of your words begin alike: there is no room for one more");
+  EXPECT_EQ(open.close().code, "");
+  EXPECT_EQ(words(kE).size(), 9u);
+}
+
+TEST_F(UserStoreTest, AnEntryThatIsTooLongIsRefused) {
+  UserEntry entry = english("a", std::string(40000, 'm'));
+  entry.examples = {{std::string(30000, 'e'), "あ"}};
+  EXPECT_EQ(add({entry}), "too_long");
+  EXPECT_EQ(words(kE), Strings{});
+}
+
+TEST_F(UserStoreTest, TheFolderIsTidyAfterASession) {
+  ASSERT_EQ(add({kRich}), "");
+  EXPECT_EQ(names(), (Strings{".lock", "myej.dic", "myej.idx", "myej.ix3"}));
+}
+
+// Whatever operation of adding fails, once or from then on: what was there is there, and what was reported as
+// stored is there, too.
+TEST_F(UserStoreTest, AFailingDiskLosesNothing) {
+  for (const auto& [language, word] : {std::pair{kE, "zebra"}, std::pair{kJ, "しまうま"}}) {
+    const UserEntry first = language == kE ? english("ant") : japanese("あり", "蟻");
+    const UserEntry second = language == kE ? english(word) : japanese(word, "縞馬");
+    ASSERT_EQ(add({first}), "");
+    std::map<std::string, std::string> files;
+    for (const std::string& name : names()) files[name] = bytes(name);
+    for (const auto repeat : {test::FaultyStorage::kOnce, test::FaultyStorage::kForEver}) {
+      long n = 1;
+      for (;; ++n) {
+        for (const std::string& name : names()) std::filesystem::remove(file(name));
+        for (const auto& [name, content] : files) put(name, content);
+        std::string code;
+        long faults = 0;
+        {
+          test::FaultyStorage disk;
+          disk.failAt(n, repeat);
+          code = add({second});
+          faults = disk.faults();
+        }
+        const Strings left = words(language);
+        ASSERT_FALSE(left.empty()) << n;
+        ASSERT_EQ(left[0], first.word) << n;
+        ASSERT_EQ(find(language, first.word), std::vector<UserEntry>{first}) << n;
+        if (code.empty() || left.size() > 1) {
+          ASSERT_EQ(find(language, word), std::vector<UserEntry>{second}) << n;
+        }
+        if (faults == 0) break;
+      }
+      EXPECT_GT(n, 20);
+    }
+  }
+}
+
+TEST_F(UserStoreTest, AFullDiskIsToldWithTheFolder) {
+  ASSERT_EQ(add({english("ant")}), "");
+  UserStore open = store();
+  ASSERT_EQ(open.open(kE, UserAccess::kWrite).code, "");
+  test::FaultyStorage disk;
+  disk.failAt(1, test::FaultyStorage::kForEver);
+  const Failure failure = open.add(english("bee"));
+  EXPECT_EQ(failure.status, kExitEnvironment);
+  EXPECT_EQ(failure.message, "adding \"bee\" failed: your English entries in " + place().folder() +
+                                 " can't be opened (status 258)");
+}
+
+TEST_F(UserStoreTest, ADamagedEntryIsToldAndNothingOverwritten) {
+  ASSERT_EQ(add({english("ant")}), "");
+  const std::string whole = bytes("myej.ix3");
+  put("myej.ix3", whole.substr(0, 130));
+  UserStore open = store();
+  std::vector<StoredEntry> found;
+  ASSERT_EQ(open.open(kE, UserAccess::kRead).code, "");
+  const Failure failure = open.find("ant", &found);
+  EXPECT_EQ(failure.status, kExitDamaged) << failure.message;
+  EXPECT_EQ(bytes("myej.ix3"), whole.substr(0, 130));
+}
+
+}  // namespace
+}  // namespace zavel::host
