@@ -5,6 +5,7 @@
 #include "engine/KjiIdx.h"
 #include "engine/RamDicFixture.h"
 #include "foundation/ByteReader.h"
+#include "support/FaultyStorage.h"
 
 namespace zavel::engine {
 namespace {
@@ -173,6 +174,37 @@ TEST_F(KjiIdxGrowthTest, WithTheJapaneseSetAloneTheThirdFindsNoRoom) {
   const auto files = disk_.files();
   EXPECT_EQ(Add(Written("猫")), 260);
   EXPECT_TRUE(disk_.files() == files);
+}
+
+// A disk that fails to make way for the new kji.idx.
+class StubbornDisk : public test::FaultyStorage {
+ public:
+  bool remove(const std::string& path) override {
+    return !path.ends_with("kji.idx") && test::FaultyStorage::remove(path);
+  }
+};
+
+// The full index stays in its place, and no copy of it that would later put it back.
+TEST_F(KjiIdxGrowthTest, AFailedMoveLeavesNoCopyThatCounts) {
+  OpenOn(FullKjiIdx(10000), true);
+  {
+    StubbornDisk disk;
+    EXPECT_EQ(Add(Written("猫")), 21);
+  }
+  EXPECT_FALSE(Exists("kji.idx.Bkup"));
+  EXPECT_EQ(GetKjiIdxWordCnt(), 10000u);
+  EXPECT_EQ(Add(Written("猫")), 1);
+  EXPECT_EQ(KjiIdxCount(), 1);
+}
+
+// A copy that was left over would take back what is saved after it.
+TEST_F(KjiIdxGrowthTest, ACopyThatIsLeftOverGoesWhenTheIndexIsSaved) {
+  SetFile("kji.idx.Bkup", "old");
+  SetFile("kji.idx.bkup", "old");
+  ASSERT_EQ(Add(Written("猫")), 1);
+  ASSERT_EQ(EndAPI(), 1);
+  EXPECT_EQ(Files().size(), 8u);
+  ASSERT_EQ(OpenBoth(), 1);
 }
 
 // Ten files can't be opened together, so that the count is forged.

@@ -12,7 +12,7 @@ namespace {
 
 using test::FaultyStorage;
 using test::RamDisk;
-using test::sjis;
+using namespace std::string_literals;
 
 using Operation = std::function<Status()>;
 
@@ -225,6 +225,44 @@ TEST_F(UserFaultTest, MovingAFullKanjiIndexAside) {
       {21, 259, 260});
   ASSERT_EQ(Add(EntryJ{.kana = "とり", .kanji = "鳥"}), 1);
   EXPECT_TRUE(Exists("001.idx"));
+}
+
+// The backup of the kana index tells of those of the kanji indexes, so that there is one whenever they are
+// saved.
+TEST_F(UserFaultTest, TheKanaIndexIsSavedWithEveryKanjiIndex) {
+  Fill();
+  FaultyStorage disk;
+  g_sUserKji.dirty = 1;
+  ASSERT_EQ(EndAPI(), 1);
+  std::vector<std::string> copies;
+  for (const std::string& operation : disk.history()) {
+    if (operation.starts_with("copy ")) copies.push_back(operation.substr(operation.rfind('/') + 1));
+  }
+  EXPECT_EQ(copies, (std::vector<std::string>{"ukna.idx.bkup", "ukji.idx.bkup"}));
+}
+
+// What an index leads to is synced ahead of the first change to the index.
+TEST_F(UserFaultTest, EntriesAndBlocksAreSyncedAheadOfTheirIndex) {
+  ASSERT_EQ(Add(EntryE{.word = "cat"}), 1);
+  ASSERT_EQ(Add(EntryJ{.kana = "ねこ", .kanji = "猫"}), 1);
+  FaultyStorage disk;
+  ASSERT_EQ(EndAPI(), 1);
+  const auto place = [&](const std::string& kind, const std::string& name) {
+    for (size_t at = 0; at < disk.history().size(); ++at) {
+      const std::string& operation = disk.history()[at];
+      if (operation.starts_with(kind) && operation.ends_with("/u" + name)) return at;
+    }
+    ADD_FAILURE() << kind << " " << name;
+    return size_t{0};
+  };
+  for (const char* name : {"ej.dic", "ej.ix3"})
+    EXPECT_LT(place("sync", name), place("copy", "ej.idx.bkup")) << name;
+  for (const char* name : {"je.dic", "kna.ix3", "kji.ix3"}) {
+    EXPECT_LT(place("sync", name), place("copy", "kna.idx.bkup")) << name;
+  }
+  for (const char* name : {"ej.idx", "kna.idx", "kji.idx"}) {
+    EXPECT_LT(place("sync", name), place("remove", name + ".bkup"s)) << name;
+  }
 }
 
 // Both sets changed; the engine is closed whatever it answers.

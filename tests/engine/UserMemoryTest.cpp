@@ -4,6 +4,8 @@
 #include <functional>
 
 #include "engine/RamDicFixture.h"
+#include "engine/SaveIdx1.h"
+#include "engine/UserFrame.h"
 #include "support/FailingMemory.h"
 
 namespace zavel::engine {
@@ -139,6 +141,54 @@ TEST_F(UserMemoryTest, EndAPI) {
                           addBoth();
                         });
   EXPECT_GE(refusals, 20);
+}
+
+// A save that was refused has its backup as long as it counts as unfinished: the next one makes none.
+TEST_F(UserMemoryTest, SavingTogether) {
+  ASSERT_EQ(Add(EntryJ{.kana = "ねこ", .kanji = "猫"}), 1);
+  Status status = 0;
+  const int refusals = refuseEachRequest([&] { status = NoMemoryAsStatus(SaveIdx1sJ); },
+                                         [&](bool refused) {
+                                           EXPECT_EQ(status, refused ? 17 : 1);
+                                           EXPECT_TRUE(!g_sUserKna.unfinished || Exists("kna.idx.bkup"));
+                                           EXPECT_TRUE(!g_sUserKji.unfinished || Exists("kji.idx.bkup"));
+                                         });
+  EXPECT_GE(refusals, 20);
+  Reopen();
+  EXPECT_EQ(FindJ("ねこ").size(), 1u);
+  EXPECT_EQ(Files().size(), 8u);
+}
+
+// A full kanji index is in its place whatever is refused while it is moved aside.
+TEST_F(UserMemoryTest, MovingAFullKanjiIndexAside) {
+  ASSERT_EQ(EndAPI(), 1);
+  std::string rows;
+  for (int row = 0; row < 10000; ++row) {
+    rows += {static_cast<char>(0x81 + row / 256), static_cast<char>(row & 0xFF)};
+    rows += Le32(0);
+  }
+  const std::string full =
+      std::string(128, '\0') + Le32(4) + Le32(140) + "\xE0\x40" + Le16(0) + Le32(60000) + rows;
+  SetFile("kji.idx", full);
+  const auto files = disk_.files();
+  ASSERT_EQ(OpenBoth(), 1);
+  ReadyJ ready("ねこ", "猫");
+  Status status = 0;
+  const int refusals = refuseEachRequest([&] { status = AddUserDicJ(&ready.entry); },
+                                         [&](bool refused) {
+                                           EXPECT_EQ(status, refused ? 17 : 1);
+                                           EXPECT_TRUE(Exists("kji.idx"));
+                                           EXPECT_FALSE(Exists("kji.idx.Bkup"));
+                                           const bool moved = File("kji.idx") != full;
+                                           EXPECT_TRUE(!moved || File("001.idx") == full);
+                                           EndAPI();
+                                           ASSERT_EQ(OpenBoth(), 1);
+                                           EXPECT_EQ(FindJ("ねこ").size(), refused ? 0u : 1u);
+                                           ASSERT_EQ(EndAPI(), 1);
+                                           disk_.setFiles(files);
+                                           ASSERT_EQ(OpenBoth(), 1);
+                                         });
+  EXPECT_GE(refusals, 30);
 }
 
 // What was refused while arranging is in the backups, and nothing is saved over it afterwards.
