@@ -102,8 +102,8 @@ typedef struct add_dic_j {
  * loaded; 261 open already, and the engine stays so. On any other but 1 the engine is closed. */
 ZAVEL_API uint16_t InitAPI(const char* kihonPath, const char* userPathE, const char* userPathJ);
 
-/* Saves changed user indexes and closes the engine. Status: 1; 17; 20 never opened, or a user set that a failed
- * arrangement left unloaded (all else is saved); 21 a failed write;
+/* Saves changed user indexes and closes the engine. Status: 1; 17; 20 never opened, or a user set that a
+ * failed arrangement left unloaded (all else is saved); 21 a failed write;
  * 35 a call is still inside, and nothing was saved; 263 closed already. The engine is closed whatever the
  * status. */
 ZAVEL_API uint16_t EndAPI(void);
@@ -187,8 +187,8 @@ ZAVEL_API uint16_t GetListUserDicE(uint16_t* count, Handle* list, uint32_t* size
 ZAVEL_API uint16_t GetListUserDicJ(uint16_t* count, Handle* list, uint32_t* size);
 
 /* Rewrites the files of a user set without what changes and deletions left behind. Search again afterwards:
- * identifications from before are refused unless all that they say still holds. Status: 1; 17; 20 a damaged set;
- * 21; 35; 258 or 259. On 17, 20 and 21 the files as they were may stand beside the set with the suffix
+ * identifications from before are refused unless all that they say still holds. Status: 1; 17; 20 a damaged
+ * set; 21; 35; 258 or 259. On 17, 20 and 21 the files as they were may stand beside the set with the suffix
  * ".arrbkp" (docs/formats.md tells when they count); the engine then answers 20 until EndAPI. */
 ZAVEL_API uint16_t ArrangeUserDicE(void);
 ZAVEL_API uint16_t ArrangeUserDicJ(void);

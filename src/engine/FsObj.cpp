@@ -66,7 +66,11 @@ bool FsObj::FillWindow(uint64_t offset, size_t atLeast) {
 bool FsObj::Append(std::string_view bytes, uint32_t* offset) {
   const int64_t end = Size();
   if (end < 0 || static_cast<uint64_t>(end) + bytes.size() > UINT32_MAX) return false;
-  if (!WriteAt(static_cast<uint64_t>(end), bytes)) return false;
+  if (!WriteAt(static_cast<uint64_t>(end), bytes)) {
+    // A part that stayed would seem to belong to what stands ahead of it.
+    file_->truncate(static_cast<uint64_t>(end));
+    return false;
+  }
   *offset = static_cast<uint32_t>(end);
   return true;
 }

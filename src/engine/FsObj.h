@@ -44,7 +44,7 @@ class FsObj {
   }
 
   // Appends at the end and reports where the bytes went. False also when the file would pass what a
-  // 32-bit offset reaches.
+  // 32-bit offset reaches; a part that was written is cut off again where that is possible.
   bool Append(std::string_view bytes, uint32_t* offset);
   bool WriteAt(uint64_t offset, std::string_view bytes);
   // True when all that was written is on the disk.

@@ -227,6 +227,24 @@ TEST_F(UserFaultTest, MovingAFullKanjiIndexAside) {
   EXPECT_TRUE(Exists("001.idx"));
 }
 
+// A full disk takes part of an entry or of a block; the part doesn't stay behind the last whole one.
+TEST_F(UserFaultTest, AHalfAppendIsCutOff) {
+  Fill();
+  const RamDisk::Files files = disk_.files();
+  for (const std::string name : {"ej.dic", "ej.ix3"}) {
+    Start(files);
+    FaultyStorage disk;
+    ASSERT_EQ(Add(EntryE{.word = "zebra"}), 1);
+    long n = 0;
+    while (disk.history()[static_cast<size_t>(n++)] != "writeAt " + UserFile(name)) {
+    }
+    Start(files);
+    disk.failAt(n);
+    EXPECT_EQ(Add(EntryE{.word = "zebra"}), 21);
+    EXPECT_TRUE(File(name) == files.at("u" + name)) << name;
+  }
+}
+
 // The backup of the kana index tells of those of the kanji indexes, so that there is one whenever they are
 // saved.
 TEST_F(UserFaultTest, TheKanaIndexIsSavedWithEveryKanjiIndex) {
