@@ -11,6 +11,7 @@ zavel_test(engine_user_test
     RamDicFixture.cpp
     SerchUserDicTest.cpp
     SikibetuTest.cpp
+    UserDamageTest.cpp
     UserDicFixture.cpp
     UserEntryTest.cpp
     UserFaultTest.cpp
