@@ -135,11 +135,13 @@ TEST_F(WordLookupTest, FailsWhenNoDictionaryCanBeSearched) {
 TEST_F(WordLookupTest, FailsWithoutADictionary) {
   places_.folder = folder_.file("empty");
   EXPECT_EQ(lookUp("cat").message,
-            "there is no dictionary for English words; put one into " + folder_.file("empty"));
+            "there is no dictionary for English words; run: zavel dict build, or put one into " +
+                folder_.file("empty"));
   const Failure failure = lookUp(kNekoSjis);
   EXPECT_EQ(failure.status, 3);
   EXPECT_EQ(failure.message,
-            "there is no dictionary for Japanese words; put one into " + folder_.file("empty"));
+            "there is no dictionary for Japanese words; run: zavel dict build, or put one into " +
+                folder_.file("empty"));
 }
 
 TEST_F(WordLookupTest, FailsWithoutSourceOrPlaceForTheResult) {

@@ -292,6 +292,15 @@ TEST_F(TranslationDataTest, WhatIsDamagedIsMadeAgain) {
   EXPECT_EQ(zavel({"dict", "build", "--if-missing"}).run().out, told);
 }
 
+TEST_F(TranslationDataTest, LookUpsTellHowWhatIsDamagedIsMadeAgain) {
+  ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
+  ASSERT_EQ(zavel({"prefs", "dict", "enable", "translation"}).run().status, 0);
+  fs::remove(made("enamdict.dict"));
+  const Outcome outcome = zavel({"look", "逆鱗機関"}).run();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "zavel-dicttool: " + made("enamdict.dict") + " is missing; run: zavel dict build\n");
+}
+
 TEST_F(TranslationDataTest, WhereAllIsThereNothingIsWritten) {
   ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
   ASSERT_TRUE(fs::remove(root() + "/dictionaries/.lock"));

@@ -63,10 +63,18 @@ WordAnswer search(const ToolOptions& options, const DictionaryPlaces& places, co
   if (list.indexes().empty()) {
     *failure = {kExitEnvironment, std::string("there is no dictionary for ") +
                                       (word.language == Direction::kEnglish ? "English" : "Japanese") +
-                                      " words; put one into " + places.folder};
+                                      " words; run: zavel dict build, or put one into " + places.folder};
     return {};
   }
   return WordAnswer::of(word.text, list.indexes());
+}
+
+// What zavel has made it can make again.
+std::string withHint(const std::string& complaint, const DictionaryPlaces& places) {
+  for (const char* made : {"/enamdict.", "/compdic."}) {
+    if (complaint.starts_with(places.folder + made)) return complaint + "; run: zavel dict build";
+  }
+  return complaint;
 }
 
 }  // namespace
@@ -95,7 +103,9 @@ Failure lookUpWord(const ToolOptions& options, const DictionaryPlaces& places, s
     answer = search(options, places, word, err, &failure);
   }
   if (failure) return failure;
-  for (const std::string& complaint : answer.complaints) err << "zavel-dicttool: " << complaint << "\n";
+  for (const std::string& complaint : answer.complaints) {
+    err << "zavel-dicttool: " << withHint(complaint, places) << "\n";
+  }
   if (!answer.complaints.empty() && answer.searched == 0) {
     return {kExitDamaged, "no dictionary can be searched"};
   }
