@@ -1,7 +1,6 @@
 #include "support/RamDisk.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace zavel::test {
 
@@ -12,12 +11,12 @@ class RamDisk::File final : public StorageFile {
   int64_t readAt(uint64_t offset, void* out, size_t length) override {
     if (offset >= content_->size()) return 0;
     const size_t count = std::min<size_t>(length, content_->size() - offset);
-    std::memcpy(out, content_->data() + offset, count);
+    std::copy_n(content_->data() + offset, count, static_cast<char*>(out));
     return static_cast<int64_t>(count);
   }
   bool writeAt(uint64_t offset, std::string_view bytes) override {
     if (content_->size() < offset + bytes.size()) content_->resize(offset + bytes.size());
-    std::memcpy(content_->data() + offset, bytes.data(), bytes.size());
+    std::copy_n(bytes.data(), bytes.size(), content_->data() + offset);
     return true;
   }
   int64_t size() override { return static_cast<int64_t>(content_->size()); }
