@@ -58,9 +58,10 @@ Failure noSuchRow(size_t row, size_t count) {
 
 }  // namespace
 
-Answerer::Answerer(const LookOptions& options, Host& host, bool batch)
+Answerer::Answerer(const LookOptions& options, Host& host, bool batch, const UserWords& own)
     : options_(options),
       host_(host),
+      own_(own),
       look_(host.manager()),
       dictionaries_(host.dictionaries()),
       batch_(batch) {
@@ -102,6 +103,8 @@ void Answerer::look(std::string_view word, LookResult* result, Failure* failure)
   const bool bilingual = std::find(kinds_.begin(), kinds_.end(), RowKind::kBilingual) != kinds_.end();
   result->query = result->origin = asked.word;
   if (!everywhere || bilingual) look_.run(asked, result, failure);
+  if (!*failure && options_.list) own_.addHeadwords(result);
+  if (!*failure && everywhere && options_.row == 0) own_.addEntries(options_.mode, result);
   const bool isWord = !word.empty() && word.find('\0') == std::string_view::npos;
   if (*failure || !everywhere || !isWord) return;
   result->kinds = kinds_;

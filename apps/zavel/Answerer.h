@@ -12,13 +12,14 @@
 #include "Look.h"
 #include "LookCommand.h"
 #include "TextView.h"
+#include "user/UserWords.h"
 
 namespace zavel::host {
 
 class Answerer {
  public:
   // `batch`: the queries come from standard input. `host` is open. Both are borrowed.
-  Answerer(const LookOptions& options, Host& host, bool batch);
+  Answerer(const LookOptions& options, Host& host, bool batch, const UserWords& own);
 
   // Writes the answer to standard output, or says on standard error why there is none. `tooLong`: `query` is
   // only the start of what was asked.
@@ -47,6 +48,7 @@ class Answerer {
 
   const LookOptions& options_;
   Host& host_;
+  const UserWords& own_;
   Look look_;
   Dictionaries* dictionaries_;  // null where the bilingual dictionary alone is open
   std::vector<RowKind> kinds_;  // of what is searched

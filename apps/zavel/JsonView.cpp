@@ -42,7 +42,9 @@ void writeEntry(JsonWriter& json, const Entry& entry, const std::string& diction
     json.key("homograph").null();
   }
   json.member("stars", entry.stars).member("match", matchName(entry.match)).strings("via", entry.via);
-  json.key("source").beginObject().member("id", "builtin").member("name", dictionary).endObject();
+  json.key("source").beginObject().member("id", entry.user ? "user" : "builtin");
+  json.member("name", entry.user ? "Your entries" : dictionary).endObject();
+  if (entry.user) json.key("user").boolean(true);
   json.key("senses").beginArray();
   for (const Sense& sense : entry.senses) writeSense(json, sense);
   json.endArray().endObject();
@@ -53,7 +55,9 @@ void writeHeadwords(JsonWriter& json, const LookResult& result, size_t limit) {
   const size_t count = shown(result.headwords.size(), limit);
   for (size_t i = 0; i < count; ++i) {
     const Headword& headword = result.headwords[i];
-    json.beginObject().member("word", headword.keyword).member("line", headword.line).endObject();
+    json.beginObject().member("word", headword.keyword).member("line", headword.line);
+    if (headword.user) json.key("user").boolean(true);
+    json.endObject();
   }
   json.endArray();
 }
@@ -93,7 +97,9 @@ void writeRows(JsonWriter& json, const LookResult& result, const Names& names, s
 
 const char* statusOf(const LookResult& result, RowKind kind) {
   if (result.failures.count(kind) > 0) return "failed";
-  const bool found = kind == RowKind::kBilingual ? !result.entries.empty() : result.hasAnswer(kind);
+  const bool entries = std::any_of(result.entries.begin(), result.entries.end(),
+                                   [](const Entry& entry) { return !entry.user; });
+  const bool found = kind == RowKind::kBilingual ? entries : result.hasAnswer(kind);
   if (found) return "found";
   return kind == RowKind::kTranslation && result.translationUnasked ? "not_asked" : "not_found";
 }

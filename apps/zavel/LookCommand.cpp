@@ -47,10 +47,19 @@ int runLook(const LookOptions& options) {
   const bool batch = options.words.empty() || std::find(options.words.begin(), options.words.end(),
                                                         kStandardInput) != options.words.end();
   watchInterrupts();
+  // Ahead of the host, which has the engine from then on.
+  UserWords own;
+  if (options.list) {
+    own.readHeadwords();
+  } else if (batch) {
+    own.readAll();
+  } else if (!options.forms && options.row == 0) {
+    own.readFor(options.words);
+  }
   Host host;
   if (const Failure failure = host.open()) return report(failure, options.json);
   if (const Failure failure = nothingOn(options, host.dictionaries())) return report(failure, options.json);
-  Answerer answerer(options, host, batch);
+  Answerer answerer(options, host, batch, own);
   const std::vector<std::string> asked =
       options.words.empty() ? std::vector<std::string>{"-"} : options.words;
   for (const std::string& word : asked) {

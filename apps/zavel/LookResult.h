@@ -63,6 +63,7 @@ struct Entry {
   std::vector<Sense> senses;
   std::string text;         // laid out, lines ended by 0x0A
   std::vector<Span> spans;  // rising, the first at 0
+  bool user = false;        // of the user's own dictionary
 };
 
 struct Form {
@@ -76,6 +77,7 @@ struct Form {
 struct Headword {
   std::string line;     // as the list shows it: word, and its gloss or written form in brackets
   std::string keyword;  // the word that looks it up
+  bool user = false;    // of the user's own dictionary
 };
 
 // Kinds of dictionaries.

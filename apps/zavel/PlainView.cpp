@@ -64,15 +64,15 @@ std::string plainEntries(const LookResult& result, size_t limit) {
   const size_t count = shown(result.entries.size(), limit);
   for (size_t i = 0; i < count; ++i) {
     const Entry& entry = result.entries[i];
+    const auto add = [&](std::string_view pos, std::string_view text, std::string_view more) {
+      out += entry.user ? record({result.query, entry.headword, entry.reading, pos, text, more, "user"})
+                        : record({result.query, entry.headword, entry.reading, pos, text, more});
+    };
     for (const Sense& sense : entry.senses) {
       if (!sense.glosses.empty() || !sense.note.empty()) {
-        out += record({result.query, entry.headword, entry.reading, joined(sense.pos, ","),
-                       joined(sense.glosses, "; "), sense.note});
+        add(joined(sense.pos, ","), joined(sense.glosses, "; "), sense.note);
       }
-      for (const Example& example : sense.examples) {
-        out +=
-            record({result.query, entry.headword, entry.reading, "example", example.source, example.target});
-      }
+      for (const Example& example : sense.examples) add("example", example.source, example.target);
     }
   }
   return out + translations(result, limit);

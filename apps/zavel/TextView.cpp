@@ -278,6 +278,10 @@ std::string answerText(const LookResult& result, const TextLook& look) {
   const bool bilingualAlone = !result.hasAnswer(RowKind::kTranslation);
   if (bilingualAlone) return entriesText(result, look);
   std::string out;
+  // The user's own, where the bilingual dictionary beside which they stand is off.
+  const bool off =
+      std::find(result.kinds.begin(), result.kinds.end(), RowKind::kBilingual) == result.kinds.end();
+  if (off && !result.entries.empty()) out = entriesText(result, look);
   for (const RowKind kind : result.kinds) {
     const std::string text = kindText(result, kind, look);
     if (text.empty()) continue;

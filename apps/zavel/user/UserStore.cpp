@@ -23,7 +23,6 @@ namespace {
 
 using engine::kOk;
 
-constexpr std::chrono::milliseconds kPatience{2000};
 constexpr size_t kLongestPrefix = 1000;  // bytes; file names come behind it
 constexpr unsigned char kSeparator = 0x1B;
 
@@ -103,7 +102,7 @@ Failure UserStore::lock(UserAccess access) {
   const bool alone = access == UserAccess::kWrite;
   lock_.reset();
   lock_ =
-      std::make_unique<LockFile>(place_.lockFile(), kPatience, alone ? LockMode::kAlone : LockMode::kShared);
+      std::make_unique<LockFile>(place_.lockFile(), patience_, alone ? LockMode::kAlone : LockMode::kShared);
   if (lock_->held()) return {};
   if (lock_->holder().empty()) {
     return {kExitEnvironment, "not_stored", "the lock file " + place_.lockFile() + " can't be written",

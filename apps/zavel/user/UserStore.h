@@ -3,6 +3,7 @@
 #ifndef ZAVEL_USER_USERSTORE_H
 #define ZAVEL_USER_USERSTORE_H
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -29,6 +30,9 @@ class UserStore {
   ~UserStore();
   UserStore(const UserStore&) = delete;
   UserStore& operator=(const UserStore&) = delete;
+
+  // How long to wait for others to let go; two seconds at first.
+  void setPatience(std::chrono::milliseconds patience) { patience_ = patience; }
 
   // Waits a moment for others to let go. What an earlier process left in the middle is put right first, and
   // told on standard error.
@@ -73,6 +77,7 @@ class UserStore {
   BasicSet basic_;
   UserLanguage language_ = UserLanguage::kEnglish;
   UserAccess access_ = UserAccess::kRead;
+  std::chrono::milliseconds patience_{2000};
   std::unique_ptr<LockFile> lock_;
   bool session_ = false;
 };
