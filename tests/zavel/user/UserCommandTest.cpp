@@ -301,5 +301,32 @@ TEST_F(UserCommandTest, DocumentedKeysAreAllThereAre) {
   }
 }
 
+TEST_F(UserCommandTest, EveryFailureCodeIsDocumented) {
+  std::ifstream in(ZAVEL_DOCS "/json.md");
+  const std::string documented{std::istreambuf_iterator<char>(in), {}};
+  for (const char* code : {"damaged_user_dictionary",
+                           "editor",
+                           "input",
+                           "locked",
+                           "long_path",
+                           "no_folder",
+                           "no_memory",
+                           "not_stored",
+                           "not_written",
+                           "too_many_kanji",
+                           "unreadable",
+                           "changed",
+                           "no_entry",
+                           "none_chosen",
+                           "no_such_number",
+                           "not_entries",
+                           "refused",
+                           "several_entries",
+                           "too_long",
+                           "too_many_alike"}) {
+    EXPECT_NE(documented.find(std::string("`") + code + "`"), std::string::npos) << code;
+  }
+}
+
 }  // namespace
 }  // namespace zavel::host

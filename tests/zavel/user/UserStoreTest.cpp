@@ -99,7 +99,7 @@ TEST_F(UserStoreTest, AFailingDiskLosesNothing) {
     ASSERT_EQ(add({first}), "");
     std::map<std::string, std::string> files;
     for (const std::string& name : names()) files[name] = bytes(name);
-    for (const auto repeat : {test::FaultyStorage::kOnce, test::FaultyStorage::kForEver}) {
+    for (const auto repeat : {test::FaultyStorage::kForEver, test::FaultyStorage::kOnce}) {
       long n = 1;
       for (;; ++n) {
         for (const std::string& name : names()) std::filesystem::remove(file(name));
