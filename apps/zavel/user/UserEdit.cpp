@@ -14,6 +14,7 @@
 #include "foundation/Storage.h"
 #include "user/UserForm.h"
 #include "user/UserJson.h"
+#include "user/UserPlace.h"
 #include "user/UserPrompt.h"
 #include "user/UserText.h"
 #include "user/UserView.h"
@@ -82,7 +83,7 @@ class FormFile {
 
 Failure noForm() {
   return {kExitEnvironment, "no_folder", "no file for the form can be written in " + findPlaces().state,
-          "See whether the disk is full, or the folder not yours."};
+          kWriteHint};
 }
 
 // Has the entry changed in the editor until it can be stored or the user gives up.

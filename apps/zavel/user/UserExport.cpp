@@ -5,6 +5,7 @@
 #include "JsonWriter.h"
 #include "foundation/Storage.h"
 #include "user/UserJson.h"
+#include "user/UserPlace.h"
 #include "user/UserTable.h"
 #include "user/UserView.h"
 
@@ -63,9 +64,9 @@ int runUserExport(const UserOptions& options) {
     return kExitFound;
   }
   if (!writeFileAtomically(options.file, text)) {
-    return report({kExitEnvironment, "not_written", "the file " + options.file + " can't be written",
-                   "See whether the disk is full, or the folder not yours."},
-                  options.json);
+    return report(
+        {kExitEnvironment, "not_written", "the file " + options.file + " can't be written", kWriteHint},
+        options.json);
   }
   std::printf("%s entries written to %s\n", grouped(entries.size()).c_str(), options.file.c_str());
   return kExitFound;

@@ -31,6 +31,9 @@ class UserPlace {
   std::string folder_;
 };
 
+// What to do where a file can't be written.
+inline constexpr char kWriteHint[] = "Make room on the disk, or make the folder writable, and try again.";
+
 // Names behind the prefix: the index that decides over the set first, then the others that every set has.
 const std::vector<std::string>& userFiles(UserLanguage language);
 // The further kanji indexes, of which there are as many as the header of "kji.idx" says.

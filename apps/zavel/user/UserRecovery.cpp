@@ -241,7 +241,7 @@ Failure UserRecovery::notWritten() const {
   return {kExitEnvironment, "not_stored",
           "a change of " + entries(language_) + " had broken off, and can't be put right: files in " +
               place_.folder() + " can't be written",
-          "See whether the disk is full, or the folder not yours."};
+          kWriteHint};
 }
 
 Failure UserRecovery::damage() const {

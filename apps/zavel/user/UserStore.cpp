@@ -106,7 +106,7 @@ Failure UserStore::lock(UserAccess access) {
   if (lock_->held()) return {};
   if (lock_->holder().empty()) {
     return {kExitEnvironment, "not_stored", "the lock file " + place_.lockFile() + " can't be written",
-            "See whether the disk is full, or the folder not yours."};
+            kWriteHint};
   }
   return {kExitEnvironment, "locked", "your entries are in use: " + lock_->holder(),
           "Wait for it to end, then try again."};
@@ -154,8 +154,7 @@ Failure UserStore::failureOf(uint16_t status, const std::string& what) const {
               "Search the entry again: it may have been changed meanwhile."};
     case engine::kFileError:
       return {kExitEnvironment, "not_stored",
-              what + " failed: files in " + place_.folder() + " can't be written",
-              "See whether the disk is full, or the folder not yours."};
+              what + " failed: files in " + place_.folder() + " can't be written", kWriteHint};
     case engine::kNoUserE:
     case engine::kNoUserJ:
       return {kExitEnvironment, "not_stored",

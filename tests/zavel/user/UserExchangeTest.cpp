@@ -66,7 +66,7 @@ TEST_F(UserExchangeTest, ExportsHaveAnEntryALine) {
   const Outcome lost = user({"export", file("no/x.tsv")}).run();
   EXPECT_EQ(lost.status, 3);
   EXPECT_EQ(lost.err, "zavel: the file " + file("no/x.tsv") +
-                          " can't be written\nSee whether the disk is full, or the folder not yours.\n");
+                          " can't be written\nMake room on the disk, or make the folder writable, and try again.\n");
 }
 
 TEST_F(UserExchangeTest, RefusedLinesAreToldAndTheRestGoesIn) {

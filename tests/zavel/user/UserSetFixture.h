@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "support/CrashStorage.h"
 #include "support/TempFolder.h"
 #include "user/UserStore.h"
 
@@ -74,6 +75,9 @@ class UserSetTest : public testing::Test {
   }
 
   test::TempFolder folder_;
+
+ private:
+  test::CrashStorage disk_{0, 0};  // for speed: it puts nothing on the real one
 };
 
 using Strings = std::vector<std::string>;
