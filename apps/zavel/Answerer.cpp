@@ -56,6 +56,12 @@ Failure noSuchRow(size_t row, size_t count) {
           count == 0 ? "Leave out --row to see near headwords." : "Choose a row from 1 to " + number + "."};
 }
 
+// Whether some dictionary could not be searched at all.
+bool hasFailedWhole(const LookResult& result) {
+  return std::any_of(result.failures.begin(), result.failures.end(),
+                     [](const auto& failure) { return failure.second.code != kDamagedPart; });
+}
+
 }  // namespace
 
 Answerer::Answerer(const LookOptions& options, Host& host, bool batch, const UserWords& own)
@@ -129,7 +135,7 @@ void Answerer::askDictionaries(LookResult* result) {
     }
     dictionaries_->ask(word, row, result);
     if (interrupted()) return;
-    if (result->rows.empty() && result->failures.empty()) continue;
+    if (result->rows.empty() && !hasFailedWhole(*result)) continue;
     if (result->entries.empty() && result->origin == result->query) result->origin = word;
     return;
   }
@@ -139,6 +145,7 @@ void Answerer::askDictionaries(LookResult* result) {
 void Answerer::complain(const LookResult& result) {
   if (interrupted()) return;
   for (const auto& [kind, failure] : result.failures) {
+    if (failure.code == kDamagedPart) continue;  // the helper program has named the part
     if (failure.message != complained_) warn(failure.message);
     complained_ = failure.message;
   }

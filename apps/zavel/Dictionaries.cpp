@@ -4,6 +4,7 @@
 #include <string.h>
 
 #include <algorithm>
+#include <string_view>
 
 #include "SilentOutput.h"
 #include "StyleFile.h"
@@ -26,7 +27,8 @@ constexpr const char* kResultFile = "LookResult";
 constexpr const char* kLookUp = "zfDictLookupNotification";
 constexpr const char* kReinstall = "Install zavel again, or run: zavel prefs dict disable translation";
 constexpr const char* kSwitchOff = "To go on without it, run: zavel prefs dict disable translation";
-constexpr int kSignals = 128;  // an exit status above it tells the signal that ended a program
+constexpr const char* kHintMark = "; run: ";  // what follows it in a complaint is a command
+constexpr int kSignals = 128;                 // an exit status above it tells the signal that ended a program
 
 struct KindRow {
   RowKind kind;
@@ -65,6 +67,23 @@ std::string withLineFeeds(std::string text) {
   std::replace(text.begin(), text.end(), '\t', ' ');
   while (!text.empty() && text.back() == '\n') text.pop_back();
   return text;
+}
+
+// What the helper program could not search for its answer; empty when it has searched everything.
+std::string unsearched(const Value& answer) {
+  const Value* list = answer.find("Unsearched");
+  const Value::Array* parts = list ? list->asArray() : nullptr;
+  return parts && !parts->empty() ? printable(parts->front().string()) : std::string();
+}
+
+// Nothing was found, but not all was searched. The helper program has told each part.
+Failure partFailure(const std::string& complaint) {
+  const size_t mark = complaint.find(kHintMark);
+  const std::string hint = mark == std::string::npos
+                               ? "Put a sound one in its place, or remove it."
+                               : "Run: " + complaint.substr(mark + std::string_view(kHintMark).size());
+  return {kExitEnvironment, kDamagedPart,
+          "the translation dictionary was not searched in whole: " + complaint.substr(0, mark), hint};
 }
 
 uint32_t colourOf(const TextStyle& style) {
@@ -231,7 +250,11 @@ Failure Dictionaries::toolFailure(const LookResult& result) const {
   const Value* found = nullptr;
   if (platform_.propertyLists().readFile(gResultPath, &answer)) found = answer.find("Search");
   const Value::Array* elements = found ? found->asArray() : nullptr;
-  if (elements && (elements->empty() || result.hasAnswer(RowKind::kTranslation))) return {};
+  if (elements && result.hasAnswer(RowKind::kTranslation)) return {};
+  if (elements && elements->empty()) {
+    const std::string complaint = unsearched(answer);
+    return complaint.empty() ? Failure() : partFailure(complaint);
+  }
   return failure("helper_failed", "gave no answer: what " + program + " wrote can't be read", kSwitchOff);
 }
 

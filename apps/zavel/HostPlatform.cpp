@@ -1,7 +1,12 @@
 // Tests: tests/zavel/HostPlatformTest.cpp, DictionariesTest.cpp
 #include "HostPlatform.h"
 
+#include <cstdio>
+#include <sstream>
+
+#include "CapturedErrors.h"
 #include "Interrupt.h"
+#include "Utf8.h"
 
 namespace zavel::host {
 namespace {
@@ -70,9 +75,21 @@ bool KeptLists::writeFile(const std::string& path, const Value& value, PropertyL
 
 ToolResult WatchedTools::run(const std::string& program, const std::vector<std::string>& arguments) {
   const ToolWatch watch(below_);
+  CapturedErrors errors;
   ToolResult result = below_.run(program, arguments);
   last_ = Run{program, result};
+  tell(errors.take());
   return result;
+}
+
+// Many words that fail alike are one complaint.
+void WatchedTools::tell(const std::string& errors) {
+  if (errors.empty()) return;
+  std::fflush(stdout);
+  std::istringstream lines(errors);
+  for (std::string line; std::getline(lines, line);) {
+    if (told_.insert(line).second) std::fprintf(stderr, "%s\n", printable(line).c_str());
+  }
 }
 
 HostPlatform::HostPlatform()

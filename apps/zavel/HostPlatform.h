@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -87,7 +88,8 @@ class BareBundle : public Bundle {
   Bundle& below_;
 };
 
-// Tools that can be interrupted from the keyboard, and whose end is remembered.
+// Tools that can be interrupted from the keyboard, and whose end is remembered. What one writes to standard
+// error is told when it has ended, each line once, without what would steer a terminal.
 class WatchedTools : public ToolRunner {
  public:
   explicit WatchedTools(ToolRunner& below) : below_(below) {}
@@ -105,8 +107,11 @@ class WatchedTools : public ToolRunner {
   void forget() { last_.reset(); }
 
  private:
+  void tell(const std::string& errors);
+
   ToolRunner& below_;
   std::optional<Run> last_;
+  std::set<std::string> told_;  // lines
 };
 
 // In use from its making to its end.

@@ -83,6 +83,9 @@ struct Headword {
 // Kinds of dictionaries.
 enum class RowKind { kBilingual, kTranslation };
 
+// Code of the failure of a dictionary that has no answer while a part of it could not be searched.
+constexpr const char* kDamagedPart = "damaged_part";
+
 const char* kindName(RowKind kind);  // "bilingual", "translation"
 
 // A row of the result list, as one of the dictionaries gave it.

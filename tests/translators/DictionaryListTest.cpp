@@ -88,6 +88,15 @@ TEST_F(DictionaryListTest, TakesTheDistributionsAndTheUsersDictionariesByName) {
   EXPECT_EQ(japanese.complaints(), Paths{});
 }
 
+TEST_F(DictionaryListTest, MissesTheIndexOfATextThatIsMadeAtSetUp) {
+  for (const char* name : {"own/compdic.index", "own/compdic.dict", "own/enamdict.dict", "own/x.dict"}) {
+    folder_.write(name, "");
+  }
+  DictionaryList japanese = list(Direction::kJapanese);
+  japanese.addConfiguration();
+  EXPECT_EQ(below(japanese.indexes()), (Paths{"own/compdic.index", "own/enamdict.index"}));
+}
+
 TEST_F(DictionaryListTest, FollowsTheUsersConfiguration) {
   for (const char* name : {"own/a.index", "own/b.index", "zp/c.index"}) folder_.write(name, "");
   plist("own/dictionaries.plist", Value::Dict{{"EJ", Value::Array{"b", folder_.file("zp/c"), "missing"}}});

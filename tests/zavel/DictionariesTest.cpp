@@ -167,6 +167,23 @@ TEST_F(DictionariesTest, EscapeSequencesOfAnAnswerReachNoTerminal) {
             std::string::npos);
 }
 
+TEST_F(DictionariesTest, EscapeSequencesOfAHelpersComplaintReachNoTerminal) {
+  helper("printf 'one \\033[31mred\\n\\377two' >&2\n" + answer("a house"));
+  enable();
+  const Outcome outcome = zavel({"look", "church", "make"}).run();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "one \uFFFD[31mred\n\uFFFDtwo\n");
+}
+
+TEST_F(DictionariesTest, AHelperThatComplainsWithoutEndIsNotKeptWaiting) {
+  helper("trap '' PIPE\nhead -c 300000 /dev/zero 2>&1 | tr '\\0' x >&2\n" + answer("a house"));
+  enable();
+  const Outcome outcome = zavel({"look", "church"}).run();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_NE(outcome.out.find("a house"), std::string::npos) << outcome.out;
+  EXPECT_GT(outcome.err.size(), 1000u);
+}
+
 // What goes to the helper program
 
 TEST_F(DictionariesTest, TheHelperGetsTheWordTheParametersTheStylesAndTheRoot) {

@@ -301,6 +301,66 @@ TEST_F(TranslationDataTest, LookUpsTellHowWhatIsDamagedIsMadeAgain) {
   EXPECT_EQ(outcome.err, "zavel-dicttool: " + made("enamdict.dict") + " is missing; run: zavel dict build\n");
 }
 
+// Whether the word stands in the part that can't be searched is not known.
+TEST_F(TranslationDataTest, AWordIsNotMissingWhileAPartIsDamaged) {
+  ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
+  ASSERT_EQ(zavel({"prefs", "dict", "enable", "translation"}).run().status, 0);
+  const std::string index = readFile(made("enamdict.index")), text = readFile(made("enamdict.dict"));
+  struct Case {
+    const char* name;
+    std::string bytes;
+    const char* what;
+  };
+  for (const Case& damage :
+       {Case{"enamdict.index", "", "enamdict.index is damaged: it is empty"},
+        Case{"enamdict.index", index.substr(0, index.size() - 3),
+             "enamdict.index is damaged: its last line is incomplete"},
+        Case{"enamdict.dict", "", "enamdict.dict is damaged: an entry at 72 can't be read"},
+        Case{"enamdict.dict", std::string(text.size(), '\0'),
+             "enamdict.dict is damaged: what stands at 72 is no text"},
+        Case{"enamdict.dict", std::string(text.size(), '\xB5'),
+             "enamdict.dict is damaged: what stands at 72 is no text"}}) {
+    writeFile(made("enamdict.index"), index);
+    writeFile(made("enamdict.dict"), text);
+    writeFile(made(damage.name), damage.bytes);
+    const std::string part = root() + "/dictionaries/translation/" + damage.what;
+    const Outcome outcome = zavel({"look", "--json", "鷺ノ宮"}).run();
+    EXPECT_EQ(outcome.status, 3) << damage.what;
+    EXPECT_EQ(outcome.err, "zavel-dicttool: " + part + "; run: zavel dict build\n");
+    const Json told = Json::parse(outcome.out)["dictionaries"][1];
+    EXPECT_EQ(told["status"], "failed") << damage.what;
+    EXPECT_EQ(told["error"]["code"], "damaged_part");
+    EXPECT_EQ(told["error"]["message"], "the translation dictionary was not searched in whole: " + part);
+    EXPECT_EQ(told["error"]["hint"], "Run: zavel dict build");
+  }
+}
+
+TEST_F(TranslationDataTest, OfADamagedPartABatchTellsOnce) {
+  ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
+  ASSERT_EQ(zavel({"prefs", "dict", "enable", "translation"}).run().status, 0);
+  fs::remove(made("enamdict.dict"));
+  const std::string told =
+      "zavel-dicttool: " + made("enamdict.dict") + " is missing; run: zavel dict build\n";
+  Outcome outcome = zavel({"look", "--plain"}).input("鷺ノ宮\n逆鱗機関\n松本\n").run();
+  EXPECT_EQ(outcome.status, 4);
+  EXPECT_EQ(outcome.err, told + "zavel: no entry for \"鷺ノ宮\"\nzavel: no entry for \"松本\"\n");
+  outcome = zavel({"look", "鷺ノ宮"}).run();
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.err, told + "zavel: no entry for \"鷺ノ宮\"\n");
+}
+
+TEST_F(TranslationDataTest, ATextWithoutItsIndexIsTold) {
+  ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
+  ASSERT_EQ(zavel({"prefs", "dict", "enable", "translation"}).run().status, 0);
+  fs::remove(made("enamdict.index"));
+  const Outcome outcome = zavel({"look", "鷺ノ宮"}).run();
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(
+      outcome.err.find("zavel-dicttool: " + made("enamdict.index") + " is missing; run: zavel dict build\n"),
+      0u)
+      << outcome.err;
+}
+
 TEST_F(TranslationDataTest, WhereAllIsThereNothingIsWritten) {
   ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
   ASSERT_TRUE(fs::remove(root() + "/dictionaries/.lock"));

@@ -85,6 +85,11 @@ bool DictdDictionary::addEntry(const IndexLine& line, DictdMatches* matches, std
   std::string text;
   const size_t length = static_cast<size_t>(std::min<uint64_t>(line.length, kMostText));
   if (!text_.read(line.offset, length, &text, error)) return false;
+  const bool whole = length == line.length;
+  if (text.find('\0') != std::string::npos || (whole && index_.hasOption("utf8") && !isValidUtf8(text))) {
+    *error = text_.path() + " is damaged: what stands at " + std::to_string(line.offset) + " is no text";
+    return false;
+  }
   std::string_view shown = text;
   if (index_.hasOption("mimeheader")) shown = withoutMimeHeader(shown);
   matches->entries.push_back({replaceInvalidUtf8(line.spelling), replaceInvalidUtf8(shown)});

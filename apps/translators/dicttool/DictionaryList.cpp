@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <optional>
+#include <set>
 #include <system_error>
 
 #include "dicttool/DictdDictionary.h"
@@ -37,16 +38,23 @@ std::vector<std::string> stringsOf(const Value* list) {
   return strings;
 }
 
-// Index files in a folder, by name.
+// Whether it is the text of a dictionary that is made at set-up.
+bool isMadeText(const std::string& path) {
+  return path.ends_with("/enamdict.dict") || path.ends_with("/compdic.dict");
+}
+
+// Index files in a folder, by name. What is made at set-up and has lost its index counts too: a file of
+// another kind may have a name like a text, that one can't.
 std::vector<std::string> indexesIn(const std::string& folder) {
-  std::vector<std::string> paths;
+  std::set<std::string> paths;
   std::error_code error;
   for (std::filesystem::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
     const std::string path = it->path().string();
-    if (path.ends_with(".index")) paths.push_back(path);
+    if (path.ends_with(".index") || isMadeText(path)) {
+      paths.insert(DictdDictionary::indexOf(path).value_or(path));
+    }
   }
-  std::sort(paths.begin(), paths.end());
-  return paths;
+  return {paths.begin(), paths.end()};
 }
 
 std::string below(const std::string& folder, const std::string& path) {

@@ -40,7 +40,8 @@ class DictionaryList {
 
   // Adds what the user's configuration names, "dictionaries.plist" with the lists of paths "EJ" and "JE"
   // (relative ones begin in its folder). A list that is missing there stands for the distribution's FreeDict
-  // of this direction and for every dictionary in the user's folder, by name.
+  // of this direction and for every dictionary in the user's folder, by
+  // name; enamdict and compdic also where their texts alone are left.
   void addConfiguration();
 
   const std::vector<std::string>& indexes() const { return indexes_; }

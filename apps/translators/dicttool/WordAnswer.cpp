@@ -168,7 +168,9 @@ Value WordAnswer::result(Direction form) const {
     for (const std::string& line : group.lines) search.emplace_back(line);
   }
   if (form == Direction::kEnglish && !groups.empty()) search.emplace_back(asText(groups));
-  return Value::Dict{{"Search", search}, {"DictInfoJE", paths}};
+  Value::Dict map{{"Search", search}, {"DictInfoJE", paths}};
+  if (!complaints.empty()) map["Unsearched"] = Value::Array(complaints.begin(), complaints.end());
+  return map;
 }
 
 }  // namespace zavel::dicttool

@@ -27,9 +27,9 @@ struct WordAnswer {
   static WordAnswer of(const std::string& word, const std::vector<std::string>& indexes);
 
   // The result map. "DictInfoJE" leads from the number of a group, from 1 on, as text to its dictionary's
-  // path. "Search": for a Japanese word, for each group its number and its lines; for an English word one
-  // string, the same as a reader sees it, a heading for each group and its lines indented below it. Without
-  // groups "Search" is an empty list.
+  // path. "Unsearched", only where there are some, holds the complaints. "Search": for a Japanese word, for
+  // each group its number and its lines; for an English word one string, the same as a reader sees it, a
+  // heading for each group and its lines indented below it. Without groups "Search" is an empty list.
   Value result(Direction form) const;
 };
 

@@ -103,8 +103,9 @@ Failure lookUpWord(const ToolOptions& options, const DictionaryPlaces& places, s
     answer = search(options, places, word, err, &failure);
   }
   if (failure) return failure;
-  for (const std::string& complaint : answer.complaints) {
-    err << "zavel-dicttool: " << withHint(complaint, places) << "\n";
+  for (std::string& complaint : answer.complaints) {
+    complaint = withHint(complaint, places);
+    err << "zavel-dicttool: " << complaint << "\n";
   }
   if (!answer.complaints.empty() && answer.searched == 0) {
     return {kExitDamaged, "no dictionary can be searched"};
