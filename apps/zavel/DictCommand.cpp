@@ -58,7 +58,9 @@ int passOn(const std::string& program, const std::vector<std::string>& arguments
            Taken taken = {}) {
   const MkdictEnd end = runMkdict(program, arguments, keptOpen, taken);
   if (!end.started) return report(noMkdict(), json);
-  if (end.signal == 0) return end.status;
+  // The compiler ends alike whatever signal asked it to.
+  const bool ended = end.status == 128 + SIGINT && EndSignals::came() != 0;
+  if (end.signal == 0) return ended ? 128 + EndSignals::came() : end.status;
   if (end.signal == SIGINT || end.signal == SIGTERM || end.signal == SIGHUP)
     return interruptedBy(end.signal, json);
   return report({kExitEnvironment, "mkdict_killed",

@@ -31,7 +31,9 @@ void note(int number) {
 void watchInterrupts() {
   struct sigaction action = {};
   action.sa_handler = note;  // no SA_RESTART: a read that waits must return
-  for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+  // A file that may not grow any further is a failed write, which is told as one.
+  signal(SIGXFSZ, SIG_IGN);
+  for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
     struct sigaction old = {};
     // What the caller had ignored (nohup) stays ignored.
     if (sigaction(number, nullptr, &old) == 0 && old.sa_handler != SIG_IGN) {

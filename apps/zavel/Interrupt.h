@@ -1,5 +1,5 @@
-// SIGINT, SIGTERM and SIGHUP as a wish to end that is looked at between two steps, so that none of them
-// leaves a temporary file behind.
+// SIGINT, SIGTERM, SIGHUP and SIGQUIT as a wish to end that is looked at between two steps, so that none of
+// them leaves a temporary file behind.
 #ifndef ZAVEL_INTERRUPT_H
 #define ZAVEL_INTERRUPT_H
 
@@ -7,7 +7,8 @@
 
 namespace zavel::host {
 
-// From now on the signals only leave word, and calls that wait (reading standard input) return.
+// From now on the signals only leave word, and calls that wait (reading standard input) return. SIGXFSZ is
+// ignored: what can't be written any more is seen where it is written.
 void watchInterrupts();
 
 // The number of the signal that came, 0 while none has. A second one ends the process at once.

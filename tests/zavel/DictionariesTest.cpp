@@ -425,14 +425,26 @@ TEST_F(DictionariesTest, ASecondInterruptAtALaterWordEndsTheProgramAtOnce) {
 }
 
 TEST_F(DictionariesTest, OtherSignalsEndBoth) {
-  for (const int signal : {SIGTERM, SIGHUP}) {
+  for (const int signal : {SIGTERM, SIGHUP, SIGQUIT}) {
     fs::remove(file("started"));
-    helper(": >'" + file("started") + "'\n" + kHang);
+    fs::remove(file("asked"));
+    helper("trap ': >\"" + file("asked") + "\"; exit 1' TERM\n: >'" + file("started") + "'\n" + kHang);
     enable();
     const Outcome outcome = zavel({"look", "church"}).signalAt(file("started"), signal).run();
     EXPECT_EQ(outcome.status, 128 + signal);
     EXPECT_EQ(outcome.out, "");
+    EXPECT_TRUE(fs::exists(file("asked"))) << "the helper program was left running";
+    EXPECT_TRUE(fs::is_empty(temporary())) << signal;
   }
+}
+
+// As from a limit of file sizes: what can't be written is a failure of its own.
+TEST_F(DictionariesTest, ASignalOfFullFilesLeavesNothingBehind) {
+  helper(": >'" + file("started") + "'\nsleep 0.2\n" + answer("a house"));
+  enable();
+  const Outcome outcome = zavel({"look", "church"}).signalAt(file("started"), SIGXFSZ).run();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_TRUE(fs::is_empty(temporary()));
 }
 
 // Rows
