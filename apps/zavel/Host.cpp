@@ -1,6 +1,7 @@
 // Tests: tests/zavel/CommandTest.cpp, zavel-test.sh
 #include "Host.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -9,6 +10,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
+#include <vector>
 
 #include "PlacesInUse.h"
 #include "SilentOutput.h"
@@ -33,6 +35,7 @@ namespace {
 
 void dropLine(const std::string&) {}
 
+constexpr int kTag = 0xF5;              // first byte of an entry
 constexpr size_t kLongestFolder = 254;  // bytes, what the module takes
 
 // Where the last row of an index leads, its last four bytes, low byte first; 0 when there is none. To a
@@ -53,6 +56,41 @@ std::string cutFile(const std::string& folder) {
     if (lastEntry(folder + "/" + name + ".ix3") >= static_cast<uint64_t>(about.st_size)) return name + ".dic";
   }
   return {};
+}
+
+bool isTagAt(std::ifstream& file, uint32_t offset) {
+  file.seekg(offset);
+  return file.get() == kTag;
+}
+
+// The first file of entries where its first or its last one doesn't begin as entries do: a disk that lost
+// what was written leaves zeros there.
+std::string blankFile(const std::string& folder) {
+  for (const std::string name : {"ej", "je"}) {
+    std::ifstream entries(folder + "/" + name + ".dic", std::ios::binary);
+    if (!entries) continue;
+    const uint32_t last = lastEntry(folder + "/" + name + ".ix3");
+    if (!isTagAt(entries, 0) || !isTagAt(entries, last)) return name + ".dic";
+  }
+  return {};
+}
+
+// Whether this process may not open as many files as a dictionary has.
+bool lacksDescriptors() {
+  std::vector<int> opened;
+  while (opened.size() < kDictionaryFiles.size()) {
+    const int fd = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    if (fd < 0) break;
+    opened.push_back(fd);
+  }
+  const bool lacks = opened.size() < kDictionaryFiles.size() && (errno == EMFILE || errno == ENFILE);
+  for (const int fd : opened) close(fd);
+  return lacks;
+}
+
+Failure fewDescriptors() {
+  return {kExitEnvironment, "few_descriptors", "too few files may be open at once for the dictionary",
+          "Allow more, as with: ulimit -n 256"};
 }
 
 // The failure of a table that is there and is none; none where it says where the dictionary is.
@@ -82,6 +120,7 @@ DictionaryState dictionaryIn(const std::string& folder) {
     }
   }
   if (state.complete()) state.cut = cutFile(folder);
+  if (state.complete()) state.blank = blankFile(folder);
   return state;
 }
 
@@ -111,6 +150,12 @@ Failure dictionaryFailure(const std::string& folder, const DictionaryState& stat
                 " is cut short, or its index is damaged",
             "Run: zavel dict build"};
   }
+  if (!state.blank.empty()) {
+    return {kExitDamaged, "damaged_dictionary",
+            "the file " + state.blank + " of the dictionary in " + folder +
+                " holds no entries where they should stand",
+            "Run: zavel dict build"};
+  }
   return {};
 }
 
@@ -133,6 +178,7 @@ Host::~Host() {
 
 Failure Host::open() {
   if (places_.data.empty()) return noHome();
+  if (lacksDescriptors()) return fewDescriptors();
   // The table that is there says where the dictionary is. Before there is one it is where it gets built.
   const bool firstStart = access(pathTableFile().c_str(), F_OK) != 0;
   dictionary_ = places_.dictionary;

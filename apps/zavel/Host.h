@@ -69,11 +69,14 @@ struct DictionaryState {
   std::string missing;     // the first that is absent; empty when none is
   std::string hollow;      // the first that holds nothing; no file of a dictionary does
   std::string cut;         // the first file of entries that ends ahead of its last entry
+  std::string blank;       // the first file of entries whose first or last one isn't there
   std::string unreadable;  // the first that is there and can't be read; empty when there is none
   int error = 0;           // why, as errno tells it
 
   bool none() const { return absent == kDictionaryFiles.size(); }
-  bool complete() const { return absent == 0 && unreadable.empty() && hollow.empty() && cut.empty(); }
+  bool complete() const {
+    return absent == 0 && unreadable.empty() && hollow.empty() && cut.empty() && blank.empty();
+  }
 };
 
 DictionaryState dictionaryIn(const std::string& folder);

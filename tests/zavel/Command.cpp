@@ -4,6 +4,7 @@
 #include <pty.h>
 #include <signal.h>
 #include <sys/ioctl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -65,6 +66,11 @@ Command& Command::closed(int fd) {
   return *this;
 }
 
+Command& Command::descriptors(unsigned most) {
+  descriptors_ = most;
+  return *this;
+}
+
 Command& Command::terminal(unsigned short rows, unsigned short columns) {
   rows_ = rows;
   columns_ = columns;
@@ -101,6 +107,8 @@ void Command::become(const std::string& folder, int slave) const {
   for (const std::string& variable : variables) envp.push_back(const_cast<char*>(variable.c_str()));
   argv.push_back(nullptr);
   envp.push_back(nullptr);
+  const rlimit limit{descriptors_, descriptors_};
+  if (descriptors_ > 0 && setrlimit(RLIMIT_NOFILE, &limit) != 0) _exit(124);
   execve(ZAVEL_PROGRAM, argv.data(), envp.data());
   _exit(126);
 }

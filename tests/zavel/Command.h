@@ -24,6 +24,7 @@ class Command {
   Command& inputFile(std::string path);  // the same from a file
   Command& outputFile(std::string path);
   Command& closed(int fd);
+  Command& descriptors(unsigned most);  // so many may be open at once
   // Standard input, output and error are a terminal of this size. Nothing is typed on it.
   Command& terminal(unsigned short rows, unsigned short columns);
   // Sends `signal` once `path` exists, and again after a while until it was sent so many times.
@@ -39,6 +40,7 @@ class Command {
   std::map<std::string, std::string> env_;
   std::string input_, inputFile_, outputFile_, awaited_;
   int closed_ = -1, signal_ = 0, times_ = 1;
+  unsigned descriptors_ = 0;
   unsigned short rows_ = 0, columns_ = 0;
 };
 

@@ -636,6 +636,35 @@ TEST_F(CommandTest, AFileOfEntriesThatIsCutShortIsDamage) {
   EXPECT_EQ(zavel({"look", "church"}).run().status, 0);
 }
 
+TEST_F(CommandTest, AFileOfZerosIsDamage) {
+  for (const std::string name : {"ej", "je"}) {
+    const std::string path = basic() + "/" + name + ".dic", before = readFile(path);
+    const std::string zeros(before.size(), '\0');
+    for (const std::string& bytes :
+         {zeros, before.substr(0, 2) + zeros.substr(2), zeros.substr(0, 1) + before.substr(1)}) {
+      writeFile(path, bytes);
+      const Outcome outcome = zavel({"look", "zzzz"}).run();
+      EXPECT_EQ(outcome.status, 5) << name;
+      EXPECT_EQ(outcome.err, "zavel: the file " + name + ".dic of the dictionary in " + basic() +
+                                 " holds no entries where they should stand\nRun: zavel dict build\n");
+    }
+    writeFile(path, before);
+  }
+  EXPECT_EQ(zavel({"look", "church"}).run().status, 0);
+}
+
+TEST_F(CommandTest, TooFewDescriptorsAreNoDamage) {
+  for (const unsigned most : {4, 8, 12}) {
+    const Outcome outcome = zavel({"look", "church"}).descriptors(most).run();
+    EXPECT_EQ(outcome.status, 3) << most;
+    EXPECT_EQ(outcome.err,
+              "zavel: too few files may be open at once for the dictionary\n"
+              "Allow more, as with: ulimit -n 256\n")
+        << most;
+  }
+  EXPECT_EQ(zavel({"look", "church"}).descriptors(64).run().status, 0);
+}
+
 TEST_F(CommandTest, APathThatIsTooLongIsTold) {
   const std::string deep = root() + "/" + std::string(200, 'a') + "/" + std::string(60, 'b');
   fs::create_directories(deep + "/dictionaries");
