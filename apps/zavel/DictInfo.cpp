@@ -21,15 +21,18 @@ namespace {
 
 struct SizedFile {
   std::string name;
-  std::optional<int64_t> bytes;  // nothing where it is missing
+  std::optional<int64_t> bytes;  // nothing where it is missing, or no file
+  bool there = false;
 };
 
 std::vector<SizedFile> sizesOf(const std::string& folder, const std::vector<std::string>& names) {
   std::vector<SizedFile> files;
   for (const std::string& name : names) {
     std::error_code error;
-    const uintmax_t size = std::filesystem::file_size(folder + "/" + name, error);
-    files.push_back({name, error ? std::nullopt : std::optional(static_cast<int64_t>(size))});
+    const std::string path = folder + "/" + name;
+    const bool there = std::filesystem::exists(path, error);
+    const uintmax_t size = std::filesystem::file_size(path, error);
+    files.push_back({name, error ? std::nullopt : std::optional(static_cast<int64_t>(size)), there});
   }
   return files;
 }
@@ -49,6 +52,10 @@ int64_t together(const std::vector<SizedFile>& files) {
 Failure incomplete(const std::string& folder, const std::vector<SizedFile>& files) {
   for (const SizedFile& file : files) {
     if (file.bytes.value_or(0) > 0) continue;
+    if (file.there && !file.bytes) {
+      return {kExitDamaged, "damaged_dictionary", folder + "/" + file.name + " is no file",
+              "Remove it, then run: zavel dict build"};
+    }
     const std::string message = file.bytes ? "the file " + file.name + " in " + folder + " is empty"
                                            : "the file " + file.name + " is missing in " + folder;
     return {kExitDamaged, "damaged_dictionary", message, "Run: zavel dict build"};
@@ -61,7 +68,9 @@ std::string sizesText(const std::string& folder, const std::vector<SizedFile>& f
   char line[64];
   for (const SizedFile& file : files) {
     std::snprintf(line, sizeof line, "%-14s %12jd%s\n", file.name.c_str(), intmax_t{file.bytes.value_or(0)},
-                  file.bytes ? "" : "  missing");
+                  file.bytes   ? ""
+                  : file.there ? "  no file"
+                               : "  missing");
     text += line;
   }
   std::snprintf(line, sizeof line, "%-14s %12jd%s\n", "together", intmax_t{together(files)},

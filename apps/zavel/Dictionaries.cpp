@@ -27,6 +27,7 @@ constexpr const char* kResultFile = "LookResult";
 constexpr const char* kLookUp = "zfDictLookupNotification";
 constexpr const char* kReinstall = "Install zavel again, or run: zavel prefs dict disable translation";
 constexpr const char* kSwitchOff = "To go on without it, run: zavel prefs dict disable translation";
+constexpr const char* kMakeAgain = "Run: zavel dict build, or: zavel prefs dict disable translation";
 constexpr const char* kHintMark = "; run: ";  // what follows it in a complaint is a command
 constexpr int kSignals = 128;                 // an exit status above it tells the signal that ended a program
 
@@ -243,6 +244,9 @@ Failure Dictionaries::toolFailure(const LookResult& result) const {
   }
   if (end.stopped)
     return failure("helper_failed", "gave no answer: " + program + " wrote without end", kSwitchOff);
+  if (end.exitStatus == kExitDamaged) {
+    return failure("helper_failed", "gave no answer: " + program + endOf(end.exitStatus), kMakeAgain);
+  }
   if (end.exitStatus != 0) {
     return failure("helper_failed", "gave no answer: " + program + endOf(end.exitStatus), kSwitchOff);
   }

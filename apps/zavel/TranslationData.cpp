@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
@@ -108,6 +109,12 @@ int interruptionOf(const MkdictEnd& end) {
   return end.status != kExitFound || end.signal != 0 ? came : 0;
 }
 
+// Whether a file stands where a folder should, or a folder where a file should.
+bool tellsObstacle(const std::string& reason) {
+  return reason.ends_with(std::strerror(EISDIR)) || reason.ends_with(std::strerror(ENOTDIR)) ||
+         reason.ends_with(std::strerror(EEXIST));
+}
+
 Failure failureOf(const Source& source, const MkdictEnd& end, const std::string& told) {
   const std::string without = "the translation dictionary gets no " + std::string(source.what) + ": ";
   if (!end.started) {
@@ -123,6 +130,10 @@ Failure failureOf(const Source& source, const MkdictEnd& end, const std::string&
   if (end.status == kExitDamaged) {
     return {kExitDamaged, "damaged_source", without + reason,
             std::string("Install the Debian package ") + source.package + " again, " + kAgain};
+  }
+  if (tellsObstacle(reason)) {
+    return {kExitEnvironment, "not_written", without + reason,
+            std::string("Remove what stands in the place of the folder or the file, ") + kAgain};
   }
   if (reason.find("can't be written") != std::string::npos) {
     return {kExitEnvironment, "not_written", without + reason,

@@ -349,6 +349,17 @@ TEST_F(TranslationDataTest, OfADamagedPartABatchTellsOnce) {
   EXPECT_EQ(outcome.err, told + "zavel: no entry for \"鷺ノ宮\"\n");
 }
 
+TEST_F(TranslationDataTest, WhereAllPartsAreDamagedTheHintIsToMakeThemAgain) {
+  ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
+  ASSERT_EQ(zavel({"prefs", "dict", "enable", "translation"}).run().status, 0);
+  fs::remove(made("enamdict.dict"));
+  fs::remove(made("compdic.dict"));
+  const Outcome outcome = zavel({"look", "--json", "鷺ノ宮"}).run();
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(Json::parse(outcome.out)["dictionaries"][1]["error"]["hint"],
+            "Run: zavel dict build, or: zavel prefs dict disable translation");
+}
+
 TEST_F(TranslationDataTest, ATextWithoutItsIndexIsTold) {
   ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
   ASSERT_EQ(zavel({"prefs", "dict", "enable", "translation"}).run().status, 0);
@@ -359,6 +370,46 @@ TEST_F(TranslationDataTest, ATextWithoutItsIndexIsTold) {
       outcome.err.find("zavel-dicttool: " + made("enamdict.index") + " is missing; run: zavel dict build\n"),
       0u)
       << outcome.err;
+}
+
+TEST_F(TranslationDataTest, AFolderInThePlaceOfAFileIsNamedAndCostsNothing) {
+  ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
+  for (const auto& [taken, kept] :
+       {std::pair{"compdic.index", "compdic.dict"}, std::pair{"compdic.dict", "compdic.index"}}) {
+    const std::string before = readFile(made(taken)), other = readFile(made(kept));
+    fs::remove(made(taken));
+    fs::create_directory(made(taken));
+    const Outcome outcome = zavel({"dict", "build", "--if-missing"}).run();
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_TRUE(
+        outcome.err.ends_with("compdic.index and .dict can't be written: Is a directory\n"
+                              "Remove what stands in the place of the folder or the file, "
+                              "then run: zavel dict build --if-missing\n"))
+        << outcome.err;
+    EXPECT_EQ(readFile(made(kept)), other);
+    fs::remove(made(taken));
+    writeFile(made(taken), before);
+  }
+}
+
+TEST_F(TranslationDataTest, AFileInThePlaceOfTheFolderIsNamed) {
+  writeFile(root() + "/dictionaries/translation", "");
+  const Outcome outcome = zavel({"dict", "build"}).run();
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_NE(outcome.err.find("\nRemove what stands in the place of the folder or the file, "),
+            std::string::npos)
+      << outcome.err;
+}
+
+TEST_F(TranslationDataTest, InfoTellsAFolderFromAFileThatIsMissing) {
+  ASSERT_EQ(zavel({"dict", "build"}).run().status, 0);
+  fs::remove(made("enamdict.index"));
+  fs::create_directory(made("enamdict.index"));
+  const Outcome outcome = zavel({"dict", "info"}).run();
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_NE(outcome.out.find("\nenamdict.index            0  no file\n"), std::string::npos) << outcome.out;
+  EXPECT_EQ(outcome.err,
+            "zavel: " + made("enamdict.index") + " is no file\nRemove it, then run: zavel dict build\n");
 }
 
 TEST_F(TranslationDataTest, WhereAllIsThereNothingIsWritten) {

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "dicttool/DictdIndex.h"
@@ -113,8 +115,15 @@ bool DictdWriter::writeIndex() {
   return true;
 }
 
+// A folder in the place of either file is noticed while the old pair is whole.
 bool DictdWriter::putInPlace() {
   Storage& disk = storage();
+  std::error_code error;
+  for (const std::string& path : {base_ + ".dict", indexPath()}) {
+    if (!std::filesystem::is_directory(path, error)) continue;
+    errno = EISDIR;
+    return false;
+  }
   disk.remove(indexPath());
   if (!disk.rename(text_.path, base_ + ".dict")) return false;
   text_.path.clear();
