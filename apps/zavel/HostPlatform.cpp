@@ -2,7 +2,9 @@
 #include "HostPlatform.h"
 
 #include <cstdio>
+#include <filesystem>
 #include <sstream>
+#include <system_error>
 
 #include "CapturedErrors.h"
 #include "Interrupt.h"
@@ -33,6 +35,15 @@ class MemoryWriter : public ForkedFileWriter {
   std::string path_;
   MemoryFiles::File file_;
 };
+
+// The file that a symbolic link leads to, so that writing leaves the link in its place. `path` itself where
+// it is none, or leads nowhere.
+std::string behindLinks(const std::string& path) {
+  std::error_code error;
+  if (!std::filesystem::is_symlink(path, error)) return path;
+  const std::filesystem::path target = std::filesystem::canonical(path, error);
+  return error ? path : target.string();
+}
 
 }  // namespace
 
@@ -68,7 +79,7 @@ bool KeptLists::readFile(const std::string& path, Value* out) {
 bool KeptLists::writeFile(const std::string& path, const Value& value, PropertyListFormat format) {
   const auto file = files_.find(path);
   if (file != files_.end() && file->second.pretended) return false;
-  if (!below_.writeFile(path, value, format)) return false;
+  if (!below_.writeFile(behindLinks(path), value, format)) return false;
   if (file != files_.end()) file->second.value = value;
   return true;
 }

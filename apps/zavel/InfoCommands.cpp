@@ -56,6 +56,7 @@ Rows placeRows(const Places& places) {
 int runPaths(bool json) {
   const Places places = placesInUse();
   if (places.data.empty()) return report(noHome(), json);
+  warnOfDamagedPathTable();
   JsonWriter writer;
   writer.beginObject().member("schema", 1);
   for (const auto& [name, path] : placeRows(places)) {

@@ -1,6 +1,9 @@
 // Tests: tests/zavel/CommandTest.cpp
 #include "PlacesInUse.h"
 
+#include <unistd.h>
+
+#include "Failure.h"
 #include "config/PathTableRows.h"
 #include "config/ZavelPath.h"
 #include "platform/Platform.h"
@@ -54,6 +57,12 @@ bool pathTableNamesDictionary() {
   std::string folder;
   return platform().propertyLists().readFile(pathTableFile(), &table) &&
          takeFrom(table, PathEntry::kKenkyuDictionaryFolder, &folder);
+}
+
+void warnOfDamagedPathTable() {
+  const std::string file = pathTableFile();
+  if (access(file.c_str(), F_OK) != 0 || pathTableNamesDictionary()) return;
+  warn("the path table " + file + " can't be used, so look-ups fail; remove it: a new one is written then");
 }
 
 Places placesInUse() {

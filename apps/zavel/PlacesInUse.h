@@ -18,6 +18,9 @@ PathTableRoots pathTableRoots(const Places& places);
 // Whether there is a table that tells where the dictionary is.
 bool pathTableNamesDictionary();
 
+// One line on standard error where a path table is there and can't be used, as a look-up refuses it.
+void warnOfDamagedPathTable();
+
 // findPlaces(), with the dictionary and the cache where the path table says. Makes no folder. A table that
 // was made for other places is renewed, or passed over where it can't be written.
 Places placesInUse();

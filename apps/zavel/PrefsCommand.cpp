@@ -1,10 +1,15 @@
 // Tests: tests/zavel/PrefsTest.cpp
 #include "PrefsCommand.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
+#include <cstring>
+#include <filesystem>
 #include <functional>
 #include <optional>
 
@@ -14,6 +19,7 @@
 #include "HostPlatform.h"
 #include "JsonWriter.h"
 #include "LockFile.h"
+#include "PlacesInUse.h"
 #include "Store.h"
 #include "Utf8.h"
 #include "config/ZFWPlistController.h"
@@ -146,6 +152,7 @@ std::string listText(const DictionaryList& list) {
 }
 
 int show(const DictionaryList& list, bool json) {
+  warnOfDamagedPathTable();
   const std::string text = json ? listJson(list) : listText(list);
   std::fputs(text.c_str(), stdout);
   return kExitFound;
@@ -156,8 +163,18 @@ Failure noSuchDictionary(const std::string& wanted) {
           "Choose one by its number, name or type from: zavel prefs dict list"};
 }
 
+// Why nothing can be made in the file's folder, or in the nearest above it that there is; empty when it can.
+std::string reasonAgainst(const std::string& path) {
+  std::filesystem::path folder = std::filesystem::path(path).parent_path();
+  while (access(folder.c_str(), F_OK) != 0 && errno == ENOENT && folder.has_relative_path()) {
+    folder = folder.parent_path();
+  }
+  return access(folder.c_str(), W_OK) == 0 ? std::string() : std::string(": ") + std::strerror(errno);
+}
+
 Failure notStored() {
-  return {kExitEnvironment, "not_stored", "the preferences can't be written: " + gZFWPlist->path(),
+  const std::string& path = gZFWPlist->path();
+  return {kExitEnvironment, "not_stored", "the preferences can't be written: " + path + reasonAgainst(path),
           "Check that the disk isn't full and that the folder is yours."};
 }
 

@@ -137,9 +137,40 @@ TEST_F(PrefsTest, AStoreThatCannotBeWrittenIsTold) {
     const Outcome outcome = dict(words).run();
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err, "zavel: the preferences can't be written: " + root() +
-                               "/Library/Preferences/local.tarnwick.ZavelLex_ZavelLex.plist\n"
-                               "Check that the disk isn't full and that the folder is yours.\n");
+    EXPECT_EQ(outcome.err,
+              "zavel: the preferences can't be written: " + root() +
+                  "/Library/Preferences/local.tarnwick.ZavelLex_ZavelLex.plist: Not a directory\n"
+                  "Check that the disk isn't full and that the folder is yours.\n");
+  }
+}
+
+TEST_F(PrefsTest, ALinkIsWrittenThrough) {
+  ASSERT_EQ(dict({"list"}).run().status, 0);
+  const std::string store = root() + "/Library/Preferences/local.tarnwick.ZavelLex_ZavelLex.plist";
+  const std::string kept = root() + "/kept.plist";
+  std::filesystem::rename(store, kept);
+  std::filesystem::create_symlink(kept, store);
+  ASSERT_EQ(dict({"enable", "2"}).run().status, 0);
+  EXPECT_TRUE(std::filesystem::is_symlink(store));
+  EXPECT_NE(test::readFile(kept).find("YES</string>"), std::string::npos) << test::readFile(kept);
+  EXPECT_EQ(dict({"list"}).run().out.find("2  on "), dict({"list"}).run().out.find('\n') + 1);
+}
+
+// A look-up ends with a failure there.
+TEST_F(PrefsTest, APathTableThatIsNoneIsToldAndChangesNothing) {
+  ASSERT_EQ(dict({"list"}).run().err, "");
+  const Outcome paths = Command({"paths"}).env("ZAVEL_ROOT", root()).run();
+  const size_t at = paths.out.find('/', paths.out.find("path_table"));
+  const std::string table = paths.out.substr(at, paths.out.find('\n', at) - at);
+  std::filesystem::create_directories(table.substr(0, table.rfind('/')));
+  test::writeFile(table, "no table");
+  const std::string line = "zavel: the path table " + table +
+                           " can't be used, so look-ups fail; remove it: a new one is written then\n";
+  for (const std::vector<std::string>& words :
+       std::vector<std::vector<std::string>>{{"paths"}, {"paths", "--json"}, {"prefs", "dict", "list"}}) {
+    const Outcome outcome = Command(words).env("ZAVEL_ROOT", root()).run();
+    EXPECT_EQ(outcome.status, 0) << words[0];
+    EXPECT_EQ(outcome.err, line) << words[0];
   }
 }
 
