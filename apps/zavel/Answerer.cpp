@@ -82,7 +82,9 @@ Answerer::Answerer(const LookOptions& options, Host& host, bool batch, const Use
 }
 
 void Answerer::answer(std::string_view query, bool tooLong) {
-  const std::string_view word = withoutOuterBlanks(query);
+  std::string blanks(query);
+  std::replace(blanks.begin(), blanks.end(), '\t', ' ');
+  const std::string_view word = withoutOuterBlanks(blanks);
   LookResult result;
   Failure failure;
   if (tooLong || hasTooManyCharacters(word)) {

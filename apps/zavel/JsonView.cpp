@@ -101,6 +101,7 @@ const char* statusOf(const LookResult& result, RowKind kind) {
                                    [](const Entry& entry) { return !entry.user; });
   const bool found = kind == RowKind::kBilingual ? entries : result.hasAnswer(kind);
   if (found) return "found";
+  if (kind == RowKind::kBilingual && !result.unknown.empty()) return "not_asked";
   return kind == RowKind::kTranslation && result.translationUnasked ? "not_asked" : "not_found";
 }
 

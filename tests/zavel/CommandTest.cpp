@@ -262,6 +262,13 @@ TEST_F(CommandTest, ControlCharactersOfAQueryReachNoTerminal) {
 
 // Words on standard input
 
+TEST_F(CommandTest, ATabIsABlank) {
+  const Outcome outcome = zavel({"look", "--json", "no\tsuch"}).run();
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out, zavel({"look", "--json", "no such"}).run().out);
+  EXPECT_EQ(zavel({"look", "--suggest", "0", "no\tsuch"}).run().err, "zavel: no entry for \"no such\"\n");
+}
+
 TEST_F(CommandTest, LineNAnswersLineN) {
   const std::string tooLong(70000, 'a');
   const Outcome outcome = zavel({"look", "--json"}).input("church\r\n\n" + tooLong + "\n\xFF\nmake").run();

@@ -334,6 +334,7 @@ TEST_F(DictionariesTest, AWordWithAnUnknownCharacterIsNotAskedForWithoutIt) {
   EXPECT_EQ(json["status"], "not_found");
   EXPECT_EQ(json["unknown"], "😀");
   EXPECT_EQ(json["rows"], Json::array());
+  EXPECT_EQ(json["dictionaries"][0]["status"], "not_asked");
   EXPECT_EQ(json["dictionaries"][1]["status"], "not_asked");
   EXPECT_FALSE(fs::exists(file("started")));
 }
