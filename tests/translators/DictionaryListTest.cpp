@@ -116,8 +116,8 @@ TEST_F(DictionaryListTest, GoesOnWithoutADamagedConfiguration) {
   DictionaryList english = list(Direction::kEnglish);
   english.addConfiguration();
   EXPECT_EQ(below(english.indexes()), Paths{"own/a.index"});
-  EXPECT_EQ(below(english.complaints()), Paths{"own/dictionaries.plist can't be read as a property list; the "
-                                               "standard dictionaries are used instead"});
+  EXPECT_EQ(below(english.complaints()), Paths{"own/dictionaries.plist can't be read as a property list; all "
+                                               "dictionaries are searched, in the usual order"});
 }
 
 TEST_F(DictionaryListTest, TakesTheStylesDictionariesFirst) {

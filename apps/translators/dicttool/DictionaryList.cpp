@@ -121,8 +121,8 @@ void DictionaryList::addConfiguration() {
   const std::string path = places_.folder + kConfiguration;
   Value file;
   if (storage().exists(path) && (!platform().propertyLists().readFile(path, &file) || !file.isDict())) {
-    complaints_.push_back(path +
-                          " can't be read as a property list; the standard dictionaries are used instead");
+    complaints_.push_back(
+        path + " can't be read as a property list; all dictionaries are searched, in the usual order");
     file = {};
   }
   const Value* own = file.find(code());
