@@ -3,7 +3,7 @@
 #include <unordered_set>
 
 #include "JsonWriter.h"
-#include "foundation/Storage.h"
+#include "user/OutputFile.h"
 #include "user/UserJson.h"
 #include "user/UserPlace.h"
 #include "user/UserTable.h"
@@ -63,7 +63,7 @@ int runUserExport(const UserOptions& options) {
     std::fwrite(text.data(), 1, text.size(), stdout);
     return kExitFound;
   }
-  if (!writeFileAtomically(options.file, text)) {
+  if (!writeOutputFile(options.file, text)) {
     return report(
         {kExitEnvironment, "not_written", "the file " + options.file + " can't be written", kWriteHint},
         options.json);

@@ -1,10 +1,14 @@
 // `zavel user import` and `zavel user export`.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
+#include <thread>
 
 #include "zavel/RootTest.h"
 
@@ -65,8 +69,36 @@ TEST_F(UserExchangeTest, ExportsHaveAnEntryALine) {
   EXPECT_EQ(folder_.read("x.tsv"), kTable);
   const Outcome lost = user({"export", file("no/x.tsv")}).run();
   EXPECT_EQ(lost.status, 3);
-  EXPECT_EQ(lost.err, "zavel: the file " + file("no/x.tsv") +
-                          " can't be written\nMake room on the disk, or make the folder writable, and try again.\n");
+  EXPECT_EQ(lost.err,
+            "zavel: the file " + file("no/x.tsv") +
+                " can't be written\nMake room on the disk, or make the folder writable, and try again.\n");
+}
+
+TEST_F(UserExchangeTest, AnExportGoesThroughLinksAndPipesAndKeepsTheMode) {
+  import(kTable);
+  folder_.write("real.tsv", "old");
+  std::filesystem::permissions(file("real.tsv"),
+                               std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+  std::filesystem::create_symlink("real.tsv", file("link.tsv"));
+  EXPECT_EQ(user({"export", file("link.tsv")}).run().status, 0);
+  EXPECT_TRUE(std::filesystem::is_symlink(file("link.tsv")));
+  EXPECT_EQ(folder_.read("real.tsv"), kTable);
+  EXPECT_EQ(std::filesystem::status(file("real.tsv")).permissions(), std::filesystem::perms(0600));
+
+  std::filesystem::create_symlink("new.tsv", file("dangling.tsv"));
+  EXPECT_EQ(user({"export", file("dangling.tsv")}).run().status, 0);
+  EXPECT_TRUE(std::filesystem::is_symlink(file("dangling.tsv")));
+  EXPECT_EQ(folder_.read("new.tsv"), kTable);
+
+  ASSERT_EQ(::mkfifo(file("pipe").c_str(), 0600), 0);
+  std::thread reader([this] { folder_.write("read.tsv", folder_.read("pipe")); });
+  EXPECT_EQ(user({"export", file("pipe")}).run().status, 0);
+  // Lets the reader go where the pipe was replaced instead of written.
+  const int end = ::open(file("pipe").c_str(), O_WRONLY | O_NONBLOCK);
+  if (end >= 0) ::close(end);
+  reader.join();
+  EXPECT_TRUE(std::filesystem::is_fifo(file("pipe")));
+  EXPECT_EQ(folder_.read("read.tsv"), kTable);
 }
 
 TEST_F(UserExchangeTest, RefusedLinesAreToldAndTheRestGoesIn) {
