@@ -26,13 +26,14 @@ Failure noMkdict() {
 }
 
 Failure noFolder(const std::string& folder) {
-  return {kExitEnvironment, "no_folder", "the folder " + folder + " can't be made",
+  return {kExitEnvironment, "no_folder", "the folder " + folder + " can't be made" + reasonAgainst(folder),
           "Check that there is room on the disk, and that the folder above it is yours."};
 }
 
 Failure notLocked(const LockFile& lock, const std::string& parent) {
   if (lock.holder().empty()) {
-    return {kExitEnvironment, "locked", "the lock file " + parent + "/.lock can't be made",
+    const std::string path = parent + "/.lock";
+    return {kExitEnvironment, "locked", "the lock file " + path + " can't be made" + reasonAgainst(path),
             "Check that there is room on the disk, and that the folder is yours."};
   }
   return {kExitEnvironment, "locked", "another build is running: " + lock.holder(),

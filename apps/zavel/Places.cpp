@@ -1,8 +1,12 @@
 // Tests: tests/zavel/PlacesTest.cpp
 #include "Places.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <system_error>
 
@@ -77,6 +81,15 @@ bool makeFolders(const std::string& path) {
   std::error_code error;
   std::filesystem::create_directories(path, error);
   return !error && std::filesystem::is_directory(path, error);
+}
+
+std::string reasonAgainst(const std::string& path) {
+  std::filesystem::path folder = std::filesystem::path(path).parent_path();
+  while (access(folder.c_str(), F_OK) != 0 && errno == ENOENT && folder.has_relative_path()) {
+    folder = folder.parent_path();
+  }
+  if (access((folder / ".").c_str(), W_OK) == 0) return {};
+  return std::string(": ") + std::strerror(errno);
 }
 
 }  // namespace zavel::host

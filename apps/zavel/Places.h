@@ -34,6 +34,10 @@ Failure relativePlace();
 // Makes a folder and its parents. False when one can't be made.
 bool makeFolders(const std::string& path);
 
+// Why nothing can be made at `path`, as a message ends: ": Read-only file system", of its folder or the
+// nearest above it that there is. Empty when something can.
+std::string reasonAgainst(const std::string& path);
+
 }  // namespace zavel::host
 
 #endif

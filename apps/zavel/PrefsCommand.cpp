@@ -1,15 +1,10 @@
 // Tests: tests/zavel/PrefsTest.cpp
 #include "PrefsCommand.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cctype>
-#include <cerrno>
 #include <chrono>
 #include <cstdio>
-#include <cstring>
-#include <filesystem>
 #include <functional>
 #include <optional>
 
@@ -19,6 +14,7 @@
 #include "HostPlatform.h"
 #include "JsonWriter.h"
 #include "LockFile.h"
+#include "Places.h"
 #include "PlacesInUse.h"
 #include "Store.h"
 #include "Utf8.h"
@@ -161,15 +157,6 @@ int show(const DictionaryList& list, bool json) {
 Failure noSuchDictionary(const std::string& wanted) {
   return {kExitUsage, "no_such_dictionary", "there is no dictionary \"" + printable(wanted) + "\"",
           "Choose one by its number, name or type from: zavel prefs dict list"};
-}
-
-// Why nothing can be made in the file's folder, or in the nearest above it that there is; empty when it can.
-std::string reasonAgainst(const std::string& path) {
-  std::filesystem::path folder = std::filesystem::path(path).parent_path();
-  while (access(folder.c_str(), F_OK) != 0 && errno == ENOENT && folder.has_relative_path()) {
-    folder = folder.parent_path();
-  }
-  return access(folder.c_str(), W_OK) == 0 ? std::string() : std::string(": ") + std::strerror(errno);
 }
 
 Failure notStored() {

@@ -689,6 +689,9 @@ TEST_F(CommandTest, ABuildThatHasNoPlaceIsTold) {
                               .run();
   EXPECT_EQ(outcome.status, 3);
   EXPECT_NE(outcome.out.find(R"("code":"no_folder")"), std::string::npos);
+  EXPECT_TRUE(outcome.err.starts_with("zavel: the folder " + folder_.file("file") +
+                                      "/dictionaries can't be made: Not a directory\n"))
+      << outcome.err;
 }
 
 TEST_F(CommandTest, ControlBytesOfADamagedEntryReachNoTerminal) {
