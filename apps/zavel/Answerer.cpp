@@ -122,15 +122,16 @@ void Answerer::look(std::string_view word, LookResult* result, Failure* failure)
   *failure = rowFailure(*result);
 }
 
-// The word as it was typed, then in the characters of headwords. Of a word with characters that Shift_JIS
-// lacks the rest alone would be asked for, and another word would answer.
+// The word as it was typed, sound marks joined, then in the characters of headwords. Of a word with
+// characters that Shift_JIS lacks the rest alone would be asked for, and another word would answer.
 void Answerer::askDictionaries(LookResult* result) {
   std::optional<size_t> row;
   if (options_.row > 0) row = static_cast<size_t>(options_.row) - 1;
+  const std::string typed = withSoundMarksJoined(result->query);
   const std::string folded = foldedQuery(result->query);
-  const bool same = folded == result->query || folded.empty();
+  const bool same = folded == typed || folded.empty();
   result->translationUnasked = true;
-  for (const std::string& word : same ? Strings{result->query} : Strings{result->query, folded}) {
+  for (const std::string& word : same ? Strings{typed} : Strings{typed, folded}) {
     if (!wordBytes(word)) {
       if (word == folded) result->unknown = unknownCharacters(word);
       continue;

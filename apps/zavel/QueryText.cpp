@@ -123,16 +123,30 @@ int soundMark(char32_t c) {
   return 0;
 }
 
-// Kanji that keyboards give in a shape that Shift_JIS lacks, each with the shape that it has.
+// Kanji that keyboards give in a shape that headwords lack, each with the shape that they have. The second
+// line of each holds those of names; Shift_JIS as it is in use has a place for them.
 constexpr std::u32string_view kNewShapes =
-    U"𠮷𠮟俠剝啞嚙囊塡屢搔摑潑瀆焰瘦禱簞繡繫萊蔣蟬蠟軀醬醱頰顚驒鷗鹼麴";
+    U"𠮷𠮟俠剝啞嚙囊塡屢搔摑潑瀆焰瘦禱簞繡繫萊蔣蟬蠟軀醬醱頰顚驒鷗鹼麴"
+    U"髙﨑濵德增寬敎曻昻曺栁桒杦橫淸瀨甁綠緖羡薰裵賴贒郞鄕閒靍靏靑黑冝凬勛厓咊悅愠﨟";
 constexpr std::u32string_view kOldShapes =
-    U"吉叱侠剥唖噛嚢填屡掻掴溌涜焔痩祷箪繍繋莱蒋蝉蝋躯醤醗頬顛騨鴎鹸麹";
+    U"吉叱侠剥唖噛嚢填屡掻掴溌涜焔痩祷箪繍繋莱蒋蝉蝋躯醤醗頬顛騨鴎鹸麹"
+    U"高崎濱徳増寛教昇昂曹柳桑杉横清瀬瓶緑緒羨薫裴頼賢郎郷間鶴鶴青黒宜風勲崖和悦慍臈";
 static_assert(kNewShapes.size() == kOldShapes.size());
 
+// The kanji that U+FA10 to U+FA6A repeat for other character sets; a blank where one is a kanji of its own
+// or Shift_JIS lacks it.
+constexpr char32_t kFirstRepeated = 0xFA10;
+constexpr std::u32string_view kRepeated =
+    U"塚　晴　　　猪益礼神祥福靖精羽　　　諸　　逸都　　　飯飼館鶴　隷侮僧免勉勤卑喝嘆器塀墨層屮悔"
+    U"慨憎懲敏既暑梅海渚漢煮　琢碑社祉祈祐祖祝禍禎穀突節練縉繁署者臭　　著褐視謁謹賓贈　逸難響頻";
+static_assert(kRepeated.size() == 0xFA6B - kFirstRepeated);
+
 char32_t oldShape(char32_t c) {
-  const size_t place = c < 0x4E00 ? std::u32string_view::npos : kNewShapes.find(c);
-  return place == std::u32string_view::npos ? c : kOldShapes[place];
+  if (c < 0x4E00) return c;
+  const size_t place = kNewShapes.find(c);
+  if (place != std::u32string_view::npos) return kOldShapes[place];
+  const bool repeated = c >= kFirstRepeated && c - kFirstRepeated < kRepeated.size();
+  return repeated && kRepeated[c - kFirstRepeated] != U'　' ? kRepeated[c - kFirstRepeated] : c;
 }
 
 // Characters that only tell how their neighbours are drawn or where a line may break.
@@ -141,17 +155,19 @@ bool isInvisible(char32_t c) {
          c == 0xFEFF || (c >= 0xE0100 && c <= 0xE01EF);
 }
 
+// Whether `c` is a sound mark that the kana at the end of `out` took.
+bool joinedAsSoundMark(char32_t c, std::u32string* out) {
+  const int mark = soundMark(c);
+  const char32_t joined = mark != 0 && !out->empty() ? voiced(out->back(), mark == 2) : 0;
+  if (joined != 0) out->back() = joined;
+  return joined != 0;
+}
+
 void appendPlain(char32_t c, std::u32string* out) {
   if (isInvisible(c)) return;
   if (c >= 0xFF01 && c <= 0xFF5E) c -= 0xFEE0;  // full-width ASCII
   if (c >= 0xFF66 && c <= 0xFF9D) c = kFullKatakana[c - 0xFF66];
-  const int mark = soundMark(c);
-  if (mark != 0 && !out->empty()) {
-    if (const char32_t joined = voiced(out->back(), mark == 2)) {
-      out->back() = joined;
-      return;
-    }
-  }
+  if (joinedAsSoundMark(c, out)) return;
   const std::u32string_view letters = ligature(c);
   if (!letters.empty()) {
     *out += letters;
@@ -272,6 +288,15 @@ std::string foldedQuery(std::string_view utf8) {
     word = withKanjiNumbers(withoutIterationMarks(word));
   }
   return encoded(word);
+}
+
+std::string withSoundMarksJoined(std::string_view utf8) {
+  bool sound = true;
+  std::u32string out;
+  for (const char32_t c : decoded(utf8, &sound)) {
+    if (!joinedAsSoundMark(c, &out)) out += c;
+  }
+  return sound ? encoded(out) : std::string(utf8);
 }
 
 std::string plainCharacters(std::string_view utf8) {

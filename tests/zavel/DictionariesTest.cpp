@@ -368,6 +368,40 @@ TEST_F(DictionariesTest, AWordOfOtherCharactersIsAskedForInThoseOfHeadwords) {
   }
 }
 
+TEST_F(DictionariesTest, AKanaWithASoundMarkBehindItIsAskedForAsOneSound) {
+  helper("word=$(iconv -f CP932 -t UTF-8 \"$source\")\n" + answer("about $word"));
+  enable();
+  for (const auto& [typed, asked] : std::vector<std::pair<std::string, std::string>>{
+           {"か゛", "が"}, {"き゛んこう", "ぎんこう"}, {"ハ゜ン", "パン"}}) {
+    const Json json = Json::parse(zavel({"look", "--json", typed}).run().out);
+    ASSERT_EQ(json["query"], typed);
+    std::string text;
+    for (const Json& row : json["rows"]) {
+      if (row["type"] == "translation") text = row["text"];
+    }
+    EXPECT_EQ(text, "    about " + asked);
+  }
+}
+
+TEST_F(DictionariesTest, ANameIsAskedForInTheShapesOfKanjiThatHeadwordsHave) {
+  helper("word=$(iconv -f CP932 -t UTF-8 \"$source\")\ncase $word in\n高橋|濱田|山崎) " +
+         answer("about $word") +
+         ";;\n*) printf '<plist version=\"1.0\"><dict><key>Search</key><array/></dict>" +
+         "</plist>' >\"$result\";;\nesac\n");
+  enable();
+  for (const auto& [typed, asked] : std::vector<std::pair<std::string, std::string>>{
+           {"髙橋", "高橋"}, {"濵田", "濱田"}, {"山﨑", "山崎"}}) {
+    const Json json = Json::parse(zavel({"look", "--json", typed}).run().out);
+    EXPECT_EQ(json["query"], typed);
+    EXPECT_EQ(json["origin"], asked);
+    ASSERT_EQ(json["rows"].size(), 1u) << typed;
+    EXPECT_EQ(json["rows"][0]["title"], asked);
+    EXPECT_EQ(json["rows"][0]["text"], "    about " + asked);
+  }
+  const Outcome outcome = zavel({"look", "--suggest", "0", "德川"}).run();
+  EXPECT_EQ(outcome.err, "zavel: no entry for \"德川\" or \"徳川\"\n");
+}
+
 TEST_F(DictionariesTest, WhatWasTriedIsToldWhenNothingIsFound) {
   EXPECT_EQ(zavel({"look", "--suggest", "0", "𠮷野家"}).run().err,
             "zavel: no entry for \"𠮷野家\" or \"吉野家\"\n");

@@ -26,6 +26,17 @@ TEST(FoldedQuery, JoinsCombiningSoundMarks) {
   EXPECT_EQ(foldedQuery("ハ\xE3\x82\x9Aン"), "パン");
 }
 
+TEST(WithSoundMarksJoined, ChangesNothingElse) {
+  EXPECT_EQ(withSoundMarksJoined("か゛"), "が");
+  EXPECT_EQ(withSoundMarksJoined("き゛んこう"), "ぎんこう");
+  EXPECT_EQ(withSoundMarksJoined("ハ゜ン"), "パン");
+  EXPECT_EQ(withSoundMarksJoined("「か゛」"), "「が」");
+  EXPECT_EQ(withSoundMarksJoined("あ゛"), "あ゛");
+  EXPECT_EQ(withSoundMarksJoined("゛"), "゛");
+  EXPECT_EQ(withSoundMarksJoined("café １月"), "café １月");
+  EXPECT_EQ(withSoundMarksJoined("か゛\xFF"), "か゛\xFF");
+}
+
 TEST(FoldedQuery, TakesAccentsOff) {
   EXPECT_EQ(foldedQuery("café"), "cafe");
   EXPECT_EQ(foldedQuery("naïve"), "naive");
@@ -79,6 +90,19 @@ TEST(FoldedQuery, TakesTheShapesOfKanjiThatHeadwordsHave) {
   EXPECT_EQ(foldedQuery("鷗"), "鴎");
   EXPECT_EQ(foldedQuery("麴"), "麹");
   EXPECT_EQ(foldedQuery("葛"), "葛");
+}
+
+TEST(FoldedQuery, TakesTheShapesOfKanjiOfNamesThatHeadwordsHave) {
+  const std::pair<const char*, const char*> names[] = {
+      {"髙橋", "高橋"}, {"濵田", "濱田"}, {"山﨑", "山崎"},     {"德川", "徳川"},     {"\uFA10本", "塚本"},
+      {"廣瀨", "廣瀬"}, {"黑田", "黒田"}, {"靑木", "青木"},     {"淸水", "清水"},     {"橫山", "横山"},
+      {"增田", "増田"}, {"栁田", "柳田"}, {"本鄕", "本郷"},     {"賴山", "頼山"},     {"五郞", "五郎"},
+      {"桒原", "桑原"}, {"上杦", "上杉"}, {"\uFA19戸", "神戸"}, {"美\uFA30", "美侮"}, {"音\uFA69", "音響"}};
+  for (const auto& [typed, headword] : names) EXPECT_EQ(foldedQuery(typed), headword);
+  EXPECT_EQ(foldedQuery("\uFA0F"), "\uFA0F");  // a kanji of its own
+  EXPECT_EQ(foldedQuery("\uFA13"), "\uFA13");  // so is this one, among those that repeat others
+  EXPECT_EQ(foldedQuery("\uFA6B"), "\uFA6B");
+  EXPECT_EQ(foldedQuery("渡邊"), "渡邊");  // headwords have it
 }
 
 TEST(FoldedQuery, LeavesOutWhatCannotBeSeen) {
