@@ -21,7 +21,9 @@ enum Kind : unsigned {
   kPolite = 1u << 6,     // in ます
   kPoliteNot = 1u << 7,  // in ません
   kPastOfI = 1u << 8,    // in かった
-  kLast = 1u << 9,       // nothing follows it
+  kNa = 1u << 9,         // what な and だ follow: 静か, 食べそう
+  kPoliteNa = 1u << 10,  // the same with です
+  kLast = 1u << 11,      // nothing follows it
   kAny = ~0u,            // the word as it was typed
 };
 
@@ -94,8 +96,46 @@ constexpr TeEnding kTeEndings[] = {
     {"てあげる", "であげる", kIchidan, "favour done (てあげる)"},
     {"てください", "でください", kLast, "request (てください)"},
     {"て下さい", "で下さい", kLast, "request (てください)"},
+    {"てほしい", "でほしい", kAdjective, "desire (てほしい)"},
     {"ては", "では", kLast, "topic (ては)"},
+    {"てはいけない", "ではいけない", kAdjective, "prohibition (てはいけない)"},
+    {"てはならない", "ではならない", kAdjective, "prohibition (てはならない)"},
+    {"ちゃいけない", "じゃいけない", kAdjective, "prohibition (てはいけない)"},
+    {"ちゃだめ", "じゃだめ", kNa, "prohibition (てはだめ)"},
+    {"てはだめ", "ではだめ", kNa, "prohibition (てはだめ)"},
     {"ても", "でも", kLast, "concession (ても)"},
+    {"てもいい", "でもいい", kAdjective, "permission (てもいい)"},
+};
+
+// What says that something must be, behind the form ahead of ない.
+struct MustEnding {
+  const char* ending;
+  unsigned asks;
+  const char* reason;
+};
+
+constexpr const char* kMustIfNot = "obligation (なければならない)";
+constexpr const char* kMustWithout = "obligation (なくてはならない)";
+constexpr const char* kMustOr = "obligation (ないといけない)";
+
+constexpr MustEnding kMustEndings[] = {
+    {"なければならない", kAdjective, kMustIfNot},
+    {"なければいけない", kAdjective, kMustIfNot},
+    {"なければだめ", kNa, kMustIfNot},
+    {"なきゃ", kLast, kMustIfNot},
+    {"なきゃならない", kAdjective, kMustIfNot},
+    {"なきゃいけない", kAdjective, kMustIfNot},
+    {"なきゃだめ", kNa, kMustIfNot},
+    {"なくては", kLast, kMustWithout},
+    {"なくてはならない", kAdjective, kMustWithout},
+    {"なくてはいけない", kAdjective, kMustWithout},
+    {"なくてはだめ", kNa, kMustWithout},
+    {"なくちゃ", kLast, kMustWithout},
+    {"なくちゃならない", kAdjective, kMustWithout},
+    {"なくちゃいけない", kAdjective, kMustWithout},
+    {"なくちゃだめ", kNa, kMustWithout},
+    {"ないといけない", kAdjective, kMustOr},
+    {"ないとだめ", kNa, kMustOr},
 };
 
 // What follows the stem, the form ahead of ます.
@@ -115,8 +155,9 @@ constexpr StemEnding kStemEndings[] = {
     {"やすい", kAdjective, "ease (やすい)"},
     {"にくい", kAdjective, "difficulty (にくい)"},
     {"に", kLast, "purpose (に)"},
-    {"そう", kLast, "appearance (そう)"},
-    {"そうな", kLast, "appearance (そう)"},
+    {"そう", kNa, "appearance (そう)"},
+    {"つつ", kLast, "while (つつ)"},
+    {"づらい", kAdjective, "difficulty (づらい)"},
     {"始める", kIchidan, "beginning (始める)"},
     {"はじめる", kIchidan, "beginning (始める)"},
 };
@@ -138,7 +179,10 @@ class Rules {
  public:
   Rules() {
     addPolite();
-    // Ahead of the rows: 行った is rather 行く than 行う.
+    addNa();
+    // Ahead of the rows: 来れば is rather くる than きたる, 行った rather 行く than 行う.
+    addKuru("来", "来", "来", "来");
+    addKuru("こ", "き", "く", "こ");
     for (const auto& [te, base] : kOddTe) addTe(te, false, base, kGodan);
     for (const GodanRow& row : kGodanRows) addGodan(row);
     for (const char* verb : kOddStems)
@@ -146,8 +190,6 @@ class Rules {
     addIchidan();
     addAdjective();
     addSuru();
-    addKuru("来", "来", "来", "来");
-    addKuru("こ", "き", "く", "こ");
     for (const StemEnding& row : kStemEndings) add(row.ending, "", row.asks, kStem, row.reason);
   }
 
@@ -184,27 +226,82 @@ class Rules {
     add("ましょう", "ます", kLast, kPolite, kVolitional);
     add("いです", "い", kLast, kAdjective, "polite");
     add("かったです", "かった", kLast, kPastOfI, "polite");
+    // The verbs of "must" and "must not", which belong to the ending ahead of them.
+    constexpr std::pair<const char*, const char*> kVerbs[] = {{"なりません", "ならない"},
+                                                              {"いけません", "いけない"}};
+    for (const auto& [polite, plain] : kVerbs) {
+      for (const char* ahead : {"は", "ちゃ", "じゃ", "なければ", "なきゃ", "ないと", "ねば"}) {
+        add(Text(ahead) + polite, Text(ahead) + plain, kPoliteNot, kAdjective, "polite");
+      }
+    }
+  }
+
+  // The copula, which な-adjectives inflect by. Short endings are those of many words: あな is no form of あ.
+  void addNa() {
+    add("な", "", kLast, kNa, "attributive", true);
+    add("に", "", kLast, kNa, "adverbial", true);
+    add("だ", "", kLast, kNa, "predicative (だ)", true);
+    add("で", "", kLast, kNa, "te form", true);
+    add("さ", "", kLast, kNa, "noun (さ)", true);
+    add("そう", "", kNa, kNa, "appearance (そう)", true);
+    add("だった", "", kLast, kNa, "past");
+    add("だったら", "", kLast, kNa, "conditional (たら)");
+    add("なら", "", kLast, kNa, "conditional (なら)", true);
+    add("ならば", "", kLast, kNa, "conditional (なら)");
+    add("でも", "", kLast, kNa, "concession (ても)", true);
+    add("です", "", kPoliteNa, kNa, "polite");
+    add("でした", "です", kLast, kPoliteNa, "past");
+    add("だろう", "", kLast, kNa, "presumption (だろう)");
+    add("でしょう", "です", kLast, kPoliteNa, "presumption (だろう)");
+    for (const char* not_ : {"ではない", "じゃない", "でない"}) add(not_, "", kAdjective, kNa, kNegative);
+    for (const char* not_ : {"ではありません", "じゃありません"}) {
+      add(not_, "です", kPoliteNot, kPoliteNa, kNegative);
+    }
+    for (const MustEnding& row : kMustEndings) {
+      add(Text("で") + row.ending, "", row.asks, kNa, row.reason);
+    }
+    add("である", "", kGodan, kNa, "literary (である)");
+    add("になる", "", kGodan, kNa, "becoming (になる)", true);
+    add("にする", "", kSuru, kNa, "making (にする)", true);
+    add("すぎる", "", kIchidan, kNa, "excess (すぎる)");
+    add("過ぎる", "", kIchidan, kNa, "excess (すぎる)");
   }
 
   void addTe(const Text& te, bool voiced, const Text& base, unsigned gives) {
     for (const TeEnding& row : kTeEndings) {
       add(te + (voiced ? row.voiced : row.ending), base, row.asks, gives, row.reason);
     }
+    // かんじゃ is rather 患者 than a form of 噛む.
+    add(te + (voiced ? "じゃ" : "ちゃ"), base, kLast, gives, "topic (ては)", true);
   }
 
   // What follows the form ahead of ない, which is negative in every verb.
   void addNegative(const Text& a, const Text& base, unsigned gives) {
     add(a + "ない", base, kAdjective, gives, kNegative);
+    add(a + "ないで", base, kLast, gives, "negative (ないで)");
     add(a + "ず", base, kLast, gives, "negative (ず)");
     add(a + "ずに", base, kLast, gives, "negative (ずに)");
     add(a + "ぬ", base, kLast, gives, "negative (ぬ)");
-    add(a + "なきゃ", base, kLast, gives, "obligation (なきゃ)");
+    addMust(a, base, gives);
+  }
+
+  void addMust(const Text& a, const Text& base, unsigned gives) {
+    for (const MustEnding& row : kMustEndings) add(a + row.ending, base, row.asks, gives, row.reason);
+  }
+
+  // Where ahead of ない stands another form than ahead of ず (する: せねば), `a` is the latter.
+  void addMustWithNeba(const Text& a, const Text& base, unsigned gives) {
+    constexpr const char* kMust = "obligation (ねばならない)";
+    add(a + "ねば", base, kLast, gives, kMust);
+    for (const char* end : {"ならない", "いけない"}) add(a + "ねば" + end, base, kAdjective, gives, kMust);
+    add(a + "ねばならぬ", base, kLast, gives, kMust);
   }
 
   void addGodan(const GodanRow& row) {
     const Text u = row.u, a = row.a, i = row.i, e = row.e, o = row.o;
     addTe(row.te, row.voiced, u, kGodan);
     addNegative(a, u, kGodan);
+    addMustWithNeba(a, u, kGodan);
     add(a + "れる", u, kIchidan, kGodan, kPassive, true);
     add(a + "せる", u, kIchidan, kGodan, kCausative, true);
     add(a + "す", u, kGodan, kGodan, kCausative, true);
@@ -219,6 +316,7 @@ class Rules {
   void addIchidan() {
     addTe("", false, "る", kIchidan);
     addNegative("", "る", kIchidan);
+    addMustWithNeba("", "る", kIchidan);
     add("られる", "る", kIchidan, kIchidan, kPotentialOrPassive, true);
     add("れる", "る", kIchidan, kIchidan, kPotential, true);
     add("させる", "る", kIchidan, kIchidan, kCausative, true);
@@ -235,13 +333,15 @@ class Rules {
     add("くて", "い", kLast, kAdjective, "te form");
     add("くても", "い", kLast, kAdjective, "concession (ても)");
     add("くない", "い", kAdjective, kAdjective, kNegative);
+    addMust("く", "い", kAdjective);
+    add("くては", "い", kLast, kAdjective, "topic (ては)");
+    add("かったり", "い", kLast, kAdjective, "listing (たり)");
     add("くなる", "い", kGodan, kAdjective, "becoming (くなる)");
     add("くする", "い", kSuru, kAdjective, "making (くする)");
     add("ければ", "い", kLast, kAdjective, kConditional);
     add("く", "い", kLast, kAdjective, "adverbial");
     add("さ", "い", kLast, kAdjective, "noun (さ)", true);
-    add("そう", "い", kLast, kAdjective, "appearance (そう)", true);
-    add("そうな", "い", kLast, kAdjective, "appearance (そう)");
+    add("そう", "い", kNa, kAdjective, "appearance (そう)", true);
     add("すぎる", "い", kIchidan, kAdjective, "excess (すぎる)");
     add("過ぎる", "い", kIchidan, kAdjective, "excess (すぎる)");
   }
@@ -249,6 +349,7 @@ class Rules {
   void addSuru() {
     addTe("し", false, "する", kSuru);
     addNegative("し", "する", kSuru);
+    addMustWithNeba("せ", "する", kSuru);
     add("せず", "する", kLast, kSuru, "negative (ず)");
     add("せずに", "する", kLast, kSuru, "negative (ずに)");
     add("される", "する", kIchidan, kSuru, kPassive);
@@ -267,6 +368,7 @@ class Rules {
     const Text base = ku + "る";
     addTe(ki, false, base, kKuru);
     addNegative(ko, base, kKuru);
+    addMustWithNeba(ko, base, kKuru);
     add(ko + "られる", base, kIchidan, kKuru, kPotentialOrPassive);
     add(ko + "れる", base, kIchidan, kKuru, kPotential);
     add(ko + "させる", base, kIchidan, kKuru, kCausative);
@@ -313,8 +415,12 @@ bool isVoice(std::string_view reason) {
   return reason.ends_with("passive") || reason == "potential";
 }
 
+bool hasVoice(const std::vector<std::string>& reasons) {
+  return std::any_of(reasons.begin(), reasons.end(), isVoice);
+}
+
 bool repeats(const std::vector<std::string>& reasons, std::string_view reason) {
-  return holds(reasons, reason) || (isVoice(reason) && std::any_of(reasons.begin(), reasons.end(), isVoice));
+  return holds(reasons, reason) || (isVoice(reason) && hasVoice(reasons));
 }
 
 // Whether `rule` may be undone in `form`.
@@ -344,6 +450,11 @@ bool mayBeIchidan(std::string_view word) {
   return !hiragana || kSounds.find(sound) != std::string_view::npos;
 }
 
+// きたる never has a passive or a potential: 来られる is くる, though both are written 来る.
+bool lacksVoices(std::string_view godan) {
+  return godan == "来る" || godan == "来たる" || godan == "きたる";
+}
+
 // Takes a form for a dictionary form, once for each way in which it may inflect.
 class Bases {
  public:
@@ -353,10 +464,13 @@ class Bases {
                                                               {kAdjective, Inflects::kAdjective},
                                                               {kKuru, Inflects::kKuru},
                                                               {kSuru, Inflects::kSuru}};
-    if (form.typed || form.text.size() < 2 * kCharacter) return;  // no verb has one character
+    if (form.typed) return;
+    if ((form.kind & kNa) != 0 && !form.text.empty()) add({form.text, Inflects::kNa, form.reasons});
+    if (form.text.size() < 2 * kCharacter) return;  // no verb has one character
     for (const auto& [kind, way] : kWays) {
       if ((form.kind & kind) == 0) continue;
       if (way == Inflects::kIchidan && !mayBeIchidan(form.text)) continue;
+      if (way == Inflects::kGodan && lacksVoices(form.text) && hasVoice(form.reasons)) continue;
       add({form.text, way, form.reasons});
     }
   }
@@ -422,6 +536,8 @@ bool inflectsSo(const BaseForm& base, const std::vector<std::string>& labels) {
       return holds(labels, "動サ変");
     case Inflects::kWithSuru:
       return holds(labels, "サ変");
+    case Inflects::kNa:
+      return holds(labels, "形動");
     case Inflects::kGodan:
       break;
   }

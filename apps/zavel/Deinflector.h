@@ -21,6 +21,7 @@ enum class Inflects : uint8_t {
   kKuru,       // 来る
   kSuru,       // 愛する, する
   kWithSuru,   // 勉強: a noun that する makes a verb of
+  kNa,         // 静か: an adjective that な and だ follow
 };
 
 struct BaseForm {
@@ -33,7 +34,8 @@ struct BaseForm {
 // the first only. No chain holds a reason twice. Empty when no ending fits.
 //   "行った"   行く past, godan; 行う past, godan; ...
 // With `plain` set only by endings that can't well belong to another dictionary form: those that make forms
-// which look like other words (potential 読める, imperative 行け, 美しさ) stay out at the start of a chain.
+// which look like other words (potential 読める, imperative 行け, 美しさ, 静かに) stay out at the start of a
+// chain.
 std::vector<BaseForm> baseFormsOf(std::string_view word, bool plain);
 
 // Whether a word that the dictionary files under `labels` (動カ五, 形, サ変, ...) inflects as `base` needs.

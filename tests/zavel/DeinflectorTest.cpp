@@ -119,6 +119,136 @@ TEST(Deinflector, TheTwoIrregularVerbs) {
          {"勉強されない", "勉強", Inflects::kWithSuru, {"negative", "passive", "verb with する"}}});
 }
 
+TEST(Deinflector, EndingsOfANaAdjective) {
+  check({{"静かな", "静か", Inflects::kNa, {"attributive"}},
+         {"静かに", "静か", Inflects::kNa, {"adverbial"}},
+         {"静かだ", "静か", Inflects::kNa, {"predicative (だ)"}},
+         {"静かで", "静か", Inflects::kNa, {"te form"}},
+         {"静かさ", "静か", Inflects::kNa, {"noun (さ)"}},
+         {"静かだった", "静か", Inflects::kNa, {"past"}},
+         {"元気だった", "元気", Inflects::kNa, {"past"}},
+         {"変な", "変", Inflects::kNa, {"attributive"}},
+         {"静かだったら", "静か", Inflects::kNa, {"conditional (たら)"}},
+         {"静かなら", "静か", Inflects::kNa, {"conditional (なら)"}},
+         {"静かならば", "静か", Inflects::kNa, {"conditional (なら)"}},
+         {"静かでも", "静か", Inflects::kNa, {"concession (ても)"}},
+         {"静かだろう", "静か", Inflects::kNa, {"presumption (だろう)"}},
+         {"静かでしょう", "静か", Inflects::kNa, {"presumption (だろう)", "polite"}},
+         {"静かです", "静か", Inflects::kNa, {"polite"}},
+         {"静かでした", "静か", Inflects::kNa, {"past", "polite"}},
+         {"静かではない", "静か", Inflects::kNa, {"negative"}},
+         {"静かじゃない", "静か", Inflects::kNa, {"negative"}},
+         {"静かでない", "静か", Inflects::kNa, {"negative"}},
+         {"静かではなかった", "静か", Inflects::kNa, {"past", "negative"}},
+         {"静かではありません", "静か", Inflects::kNa, {"negative", "polite"}},
+         {"静かじゃありませんでした", "静か", Inflects::kNa, {"past", "negative", "polite"}},
+         {"静かでなければならない", "静か", Inflects::kNa, {"obligation (なければならない)"}},
+         {"静かである", "静か", Inflects::kNa, {"literary (である)"}},
+         {"静かであった", "静か", Inflects::kNa, {"past", "literary (である)"}},
+         {"元気になった", "元気", Inflects::kNa, {"past", "becoming (になる)"}},
+         {"静かにして", "静か", Inflects::kNa, {"te form", "making (にする)"}},
+         {"静かそうだ", "静か", Inflects::kNa, {"predicative (だ)", "appearance (そう)"}},
+         {"静かすぎる", "静か", Inflects::kNa, {"excess (すぎる)"}}});
+}
+
+TEST(Deinflector, WhatMustBe) {
+  const Strings mustIfNot{"obligation (なければならない)"}, mustWithout{"obligation (なくてはならない)"};
+  check(
+      {{"食べなければならない", "食べる", Inflects::kIchidan, mustIfNot},
+       {"来なければならない", "来る", Inflects::kKuru, mustIfNot},
+       {"こなければならない", "くる", Inflects::kKuru, mustIfNot},
+       {"しなければいけない", "する", Inflects::kSuru, mustIfNot},
+       {"行かなければだめ", "行く", Inflects::kGodan, mustIfNot},
+       {"食べなきゃ", "食べる", Inflects::kIchidan, mustIfNot},
+       {"行かなきゃならない", "行く", Inflects::kGodan, mustIfNot},
+       {"行かなきゃいけない", "行く", Inflects::kGodan, mustIfNot},
+       {"行かなきゃだめ", "行く", Inflects::kGodan, mustIfNot},
+       {"行かなくては", "行く", Inflects::kGodan, mustWithout},
+       {"行かなくてはならない", "行く", Inflects::kGodan, mustWithout},
+       {"行かなくてはいけない", "行く", Inflects::kGodan, mustWithout},
+       {"行かなくてはだめ", "行く", Inflects::kGodan, mustWithout},
+       {"行かなくちゃ", "行く", Inflects::kGodan, mustWithout},
+       {"行かなくちゃならない", "行く", Inflects::kGodan, mustWithout},
+       {"行かなくちゃいけない", "行く", Inflects::kGodan, mustWithout},
+       {"行かなくちゃだめ", "行く", Inflects::kGodan, mustWithout},
+       {"行かないといけない", "行く", Inflects::kGodan, {"obligation (ないといけない)"}},
+       {"行かないとだめ", "行く", Inflects::kGodan, {"obligation (ないといけない)"}},
+       {"行かねば", "行く", Inflects::kGodan, {"obligation (ねばならない)"}},
+       {"行かねばならない", "行く", Inflects::kGodan, {"obligation (ねばならない)"}},
+       {"行かねばならぬ", "行く", Inflects::kGodan, {"obligation (ねばならない)"}},
+       {"せねばならない", "する", Inflects::kSuru, {"obligation (ねばならない)"}},
+       {"来ねばならない", "来る", Inflects::kKuru, {"obligation (ねばならない)"}},
+       {"食べねばなりません", "食べる", Inflects::kIchidan, {"polite", "obligation (ねばならない)"}},
+       {"美しくなければならない", "美しい", Inflects::kAdjective, mustIfNot},
+       {"食べなければならなかった", "食べる", Inflects::kIchidan, {"past", "obligation (なければならない)"}},
+       {"食べなければなりません", "食べる", Inflects::kIchidan, {"polite", "obligation (なければならない)"}},
+       {"食べなければなりませんでした",
+        "食べる",
+        Inflects::kIchidan,
+        {"past", "polite", "obligation (なければならない)"}},
+       {"行かないといけません", "行く", Inflects::kGodan, {"polite", "obligation (ないといけない)"}},
+       {"勉強しなければならない",
+        "勉強",
+        Inflects::kWithSuru,
+        {"obligation (なければならない)", "verb with する"}}});
+}
+
+TEST(Deinflector, WhatMustNotBeAndWhatMay) {
+  check({{"食べてはいけない", "食べる", Inflects::kIchidan, {"prohibition (てはいけない)"}},
+         {"飲んではならない", "飲む", Inflects::kGodan, {"prohibition (てはならない)"}},
+         {"飲んじゃいけません", "飲む", Inflects::kGodan, {"polite", "prohibition (てはいけない)"}},
+         {"飲んではなりません", "飲む", Inflects::kGodan, {"polite", "prohibition (てはならない)"}},
+         {"食べちゃだめ", "食べる", Inflects::kIchidan, {"prohibition (てはだめ)"}},
+         {"飲んではだめだ", "飲む", Inflects::kGodan, {"predicative (だ)", "prohibition (てはだめ)"}},
+         {"食べてもいい", "食べる", Inflects::kIchidan, {"permission (てもいい)"}},
+         {"食べてもいいです", "食べる", Inflects::kIchidan, {"polite", "permission (てもいい)"}}});
+}
+
+TEST(Deinflector, EndingsOfSpeech) {
+  check({{"飲んじゃった", "飲む", Inflects::kGodan, {"past", "completion (てしまう)"}},
+         {"食べちゃう", "食べる", Inflects::kIchidan, {"completion (てしまう)"}},
+         {"食べちゃ", "食べる", Inflects::kIchidan, {"topic (ては)"}},
+         {"飲んじゃ", "飲む", Inflects::kGodan, {"topic (ては)"}},
+         {"食べないで", "食べる", Inflects::kIchidan, {"negative (ないで)"}},
+         {"食べてほしかった", "食べる", Inflects::kIchidan, {"past", "desire (てほしい)"}},
+         {"食べづらい", "食べる", Inflects::kIchidan, {"difficulty (づらい)"}},
+         {"食べつつ", "食べる", Inflects::kIchidan, {"while (つつ)"}},
+         {"食べそうだった", "食べる", Inflects::kIchidan, {"past", "appearance (そう)"}},
+         {"美しそうな", "美しい", Inflects::kAdjective, {"attributive", "appearance (そう)"}},
+         {"美しかったり", "美しい", Inflects::kAdjective, {"listing (たり)"}},
+         {"美しくては", "美しい", Inflects::kAdjective, {"topic (ては)"}}});
+}
+
+// Particles and what follows a whole form are words of their own.
+TEST(Deinflector, WhatIsNoEnding) {
+  for (const char* word :
+       {"食べるな", "食べるだろう", "食べるらしい", "食べるべき", "食べるから", "食べましたか"}) {
+    EXPECT_EQ(chain(word, "食べる", Inflects::kIchidan), Strings{"no"}) << word;
+  }
+  EXPECT_EQ(chain("しねば", "する", Inflects::kSuru), Strings{"no"});  // of 死ぬ
+  EXPECT_EQ(chain("静かか", "静か", Inflects::kNa), Strings{"no"});
+  EXPECT_EQ(chain("静かない", "静か", Inflects::kNa), Strings{"no"});
+  EXPECT_EQ(chain("静かなだった", "静か", Inflects::kNa), Strings{"no"});
+}
+
+TEST(Deinflector, KitaruHasNoPassiveAndNoPotential) {
+  for (const char* word : {"来られる", "来れる", "来られた", "来られない", "来れます"}) {
+    EXPECT_EQ(chain(word, "来る", Inflects::kGodan), Strings{"no"}) << word;
+    EXPECT_NE(chain(word, "来る", Inflects::kKuru), Strings{"no"}) << word;
+  }
+  EXPECT_EQ(chain("来たられる", "来たる", Inflects::kGodan), Strings{"no"});
+  EXPECT_EQ(chain("きたれる", "きたる", Inflects::kGodan), Strings{"no"});
+  EXPECT_EQ(chain("来らず", "来る", Inflects::kGodan), Strings{"negative (ず)"});
+  EXPECT_EQ(chain("入られる", "入る", Inflects::kGodan), Strings{"passive"});
+}
+
+TEST(Deinflector, KuruComesBeforeKitaru) {
+  const std::vector<BaseForm> bases = baseFormsOf("来れば", false);
+  ASSERT_FALSE(bases.empty());
+  EXPECT_EQ(bases.front().inflects, Inflects::kKuru);
+  EXPECT_EQ(bases.front().reasons, Strings{"conditional (ば)"});
+}
+
 TEST(Deinflector, SimplestFirst) {
   size_t least = 0;
   for (const BaseForm& form : baseFormsOf("食べられなかった", false)) {
@@ -150,9 +280,13 @@ TEST(Deinflector, NothingFollowsAFinishedForm) {
 }
 
 TEST(Deinflector, PlainLeavesOutWhatLooksLikeOtherWords) {
-  for (const char* word : {"書ける", "書け", "書かれる", "書き", "書こう"}) {
+  for (const char* word : {"書ける", "書け", "書かれる", "書き", "書こう", "書いちゃ"}) {
     EXPECT_EQ(chain(word, "書く", Inflects::kGodan, true), Strings{"no"}) << word;
   }
+  for (const char* word : {"静かな", "静かに", "静かだ", "静かで", "静かさ", "静かなら"}) {
+    EXPECT_EQ(chain(word, "静か", Inflects::kNa, true), Strings{"no"}) << word;
+  }
+  EXPECT_EQ(chain("静かだった", "静か", Inflects::kNa, true), Strings{"past"});
   EXPECT_EQ(chain("書けない", "書く", Inflects::kGodan, true), (Strings{"negative", "potential"}));
   EXPECT_EQ(chain("書いた", "書く", Inflects::kGodan, true), Strings{"past"});
 }
@@ -185,6 +319,9 @@ TEST(InflectsSo, AsksForTheClassOfTheBase) {
   EXPECT_TRUE(inflectsSo({"する", Inflects::kSuru, {}}, {"動サ変"}));
   EXPECT_TRUE(inflectsSo({"勉強", Inflects::kWithSuru, {}}, {"名", "サ変"}));
   EXPECT_FALSE(inflectsSo({"猫", Inflects::kWithSuru, {}}, {"名"}));
+  EXPECT_TRUE(inflectsSo({"元気", Inflects::kNa, {}}, {"形動", "名"}));
+  EXPECT_FALSE(inflectsSo({"猫", Inflects::kNa, {}}, {"名"}));
+  EXPECT_FALSE(inflectsSo({"美しい", Inflects::kNa, {}}, {"形"}));
   EXPECT_FALSE(inflectsSo({"食べる", Inflects::kIchidan, {}}, {}));
 }
 

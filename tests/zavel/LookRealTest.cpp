@@ -115,6 +115,33 @@ TEST_F(LookReal, JapaneseEndingsLeadToTheDictionaryForm) {
          {"いらっしゃいます", "いらっしゃる", {"polite"}}});
 }
 
+TEST_F(LookReal, ComingIsKuruWhereKitaruHasNoSuchForm) {
+  for (const char* word : {"来られる", "来れる", "来れば", "来ました"}) {
+    const LookResult result = look(word);
+    ASSERT_FALSE(result.entries.empty()) << word;
+    EXPECT_EQ(result.entries[0].reading, "くる") << word;
+  }
+  for (const char* word : {"来られる", "来れる"}) {
+    for (const Entry& entry : look(word).entries) EXPECT_NE(entry.reading, "きたる") << word;
+  }
+}
+
+TEST_F(LookReal, NaAdjectivesAndObligationsLeadToTheDictionaryForm) {
+  leads({{"静かな", "静か", {"attributive"}},
+         {"静かだ", "静か", {"predicative (だ)"}},
+         {"静かだった", "静か", {"past"}},
+         {"静かではない", "静か", {"negative"}},
+         {"元気だった", "元気", {"past"}},
+         {"変な", "変", {"attributive"}},
+         {"食べなければならない", "食べる", {"obligation (なければならない)"}},
+         {"来なければならない", "来る", {"obligation (なければならない)"}},
+         {"行かなくちゃ", "行く", {"obligation (なくてはならない)"}},
+         {"食べなきゃ", "食べる", {"obligation (なければならない)"}},
+         {"飲んじゃった", "飲む", {"past", "completion (てしまう)"}},
+         {"食べちゃう", "食べる", {"completion (てしまう)"}}});
+  EXPECT_TRUE(look("机だった").entries.empty());  // a noun has no endings
+}
+
 TEST_F(LookReal, TheSameKanaComeFirst) {
   EXPECT_EQ(look("ビール").entries.at(0).headword, "ビール");
   for (const char* word : {"する", "くる", "みる"}) {
