@@ -40,6 +40,24 @@ rows=$("$folder/build/host-window" "$folder/user" goes 2>&1) || { echo "host-win
 [ "$(tail -n 1 <<<"$rows")" = "something is shown" ] || { echo "host-window says: $rows"; exit 1; }
 grep -q '^\**go ' <<<"$rows" || { echo "host-window lists no go: $rows"; exit 1; }
 
+# The program of the guide, compiled as it says there, finds the library and tells of a missing dictionary.
+awk '/^```cpp/ { text = ""; on = 1; next } /^```/ { if (on && text ~ /int main/) printf "%s", text; on = 0 }
+     on { text = text $0 "\n" }' "$source/docs/hosting.md" >"$folder/look.cpp"
+rpath=-Wl,-rpath,$(pkg-config --variable=libdir zavellex)
+grep -qF -- "-Wl,-rpath,\"\$lib\" -o look" "$source/docs/hosting.md" || { echo "the guide gives no rpath"; exit 1; }
+# shellcheck disable=SC2046
+"$cxx" -std=c++20 $flags "$folder/look.cpp" $(pkg-config --cflags --libs zavellex) "$rpath" -o "$folder/look"
+example() { env -u LD_LIBRARY_PATH "$folder/look" "$@" 2>"$folder/look.log"; }
+shown=$(example "$folder/user" goes) || { echo "look of the guide failed: $shown$(cat "$folder/look.log")"; exit 1; }
+grep -q '^\**go ' <<<"$shown" || { echo "look of the guide lists no go: $shown"; exit 1; }
+[ "$(cat "$folder/look.log")" = "Syle Number=10" ] || { echo "look of the guide logs otherwise"; exit 1; }
+status=0; example "$folder/none/q" goes || status=$?
+[ "$status" = 1 ] && [ ! -e "$folder/none" ] || { echo "without a dictionary look gives $status"; exit 1; }
+[ "$(cat "$folder/look.log")" = "look: there is no dictionary in $folder/none/q" ] || { cat "$folder/look.log"; exit 1; }
+mkdir -p "$folder/empty/dictionaries/basic"
+status=0; example "$folder/empty" goes >"$folder/look.out" || status=$?
+[ "$status" = 4 ] || { echo "with an empty dictionary look gives $status"; exit 1; }
+
 # The library finds modules and texts in the tree that was moved, whatever the current folder is.
 services=$(cd / && LC_ALL=ja_JP.UTF-8 "$folder/build/host-services" 2>&1) || { echo "host-services failed"; exit 1; }
 [ "$services" = $'alert 図\ntimer 1 child 7' ] || { echo "host-services says: $services"; exit 1; }
