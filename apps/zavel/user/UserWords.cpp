@@ -184,8 +184,9 @@ bool UserWords::open(UserStore* store, UserLanguage language) const {
 
 // What a word gives: its own entries, then those of the words that it is a form of.
 template <typename Find>
-std::vector<UserWords::Found> UserWords::lookUp(UserLanguage language, const std::string& word,
+std::vector<UserWords::Found> UserWords::lookUp(UserLanguage language, const std::string& typed,
                                                 const std::vector<InflectedFrom>& known, const Find& find) {
+  const std::string word = withSoundMarksJoined(typed);
   std::vector<Found> found;
   for (UserEntry& entry : find(word)) {
     const Match match = matchOf(entry, word);

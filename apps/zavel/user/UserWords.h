@@ -43,7 +43,7 @@ class UserWords {
   void readWord(UserStore* store, UserLanguage language, const std::string& word);
   std::vector<UserEntry> kept(UserLanguage language, const std::string& word) const;
   template <typename Find>
-  static std::vector<Found> lookUp(UserLanguage language, const std::string& word,
+  static std::vector<Found> lookUp(UserLanguage language, const std::string& typed,
                                    const std::vector<InflectedFrom>& known, const Find& find);
 
   bool all_ = false;

@@ -62,6 +62,13 @@ TEST_F(UserLookTest, InflectedFormsLeadToOwnEntries) {
   EXPECT_TRUE(run({"look", "grokking"}).out.starts_with("grokking: progressive of grok\n"));
 }
 
+TEST_F(UserLookTest, AKanaWithASoundMarkBehindItIsOneSound) {
+  add({"ずんだ", "bean paste"});
+  EXPECT_EQ(plain("す゛んた゛"), "す゛んた゛\tずんだ\t\t\tbean paste\t\tuser\n");
+  const Outcome batch = inRoot({"look", "--plain"}).input("す゛んた゛\n").run();
+  EXPECT_EQ(batch.out, "す゛んた゛\tずんだ\t\t\tbean paste\t\tuser\n");
+}
+
 TEST_F(UserLookTest, BatchesHaveThemToo) {
   add({"grok", "深く理解する", "--pos", "verb"});
   add({"犬", "dog", "--reading", "いぬ"});
