@@ -108,6 +108,8 @@ void Command::become(const std::string& folder, int slave) const {
   argv.push_back(nullptr);
   envp.push_back(nullptr);
   const rlimit limit{descriptors_, descriptors_};
+  // Those that the test was started with would count, too.
+  if (descriptors_ > 0) close_range(3, ~0u, 0);
   if (descriptors_ > 0 && setrlimit(RLIMIT_NOFILE, &limit) != 0) _exit(124);
   execve(ZAVEL_PROGRAM, argv.data(), envp.data());
   _exit(126);
