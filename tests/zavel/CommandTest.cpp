@@ -661,7 +661,13 @@ TEST_F(CommandTest, AFileOfZerosIsDamage) {
 }
 
 TEST_F(CommandTest, TooFewDescriptorsAreNoDamage) {
-  for (const unsigned most : {4, 8, 12}) {
+#ifdef __SANITIZE_ADDRESS__
+  // Before a sanitizer judges an address it opens a pipe, and without one it takes sound objects for damaged.
+  const std::vector<unsigned> limits = {8, 12};
+#else
+  const std::vector<unsigned> limits = {4, 8, 12};
+#endif
+  for (const unsigned most : limits) {
     const Outcome outcome = zavel({"look", "church"}).descriptors(most).run();
     EXPECT_EQ(outcome.status, 3) << most;
     EXPECT_EQ(outcome.err,
