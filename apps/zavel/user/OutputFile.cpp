@@ -24,9 +24,9 @@ bool replaceContent(const std::string& path, const struct stat& old, const std::
   std::error_code failure;
   const std::filesystem::path target = std::filesystem::canonical(path, failure);
   if (failure || ::access(target.c_str(), W_OK) != 0 || !writeFileAtomically(target, text)) return false;
-  // Another owner's file is not ours to give away where this isn't allowed; the mode holds in any case.
-  if (::chown(target.c_str(), old.st_uid, old.st_gid) != 0 && old.st_uid != ::geteuid()) return true;
-  return ::chmod(target.c_str(), old.st_mode & 07777) == 0;
+  // Where a file can't be given back to another owner, the new one is ours; the mode holds in any case.
+  const bool givenBack = ::chown(target.c_str(), old.st_uid, old.st_gid) == 0;
+  return ::chmod(target.c_str(), old.st_mode & (givenBack ? 07777 : 0777)) == 0;
 }
 
 }  // namespace
