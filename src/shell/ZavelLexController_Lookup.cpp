@@ -1,5 +1,7 @@
 // The road of one look-up, from the search field to the rows. Tests: tests/shell/LookupTest.cpp
 #include <algorithm>
+#include <functional>
+#include <iterator>
 #include <limits>
 #include <variant>
 
@@ -28,6 +30,13 @@ int rowOf(const Value& sender) {
 bool isSkipped(const Value& item) {
   const Value* status = item.find(ZFWSelectStatusKey);
   return status && status->string() == ZFWNoStatus;
+}
+
+// Copies: the list may change while a search runs.
+Value::Array searchedItems(const Value::Array& list) {
+  Value::Array items;
+  std::copy_if(list.begin(), list.end(), std::back_inserter(items), std::not_fn(isSkipped));
+  return items;
 }
 
 }  // namespace
@@ -63,11 +72,8 @@ void ZavelLexController::search(uint64_t lookup, const std::string& query, const
 void ZavelLexController::walkDictionaries(uint64_t lookup, const std::string& query, const Value& sender) {
   const SjisBytes bytes = TextEncoding::adoptSjis(query);
   const bool english = isEnglishQuery(query);
-  // A copy: the list may change while a search runs.
-  const Value::Array dictionaries = zfwPrefController_->dictTab().dictListArray();
   size_t successes = 0;
-  for (const Value& item : dictionaries) {
-    if (isSkipped(item)) continue;
+  for (const Value& item : searchedItems(zfwPrefController_->dictTab().dictListArray())) {
     const LookupStatus status = sController_->lookup(bytes, item, english, directionHW());
     if (!sController_->isLatest(lookup)) return;
     if (status == LookupFound || status == LookupLimitReached) ++successes;

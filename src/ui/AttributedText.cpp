@@ -20,6 +20,18 @@ size_t bytesAt(char first) {
   return byte < 0xF0 ? 3 : 4;
 }
 
+// Of valid UTF-8: each character counts by its first byte, and those outside the basic plane, alone four
+// bytes long, count twice.
+size_t unitsOfValid(std::string_view utf8) {
+  size_t units = 0;
+  for (const char c : utf8) {
+    const uint8_t byte = static_cast<uint8_t>(c);
+    units += (byte & 0xC0) != 0x80;
+    units += byte >= 0xF0;
+  }
+  return units;
+}
+
 }  // namespace
 
 size_t AttributedText::unitsOf(std::string_view utf8) {
@@ -58,8 +70,12 @@ std::string AttributedText::substring(TextRange range) const {
 void AttributedText::append(std::string_view utf8, const TextStyle& style) {
   if (utf8.empty()) return;
   const size_t from = text_.size();
-  text_ += replaceInvalidUtf8(utf8);
-  const size_t units = unitsOf(std::string_view(text_).substr(from));
+  if (isValidUtf8(utf8)) {
+    text_ += utf8;
+  } else {
+    text_ += replaceInvalidUtf8(utf8);
+  }
+  const size_t units = unitsOfValid(std::string_view(text_).substr(from));
   if (!runs_.empty() && runs_.back().style == style) {
     runs_.back().range.length += units;
   } else {
