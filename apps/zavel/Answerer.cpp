@@ -62,15 +62,22 @@ bool hasFailedWhole(const LookResult& result) {
                      [](const auto& failure) { return failure.second.code != kDamagedPart; });
 }
 
+// One line, with what to do about it.
+std::string inOneLine(const Failure& failure) {
+  return failure.message + ". " + failure.hint;
+}
+
 }  // namespace
 
-Answerer::Answerer(const LookOptions& options, Host& host, bool batch, const UserWords& own)
+Answerer::Answerer(const LookOptions& options, Host& host, bool batch, const UserWords& own,
+                   const Failure& lost)
     : options_(options),
       host_(host),
       own_(own),
-      look_(host.manager()),
-      dictionaries_(host.dictionaries()),
+      lost_(lost),
+      dictionaries_(lost ? nullptr : host.dictionaries()),
       batch_(batch) {
+  if (!lost) look_.emplace(host.manager());
   kinds_ = dictionaries_ ? dictionaries_->kinds() : std::vector<RowKind>{RowKind::kBilingual};
   if (host.lostTranslation()) kinds_.push_back(RowKind::kTranslation);
   if (dictionaries_) dictionaries_->setMode(options.mode);
@@ -110,16 +117,32 @@ void Answerer::look(std::string_view word, LookResult* result, Failure* failure)
   const bool everywhere = asked.wantEntries;
   const bool bilingual = std::find(kinds_.begin(), kinds_.end(), RowKind::kBilingual) != kinds_.end();
   result->query = result->origin = asked.word;
-  if (!everywhere || bilingual) look_.run(asked, result, failure);
-  if (!*failure && options_.list) own_.addHeadwords(result);
-  if (!*failure && everywhere && options_.row == 0) own_.addEntries(options_.mode, result);
+  if (look_ && (!everywhere || bilingual)) look_->run(asked, result, failure);
   const bool isWord = !word.empty() && word.find('\0') == std::string_view::npos;
+  if (lost_ && isWord) result->failures[RowKind::kBilingual] = lost_;
+  addOwn(result, failure);
+  if (!everywhere) complain(*result);
   if (*failure || !everywhere || !isWord) return;
   result->kinds = kinds_;
   if (dictionaries_) askDictionaries(result);
   if (host_.lostTranslation()) result->failures[RowKind::kTranslation] = host_.lostTranslation();
   complain(*result);
   *failure = rowFailure(*result);
+}
+
+// Where the dictionary is damaged, entries of the user's own still answer.
+void Answerer::addOwn(LookResult* result, Failure* failure) {
+  if (options_.forms || options_.row > 0) return;
+  const bool damaged = failure->code == kDamagedDictionary;
+  if (*failure && !damaged) return;
+  if (options_.list) {
+    own_.addHeadwords(result);
+  } else {
+    own_.addEntries(options_.mode, result);
+  }
+  if (!damaged || (result->entries.empty() && result->headwords.empty())) return;
+  result->failures[RowKind::kBilingual] = *failure;
+  *failure = {};
 }
 
 // The word as it was typed, sound marks joined, then in the characters of headwords. Of a word with
@@ -149,7 +172,8 @@ void Answerer::complain(const LookResult& result) {
   if (interrupted()) return;
   for (const auto& [kind, failure] : result.failures) {
     if (failure.code == kDamagedPart) continue;  // the helper program has named the part
-    if (failure.message != complained_) warn(failure.message);
+    const bool dictionary = kind == RowKind::kBilingual;
+    if (failure.message != complained_) warn(dictionary ? inOneLine(failure) : failure.message);
     complained_ = failure.message;
   }
 }
@@ -217,9 +241,10 @@ void Answerer::show(const LookResult& result) {
                                         : result.found();
   if (found) {
     ++found_;
-  } else if (!result.failures.empty()) {
+  } else if (!result.failures.empty() || result.ownFailure) {
     ++failed_;  // whether the word is there is not known
-    lastFailure_ = result.failures.begin()->second.status;
+    lastFailure_ =
+        result.failures.empty() ? result.ownFailure.status : result.failures.begin()->second.status;
   }
   if (options_.json) {
     write(json(result) + "\n");

@@ -3,6 +3,7 @@
 #define ZAVEL_ANSWERER_H
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,8 +19,9 @@ namespace zavel::host {
 
 class Answerer {
  public:
-  // `batch`: the queries come from standard input. `host` is open. Both are borrowed.
-  Answerer(const LookOptions& options, Host& host, bool batch, const UserWords& own);
+  // `batch`: the queries come from standard input. `lost`: why the bilingual dictionary is not to be had, so
+  // that the user's own entries alone answer; else `host` is open. All but `batch` are borrowed.
+  Answerer(const LookOptions& options, Host& host, bool batch, const UserWords& own, const Failure& lost);
 
   // Writes the answer to standard output, or says on standard error why there is none. `tooLong`: `query` is
   // only the start of what was asked.
@@ -36,6 +38,7 @@ class Answerer {
   const Row* rowAsked(const LookResult& result) const;
   Failure rowFailure(const LookResult& result) const;
   void look(std::string_view word, LookResult* result, Failure* failure);
+  void addOwn(LookResult* result, Failure* failure);
   void askDictionaries(LookResult* result);
   void complain(const LookResult& result);
   void refuse(std::string_view word, const Failure& failure);
@@ -49,7 +52,8 @@ class Answerer {
   const LookOptions& options_;
   Host& host_;
   const UserWords& own_;
-  Look look_;
+  const Failure& lost_;
+  std::optional<Look> look_;    // nothing where the dictionary is lost
   Dictionaries* dictionaries_;  // null where the bilingual dictionary alone is open
   std::vector<RowKind> kinds_;  // of what is searched
   std::string complained_;      // what was told last of a dictionary that did not answer

@@ -10,23 +10,6 @@
 namespace zavel::host {
 namespace {
 
-// A word with all that tells it from others that the index files under the same letters: apostrophes, and
-// a hyphen at an end, which makes it a part of words. Case, blanks and inner hyphens tell nothing.
-std::string writtenKey(const std::string& word) {
-  std::string out;
-  for (size_t i = 0; i < word.size(); ++i) {
-    const char c = word[i];
-    const bool outer = i == 0 || i + 1 == word.size();
-    const bool counts = c == '\'' || (c == '-' && outer && word.size() > 1);
-    if (counts) {
-      out += c;
-    } else {
-      out += englishKeyOf(std::string(1, c));
-    }
-  }
-  return out;
-}
-
 bool isPlain(const std::string& word) {
   return std::all_of(word.begin(), word.end(), [](char c) { return (c >= 'a' && c <= 'z') || c == ' '; });
 }
@@ -52,8 +35,8 @@ void explain(const std::string& word, std::vector<Entry>* entries) {
   for (size_t i = 0; i < entries->size(); ++i) {
     Entry& entry = (*entries)[i];
     if (own[i]) {
-      const bool same =
-          (isPlain(word) && entry.headword == word) || writtenKey(entry.headword) == writtenKey(word);
+      const bool same = (isPlain(word) && entry.headword == word) ||
+                        englishSpelling(entry.headword) == englishSpelling(word);
       entry.match = same ? Match::kExact : Match::kNear;
     } else {
       entry.match = any ? Match::kSpelling : Match::kDerived;

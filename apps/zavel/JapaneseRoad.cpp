@@ -4,27 +4,14 @@
 #include <algorithm>
 #include <iterator>
 
-#include "Utf8.h"
 #include "WordBytes.h"
 
 namespace zavel::host {
 namespace {
 
-// Hiragana for katakana; all else as it is.
-std::u32string inHiragana(std::string_view utf8) {
-  std::u32string out;
-  char32_t code = 0;
-  for (size_t length = 0; (length = decodeUtf8(utf8, &code)) > 0; utf8.remove_prefix(length)) {
-    out += code >= 0x30A1 && code <= 0x30F6 ? code - 0x60 : code;
-  }
-  return out;
-}
-
 // 0 written as the query, 1 in the other kana, 2 filed with it by the index, which passes over "ー".
 int rankOf(const Entry& entry, const std::string& word) {
-  if (entry.headword == word || entry.reading == word) return 0;
-  const std::u32string kana = inHiragana(word);
-  return inHiragana(entry.headword) == kana || inHiragana(entry.reading) == kana ? 1 : 2;
+  return std::min(kanaDistance(entry.headword, word), kanaDistance(entry.reading, word));
 }
 
 }  // namespace
@@ -54,11 +41,11 @@ void JapaneseRoad::addEntries(const std::string& word, LookResult* result) {
   if (!result->entries.empty()) result->lacksPart = false;
 }
 
-// The words that `shown` is a form of. One that is a word itself is taken for a form of others only where
-// its ending leaves little doubt.
+// The words that `shown` is a form of. One that is a word itself, as it is written, is taken for a form of
+// others only where its ending leaves little doubt; へんな is 変な, though there is ヘンナ as well.
 void JapaneseRoad::addBases(const std::string& shown, LookResult* result) {
   const bool own = std::any_of(result->entries.begin(), result->entries.end(),
-                               [](const Entry& entry) { return entry.match == Match::kExact; });
+                               [&shown](const Entry& entry) { return rankOf(entry, shown) == 0; });
   for (const BaseForm& base : baseFormsOf(shown, own)) {
     std::vector<Entry> entries = entriesOfBase(base, result);
     if (!entries.empty() && !own && result->origin == result->query) result->origin = base.word;

@@ -11,6 +11,8 @@
 namespace zavel::host {
 namespace {
 
+constexpr const char* kOwnName = "Your entries";
+
 size_t shown(size_t count, size_t limit) {
   return limit > 0 ? std::min(count, limit) : count;
 }
@@ -43,7 +45,7 @@ void writeEntry(JsonWriter& json, const Entry& entry, const std::string& diction
   }
   json.member("stars", entry.stars).member("match", matchName(entry.match)).strings("via", entry.via);
   json.key("source").beginObject().member("id", entry.user ? "user" : "builtin");
-  json.member("name", entry.user ? "Your entries" : dictionary).endObject();
+  json.member("name", entry.user ? kOwnName : dictionary).endObject();
   if (entry.user) json.key("user").boolean(true);
   json.key("senses").beginArray();
   for (const Sense& sense : entry.senses) writeSense(json, sense);
@@ -105,17 +107,37 @@ const char* statusOf(const LookResult& result, RowKind kind) {
   return kind == RowKind::kTranslation && result.translationUnasked ? "not_asked" : "not_found";
 }
 
+void writeError(JsonWriter& json, const Failure& failure) {
+  json.key("error").beginObject().member("code", failure.code).member("message", failure.message);
+  json.member("hint", failure.hint).endObject();
+}
+
+// The user's own entries stand ahead of all dictionaries.
+void writeOwn(JsonWriter& json, const LookResult& result) {
+  if (!result.ownAsked) return;
+  const bool found = std::any_of(result.entries.begin(), result.entries.end(),
+                                 [](const Entry& entry) { return entry.user; });
+  json.beginObject().member("type", "user").member("name", kOwnName);
+  json.member("status", result.ownFailure ? "failed" : found ? "found" : "not_found");
+  if (result.ownFailure) {
+    writeError(json, result.ownFailure);
+  } else {
+    json.key("error").null();
+  }
+  json.endObject();
+}
+
 void writeDictionaries(JsonWriter& json, const LookResult& result, const Names& names) {
   json.key("dictionaries").beginArray();
+  writeOwn(json, result);
   for (const RowKind kind : result.kinds) {
     json.beginObject().member("type", kindName(kind)).member("name", names.at(kind));
-    json.member("status", statusOf(result, kind)).key("error");
+    json.member("status", statusOf(result, kind));
     const auto failure = result.failures.find(kind);
     if (failure == result.failures.end()) {
-      json.null();
+      json.key("error").null();
     } else {
-      json.beginObject().member("code", failure->second.code).member("message", failure->second.message);
-      json.member("hint", failure->second.hint).endObject();
+      writeError(json, failure->second);
     }
     json.endObject();
   }

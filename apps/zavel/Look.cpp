@@ -75,7 +75,7 @@ bool Look::run(const LookRequest& request, LookResult* result, Failure* failure)
     return true;
   }
   if (source_.isDamagedAt(*word, result->english)) {
-    *failure = {kExitDamaged, "damaged_dictionary", "the dictionary is damaged where this word stands",
+    *failure = {kExitDamaged, kDamagedDictionary, "the dictionary is damaged where this word stands",
                 "Run: zavel dict verify, then zavel dict build"};
     return false;
   }

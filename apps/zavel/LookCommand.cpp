@@ -41,6 +41,12 @@ Failure nothingOn(const LookOptions& options, const Dictionaries* dictionaries) 
           "Run: zavel prefs dict enable bilingual"};
 }
 
+// Without the dictionary the user's own entries can still be shown.
+bool isOfDictionary(const Failure& failure) {
+  return failure.code == "no_dictionary" || failure.code == "unreadable_dictionary" ||
+         failure.code == kDamagedDictionary;
+}
+
 }  // namespace
 
 int runLook(const LookOptions& options) {
@@ -50,16 +56,19 @@ int runLook(const LookOptions& options) {
   // Ahead of the host, which has the engine from then on.
   UserWords own;
   if (options.list) {
-    own.readHeadwords();
+    own.readHeadwords(batch ? std::vector<std::string>() : options.words);
   } else if (batch) {
     own.readAll();
   } else if (!options.forms && options.row == 0) {
     own.readFor(options.words);
   }
   Host host;
-  if (const Failure failure = host.open()) return report(failure, options.json);
-  if (const Failure failure = nothingOn(options, host.dictionaries())) return report(failure, options.json);
-  Answerer answerer(options, host, batch, own);
+  const Failure lost = host.open();
+  if (lost && !(own.any() && isOfDictionary(lost))) return report(lost, options.json);
+  if (!own.any()) {
+    if (const Failure failure = nothingOn(options, host.dictionaries())) return report(failure, options.json);
+  }
+  Answerer answerer(options, host, batch, own, lost);
   const std::vector<std::string> asked =
       options.words.empty() ? std::vector<std::string>{"-"} : options.words;
   for (const std::string& word : asked) {

@@ -86,6 +86,9 @@ enum class RowKind { kBilingual, kTranslation };
 // Code of the failure of a dictionary that has no answer while a part of it could not be searched.
 constexpr const char* kDamagedPart = "damaged_part";
 
+// Code of the failure of the bilingual dictionary where it is damaged.
+constexpr const char* kDamagedDictionary = "damaged_dictionary";
+
 const char* kindName(RowKind kind);  // "bilingual", "translation"
 
 // A row of the result list, as one of the dictionaries gave it.
@@ -113,6 +116,9 @@ struct LookResult {
   std::vector<Row> rows;                // of all of them, in that order
   std::map<RowKind, Failure> failures;  // of those that could not answer
   bool translationUnasked = false;      // the word never came to the translation dictionary
+
+  bool ownAsked = false;  // the user has entries in the language of the query
+  Failure ownFailure;     // why they, or some of them, could not be read
 
   bool hasAnswer(RowKind kind) const {
     return std::any_of(rows.begin(), rows.end(),

@@ -29,6 +29,16 @@ std::vector<std::string> charactersOf(const std::string& utf8) {
   return characters;
 }
 
+// Hiragana for katakana; all else as it is.
+std::u32string inHiragana(std::string_view utf8) {
+  std::u32string out;
+  char32_t code = 0;
+  for (size_t length = 0; (length = decodeUtf8(utf8, &code)) > 0; utf8.remove_prefix(length)) {
+    out += code >= 0x30A1 && code <= 0x30F6 ? code - 0x60 : code;
+  }
+  return out;
+}
+
 }  // namespace
 
 std::optional<std::string> wordBytes(const std::string& utf8) {
@@ -72,6 +82,26 @@ std::string englishKey(const std::string& sjis) {
 
 std::string englishKeyOf(const std::string& utf8) {
   return englishKey(isAscii(utf8) ? utf8 : platform().encoding().toSjisLossy(utf8).bytes());
+}
+
+std::string englishSpelling(const std::string& utf8) {
+  std::string out;
+  for (size_t i = 0; i < utf8.size(); ++i) {
+    const char c = utf8[i];
+    const bool outer = i == 0 || i + 1 == utf8.size();
+    const bool counts = c == '\'' || (c == '-' && outer && utf8.size() > 1);
+    if (counts) {
+      out += c;
+    } else {
+      out += englishKeyOf(std::string(1, c));
+    }
+  }
+  return out;
+}
+
+int kanaDistance(const std::string& word, const std::string& query) {
+  if (word == query) return 0;
+  return inHiragana(word) == inHiragana(query) ? 1 : 2;
 }
 
 }  // namespace zavel::host

@@ -28,6 +28,14 @@ std::string englishKey(const std::string& sjis);
 // The same of a word in UTF-8.
 std::string englishKeyOf(const std::string& utf8);
 
+// The key of an English word (UTF-8) with all that tells it from others of that key: apostrophes, and a
+// hyphen at an end, which makes it a part of words. Case, blanks and inner hyphens tell nothing.
+std::string englishSpelling(const std::string& utf8);
+
+// How near a Japanese word (UTF-8) is to a query that the index files with it: 0 it is written so, 1 in the
+// other kana, 2 the index passes over what tells them apart, as "ー".
+int kanaDistance(const std::string& word, const std::string& query);
+
 }  // namespace zavel::host
 
 #endif

@@ -90,6 +90,8 @@ void addJapanese(DicWriter& writer) {
   writer.addJ("びる", "", entryJ("びる", "", "to behave as"));
   writer.addJ("こう", "甲", entryJ("こう", "甲", "carapace, shell"));
   writer.addJ("こう", "功", entryJ("こう", "功", "merit"));
+  writer.addJ("へん", "変", verbJ("へん", "変", "形動", "strange"));
+  writer.addJ("ヘンナ", "", entryJ("ヘンナ", "", "henna"));
   writer.addJ("パン", "", entryJ("パン", "", "bread"));
 }
 

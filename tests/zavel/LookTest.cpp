@@ -300,6 +300,17 @@ TEST_F(LookTest, TheSameKanaComeFirstAndTheOthersAreMarked) {
   EXPECT_EQ(found("びる"), (Strings{"びる exact", "ビル exact", "ビール near"}));
 }
 
+// A word in the other kana leaves no less doubt than none.
+TEST_F(LookTest, AFormThatIsAWordInTheOtherKanaLeadsToItsDictionaryFormToo) {
+  const LookResult result = look("へんな");
+  ASSERT_EQ(result.entries.size(), 2u);
+  EXPECT_EQ(result.entries[0].headword, "ヘンナ");
+  EXPECT_EQ(result.entries[1].headword, "変");
+  EXPECT_EQ(result.entries[1].match, Match::kInflected);
+  EXPECT_EQ(result.entries[1].via, Strings{"attributive"});
+  EXPECT_EQ(look("ヘンナ").entries.size(), 1u);
+}
+
 TEST_F(LookTest, AnInflectedJapaneseWordLeadsToItsDictionaryForm) {
   struct {
     const char* typed;

@@ -11,6 +11,7 @@
 
 #include "Host.h"
 #include "Places.h"
+#include "engine/ChangeMidasi.h"
 #include "engine/EngineStatus.h"
 #include "engine/Shim.h"
 #include "foundation/ByteReader.h"
@@ -50,6 +51,11 @@ std::vector<std::string> readingsIn(std::string_view block) {
   std::sort(readings.begin(), readings.end());
   readings.erase(std::unique(readings.begin(), readings.end()), readings.end());
   return readings;
+}
+
+std::string keyOfKanji(const std::string& written) {
+  std::string key;
+  return engine::ChangeMidasiStrJ(storedText(written), true, &key) == kOk ? key : std::string();
 }
 
 }  // namespace
@@ -223,11 +229,13 @@ Failure UserStore::findByKanji(const std::string& word, std::vector<StoredEntry>
   const uint16_t status = SerchImiJ(sjis.data(), nullptr, 0, &size, &list, 2);
   const std::string bytes = takeBytes(list);
   if (status != kOk) return searchFailure(status, "searching \"" + word + "\"");
+  const std::string key = keyOfKanji(word);
   for (const std::string& reading : readingsIn(bytes)) {
     std::vector<StoredEntry> all;
     if (Failure failure = findStored(reading, &all)) return failure;
     for (StoredEntry& stored : all) {
-      if (stored.entry.kanji == word) found->push_back(std::move(stored));
+      if (!stored.entry.kanji.empty() && keyOfKanji(stored.entry.kanji) == key)
+        found->push_back(std::move(stored));
     }
   }
   return {};

@@ -8,79 +8,66 @@
 #include <optional>
 #include <unordered_set>
 
-#include "Deinflector.h"
 #include "Failure.h"
 #include "Places.h"
 #include "QueryText.h"
 #include "Utf8.h"
-#include "WordForms.h"
+#include "WordBytes.h"
 #include "engine/ChangeMidasi.h"
-#include "engine/Shim.h"
-#include "foundation/ByteReader.h"
+#include "engine/MidasiCheck.h"
 #include "foundation/Utf8.h"
-#include "user/EnglishBases.h"
 #include "user/UserText.h"
 
 namespace zavel::host {
 namespace {
 
-constexpr std::chrono::milliseconds kPatience{100};
-constexpr const char* kMark = "+ ";  // ahead of each line of an entry of the user's
+// Long enough for another process to add an entry or two on a slow disk, too short to be taken for a hang. A
+// long import or arrangement is not waited for.
+constexpr std::chrono::milliseconds kPatience{1000};
+constexpr const char* kMark = "+ ";              // ahead of each line of an entry of the user's
+constexpr const char* kYours = " (your entry)";  // behind a headword of the user's
 constexpr size_t kMostHeadwords = 50;
 
-// The inflection table of an English word, as the dictionary has it or by rule; the engine is open.
-std::vector<Form> formsOf(const std::string& word) {
-  std::vector<Form> forms;
-  uint32_t size = 0;
-  Handle list = nullptr;
-  if (GetKatuyo(word.c_str(), &size, &list) != 1 || !list) return forms;
-  std::string bytes(static_cast<const char*>(GlobalLock(list)), size);
-  GlobalFree(list);
-  for (size_t at = 0; at + 3 <= bytes.size();) {
-    const size_t length = readLE16(reinterpret_cast<const uint8_t*>(bytes.data()) + at);
-    Form form{static_cast<uint8_t>(bytes[at + 2]), std::string(bytes.substr(at + 3, length).c_str()), {}};
-    forms.push_back(std::move(form));
-    at += 3 + length;
+// What the index files a Japanese word under that is settled.
+std::string japaneseKey(const std::string& settled) {
+  std::string key;
+  return engine::ChangeMidasiStrJ(storedText(settled), true, &key) == engine::kOk ? key : std::string();
+}
+
+bool isReading(const std::string& word) {
+  std::string settled = word;
+  return settleText(TextKind::kReading, &settled).empty();
+}
+
+// What the index files a word under as it was typed; empty for one that it can't hold.
+std::string keyOf(UserLanguage language, const std::string& word) {
+  std::string settled = word;
+  if (language == UserLanguage::kEnglish) {
+    // Most words of a batch: quick.
+    if (isAscii(word)) {
+      return engine::ChkMidasiStrE(word.c_str()) == engine::kOk ? engine::ChangeMidasiStrE(word)
+                                                                : std::string();
+    }
+    if (!settleText(TextKind::kEnglishWord, &settled).empty()) return {};
+    return engine::ChangeMidasiStrE(settled);
   }
-  return forms;
+  return settleText(TextKind::kWritten, &settled).empty() ? japaneseKey(settled) : std::string();
 }
 
-unsigned paradigmsOfPos(const UserEntry& entry) {
-  switch (entry.pos) {
-    case 1:
-      return kNounForms;
-    case 3:
-    case 4:
-      return kAdjectiveForms;
-    case 5:
-    case 6:
-    case 7:
-      return kVerbForms;
-    default:
-      return 0;
-  }
-}
-
-std::string keyOf(UserLanguage language, const std::string& word, bool kanji) {
-  // Most words of a batch: quick, and a character that no entry has only finds nothing.
-  if (language == UserLanguage::kEnglish && isAscii(word)) return engine::ChangeMidasiStrE(word);
-  std::string settled = word, key;
-  const bool english = language == UserLanguage::kEnglish;
-  const TextKind kind = english ? TextKind::kEnglishWord : kanji ? TextKind::kWritten : TextKind::kReading;
-  if (!settleText(kind, &settled).empty()) return {};
-  if (english) return engine::ChangeMidasiStrE(settled);
-  if (kanji) return settled;
-  return engine::ChangeMidasiStrJ(storedText(settled), true, &key) == 1 ? key : std::string();
-}
-
-std::string lowerCase(std::string text) {
-  for (char& c : text) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-  return text;
-}
-
+// Whether the entry is what `word` means, or only filed with it.
 Match matchOf(const UserEntry& entry, const std::string& word) {
-  if (entry.language == UserLanguage::kJapanese) return Match::kExact;
-  return lowerCase(entry.word) == lowerCase(foldedQuery(word)) ? Match::kExact : Match::kNear;
+  const std::string folded = foldedQuery(word);
+  if (entry.language == UserLanguage::kEnglish) {
+    return englishSpelling(entry.word) == englishSpelling(folded) ? Match::kExact : Match::kNear;
+  }
+  const auto written = [&folded](const std::string& text) {
+    return kanaDistance(foldedQuery(text), folded) < 2;
+  };
+  return written(entry.word) || (!entry.kanji.empty() && written(entry.kanji)) ? Match::kExact : Match::kNear;
+}
+
+bool isWrittenSo(const UserEntry& entry, const std::string& word) {
+  return entry.word == word || entry.kanji == word;
 }
 
 std::vector<Example> examplesOf(const UserEntry& entry) {
@@ -92,23 +79,6 @@ std::vector<Example> examplesOf(const UserEntry& entry) {
     }
   }
   return examples;
-}
-
-Paradigm paradigmOfName(const std::string& name) {
-  if (name == "singular" || name == "plural") return kNounForms;
-  return name == "comparative" || name == "superlative" ? kAdjectiveForms : kVerbForms;
-}
-
-// The bases that the dictionary's own entries answer by: "went" is a form of "go".
-std::vector<InflectedFrom> basesOf(const LookResult& result) {
-  std::vector<InflectedFrom> bases;
-  for (const Entry& entry : result.entries) {
-    if (entry.match != Match::kInflected || entry.base.empty()) continue;
-    InflectedFrom base{entry.base, {}};
-    for (const std::string& name : entry.via) base.ways.push_back({paradigmOfName(name), name});
-    bases.push_back(std::move(base));
-  }
-  return bases;
 }
 
 // Names of parts of speech as the basic dictionary's entries have them.
@@ -175,73 +145,91 @@ constexpr UserLanguage kLanguages[] = {UserLanguage::kEnglish, UserLanguage::kJa
 
 }  // namespace
 
-bool UserWords::open(UserStore* store, UserLanguage language) const {
-  store->setPatience(kPatience);
-  const Failure failure = store->open(language, UserAccess::kRead);
-  if (failure) warn(failure.message + "; they are left out");
-  return !failure && store->hasEntries();
+bool UserWords::any() const {
+  return std::any_of(readings_.begin(), readings_.end(), [](const Reading& reading) { return reading.done; });
 }
 
-// What a word gives: its own entries, then those of the words that it is a form of.
-template <typename Find>
-std::vector<UserWords::Found> UserWords::lookUp(UserLanguage language, const std::string& typed,
-                                                const std::vector<InflectedFrom>& known, const Find& find) {
-  const std::string word = withSoundMarksJoined(typed);
-  std::vector<Found> found;
-  for (UserEntry& entry : find(word)) {
-    const Match match = matchOf(entry, word);
-    found.push_back({std::move(entry), match, {}, word});
+bool UserWords::open(UserStore* store, UserLanguage language) {
+  store->setPatience(kPatience);
+  if (const Failure failure = store->open(language, UserAccess::kRead)) {
+    keepFailure(language, failure);
+  } else {
+    readings_[indexOf(language)].done = store->hasEntries();
   }
-  if (language == UserLanguage::kEnglish) {
-    std::string asked = word;
-    if (!settleText(TextKind::kEnglishWord, &asked).empty()) return found;
-    std::vector<InflectedFrom> bases = known;
-    for (InflectedFrom& base : regularBases(lowerCase(asked))) bases.push_back(std::move(base));
-    for (const InflectedFrom& base : bases) {
-      for (UserEntry& entry : find(base.base)) {
-        std::vector<std::string> via = base.namesFor(paradigmsOfPos(entry));
-        const auto same = [&entry](const Found& one) { return one.entry == entry; };
-        if (via.empty() || matchOf(entry, base.base) != Match::kExact) continue;
-        if (std::any_of(found.begin(), found.end(), same)) continue;
-        found.push_back({std::move(entry), Match::kInflected, std::move(via), base.base});
+  return readings_[indexOf(language)].done;
+}
+
+// Told once: what keeps one entry from being read mostly keeps others as well.
+void UserWords::keepFailure(UserLanguage language, const Failure& failure) {
+  Failure& kept = readings_[indexOf(language)].failure;
+  if (kept.message != failure.message) warn(failure.message + "; they are left out");
+  kept = failure;
+}
+
+// What a query gives: its own entries, then those of the words that it leads to; what is only filed with it
+// comes last.
+template <typename Find>
+std::vector<UserWords::Found> UserWords::lookUp(const UserQuery& query, const Find& find) {
+  std::vector<Found> found, near;
+  for (UserEntry& entry : find(query.word)) {
+    const Match match = matchOf(entry, query.word);
+    (match == Match::kExact ? found : near).push_back({std::move(entry), match, {}, query.word});
+  }
+  const auto isThere = [&](const UserEntry& entry) {
+    const auto same = [&entry](const Found& one) { return one.entry == entry; };
+    return std::any_of(found.begin(), found.end(), same);
+  };
+  const auto follow = [&](const std::vector<UserRoad>& roads) {
+    for (const UserRoad& road : roads) {
+      for (UserEntry& entry : find(road.word)) {
+        std::vector<std::string> via = road.via(entry);
+        const bool hasForm = road.inflected.ways.empty() || !via.empty();
+        if (!hasForm || matchOf(entry, road.word) != Match::kExact || isThere(entry)) continue;
+        found.push_back({std::move(entry), road.match, std::move(via), road.base});
       }
     }
-    return found;
+  };
+  const bool own = std::any_of(found.begin(), found.end(), [&query](const Found& one) {
+    return query.language == UserLanguage::kEnglish || isWrittenSo(one.entry, query.word);
+  });
+  std::string word = query.word;
+  if (query.language == UserLanguage::kJapanese) {
+    follow(japaneseRoads(word, own));
+  } else if (settleText(TextKind::kEnglishWord, &word).empty()) {
+    follow(englishRoads(word));
+    if (!own) follow(contractionRoads(word));
   }
-  for (const BaseForm& base : baseFormsOf(foldedQuery(word), !found.empty())) {
-    for (UserEntry& entry : find(base.word)) {
-      const auto same = [&entry](const Found& one) { return one.entry == entry; };
-      if (std::any_of(found.begin(), found.end(), same)) continue;
-      found.push_back({std::move(entry), Match::kInflected, base.reasons, base.word});
-    }
-  }
+  std::erase_if(near, [&](const Found& one) { return isThere(one.entry); });
+  std::move(near.begin(), near.end(), std::back_inserter(found));
   return found;
 }
 
 void UserWords::readWord(UserStore* store, UserLanguage language, const std::string& word) {
-  const auto find = [store](const std::string& asked) {
+  const auto find = [&](const std::string& asked) {
     std::vector<StoredEntry> stored;
     std::vector<UserEntry> entries;
-    if (const Failure failure = store->find(asked, &stored)) warn(failure.message);
+    if (const Failure failure = store->find(asked, &stored)) keepFailure(language, failure);
     for (StoredEntry& one : stored) entries.push_back(std::move(one.entry));
     return entries;
   };
-  const bool english = language == UserLanguage::kEnglish;
-  const std::vector<InflectedFrom> known =
-      english ? basesIn(formsOf(word), word) : std::vector<InflectedFrom>();
-  answers_[word] = lookUp(language, word, known, find);
+  answers_[word] = lookUp({language, word}, find);
 }
 
 void UserWords::readFor(const std::vector<std::string>& words) {
   if (!hasAny()) return;
+  std::vector<UserQuery> queries;
+  for (const std::string& word : words) {
+    const std::string asked(withoutOuterBlanks(word));
+    if (!isUtf8(asked)) continue;
+    for (UserQuery& query : userQueries(asked)) queries.push_back(std::move(query));
+  }
   for (const UserLanguage language : kLanguages) {
-    const auto mine = [language](const std::string& word) { return guessLanguage(word) == language; };
-    if (std::none_of(words.begin(), words.end(), mine)) continue;
+    const auto mine = [language](const UserQuery& query) { return query.language == language; };
+    if (std::none_of(queries.begin(), queries.end(), mine)) continue;
     UserStore store(userPlace(), findPlaces().dictionary);
     if (!open(&store, language)) continue;
-    for (const std::string& word : words) {
-      const std::string asked(withoutOuterBlanks(word));
-      if (mine(word) && isUtf8(asked)) readWord(&store, language, asked);
+    for (const UserQuery& query : queries) {
+      if (mine(query)) readWord(&store, language, query.word);
     }
   }
 }
@@ -251,58 +239,92 @@ void UserWords::readAll() {
   if (!hasAny()) return;
   for (const UserLanguage language : kLanguages) {
     UserStore store(userPlace(), findPlaces().dictionary);
-    std::vector<std::string> words;
-    if (!open(&store, language)) continue;
-    Failure failure = store.headwords(&words);
-    std::unordered_set<uint32_t> seen;
-    for (size_t i = 0; i < words.size() && !failure; ++i) {
-      std::vector<StoredEntry> found;
-      failure = store.findStored(words[i], &found);
-      for (const StoredEntry& one : found) {
-        if (!seen.insert(one.place.dicOffset).second) continue;
-        const UserEntry& entry = one.entry;
-        const bool english = language == UserLanguage::kEnglish;
-        (english ? english_ : readings_).emplace(keyOf(language, entry.word, false), entry);
-        if (!entry.kanji.empty()) kanji_.emplace(entry.kanji, entry);
-      }
-    }
-    if (failure) warn(failure.message);
+    if (open(&store, language)) readEntries(&store, language);
   }
 }
 
-void UserWords::readHeadwords() {
+void UserWords::readEntries(UserStore* store, UserLanguage language) {
+  std::vector<std::string> words;
+  Failure failure = store->headwords(&words);
+  std::unordered_set<uint32_t> seen;
+  for (size_t i = 0; i < words.size() && !failure; ++i) {
+    std::vector<StoredEntry> found;
+    failure = store->findStored(words[i], &found);
+    for (const StoredEntry& one : found) {
+      if (seen.insert(one.place.dicOffset).second) addStored(language, one.entry);
+    }
+  }
+  if (failure) keepFailure(language, failure);
+}
+
+void UserWords::addStored(UserLanguage language, const UserEntry& entry) {
+  const bool english = language == UserLanguage::kEnglish;
+  (english ? english_ : japanese_).emplace(keyOf(language, entry.word), entry);
+  if (!entry.kanji.empty() && !isReading(entry.kanji)) japanese_.emplace(japaneseKey(entry.kanji), entry);
+}
+
+void UserWords::readHeadwords(const std::vector<std::string>& words) {
   if (!hasAny()) return;
+  const auto written = [](const std::string& word) {
+    return guessLanguage(word) == UserLanguage::kJapanese && !isReading(foldedQuery(word));
+  };
+  // Written forms stand in the entries, which take longer to read than the headwords.
+  const bool entries = words.empty() || std::any_of(words.begin(), words.end(), written);
   for (const UserLanguage language : kLanguages) {
     UserStore store(userPlace(), findPlaces().dictionary);
-    std::vector<std::string> words;
+    std::vector<std::string> found;
     if (!open(&store, language)) continue;
-    if (const Failure failure = store.headwords(&words)) warn(failure.message);
-    for (std::string& word : words) headwords_.emplace_back(language, std::move(word));
+    if (language == UserLanguage::kJapanese && entries) readEntries(&store, language);
+    if (const Failure failure = store.headwords(&found)) keepFailure(language, failure);
+    for (std::string& word : found) {
+      headwords_.push_back({language, {word + kYours, word, true}});
+    }
+  }
+  for (const auto& [key, entry] : japanese_) {
+    if (entry.kanji.empty() || key != japaneseKey(entry.kanji)) continue;
+    const std::string line = entry.kanji + " [" + entry.word + "]" + kYours;
+    headwords_.push_back({UserLanguage::kJapanese, {line, entry.kanji, true}});
   }
 }
 
 std::vector<UserEntry> UserWords::kept(UserLanguage language, const std::string& word) const {
   std::vector<UserEntry> entries;
-  const bool english = language == UserLanguage::kEnglish;
-  const std::string key = keyOf(language, word, false);
-  const auto& index = english ? english_ : key.empty() ? kanji_ : readings_;
-  const std::string wanted = english || !key.empty() ? key : keyOf(language, word, true);
-  if (wanted.empty()) return entries;
-  const auto [begin, end] = index.equal_range(wanted);
+  const std::string key = keyOf(language, word);
+  if (key.empty()) return entries;
+  const Entries& index = language == UserLanguage::kEnglish ? english_ : japanese_;
+  const auto [begin, end] = index.equal_range(key);
   for (auto at = begin; at != end; ++at) entries.push_back(at->second);
   return entries;
 }
 
-void UserWords::addEntries(Mode mode, LookResult* result) const {
-  std::vector<Found> found;
-  const bool any = !english_.empty() || !readings_.empty();
-  if (all_ && any && !result->query.empty()) {
-    const UserLanguage language = guessLanguage(result->query);
-    found = lookUp(language, result->query, basesOf(*result),
-                   [&](const std::string& word) { return kept(language, word); });
-  } else if (const auto known = answers_.find(result->query); known != answers_.end()) {
-    found = known->second;
+// By the query as it was typed, and only if that gives nothing in the characters of headwords.
+std::vector<UserWords::Found> UserWords::answersTo(const std::string& query) const {
+  for (const UserQuery& asked : userQueries(query)) {
+    std::vector<Found> found;
+    if (all_) {
+      found = lookUp(asked, [&](const std::string& word) { return kept(asked.language, word); });
+    } else if (const auto known = answers_.find(asked.word); known != answers_.end()) {
+      found = known->second;
+    }
+    if (!found.empty()) return found;
   }
+  return {};
+}
+
+void UserWords::tellHowItWent(LookResult* result) const {
+  if (!any() && !readings_[0].failure && !readings_[1].failure) return;
+  for (const UserQuery& asked : userQueries(result->query)) {
+    const Reading& reading = readings_[indexOf(asked.language)];
+    if (reading.done || reading.failure) result->ownAsked = true;
+    if (reading.failure) result->ownFailure = reading.failure;
+  }
+}
+
+void UserWords::addEntries(Mode mode, LookResult* result) const {
+  if (result->query.empty() || result->query.find('\0') != std::string::npos) return;
+  tellHowItWent(result);
+  if (!any()) return;
+  const std::vector<Found> found = answersTo(result->query);
   std::vector<Entry> entries;
   for (const Found& one : found) {
     const std::optional<UserEntry> part = partOf(one.entry, mode);
@@ -313,23 +335,28 @@ void UserWords::addEntries(Mode mode, LookResult* result) const {
     entry.base = one.base;
     entries.push_back(std::move(entry));
   }
-  if (entries.empty()) return;
-  result->english = guessLanguage(result->query) == UserLanguage::kEnglish;
-  result->lacksPart = false;
+  if (found.empty() || (entries.empty() && !result->entries.empty())) return;
   result->suggestions.clear();
+  result->lacksPart = entries.empty();
+  if (entries.empty()) return;
+  const bool inflected = entries[0].match == Match::kInflected;
+  if (inflected && result->entries.empty()) result->origin = entries[0].base;
+  result->english = found[0].entry.language == UserLanguage::kEnglish;
   result->entries.insert(result->entries.begin(), std::make_move_iterator(entries.begin()),
                          std::make_move_iterator(entries.end()));
 }
 
 void UserWords::addHeadwords(LookResult* result) const {
+  tellHowItWent(result);
+  if (!any()) return;
   std::vector<Headword> found;
-  const UserLanguage asked = guessLanguage(result->query);
-  const std::string beginning = keyOf(asked, result->query, false);
-  if (beginning.empty()) return;
-  for (const auto& [language, word] : headwords_) {
-    if (found.size() >= kMostHeadwords) break;
-    if (language == asked && keyOf(language, word, false).starts_with(beginning)) {
-      found.push_back({word + " (your entry)", word, true});
+  for (const UserQuery& asked : userQueries(result->query)) {
+    const std::string beginning = keyOf(asked.language, asked.word);
+    if (beginning.empty() || !found.empty()) continue;
+    for (const auto& [language, headword] : headwords_) {
+      if (found.size() >= kMostHeadwords) break;
+      if (language != asked.language || !keyOf(language, headword.keyword).starts_with(beginning)) continue;
+      found.push_back(headword);
     }
   }
   if (found.empty()) return;
