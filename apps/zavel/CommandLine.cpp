@@ -24,6 +24,22 @@ bool isHelp(const std::string& word) {
   return word == "-h" || word == "--help";
 }
 
+CLI::App* commandOf(CLI::App& app, const CommandLine& line) {
+  CLI::App* at = &app;
+  for (const std::string& command : line.commands) at = subcommand(*at, command);
+  return at;
+}
+
+// Whether the letters behind a "-" are options of `command`, up to one that takes what is left as its value.
+bool areOptions(CLI::App& command, const std::string& word) {
+  for (size_t i = 1; i < word.size(); ++i) {
+    const CLI::Option* option = command.get_option_no_throw(std::string("-") + word[i]);
+    if (!option) return false;
+    if (option->get_items_expected_max() > 0) return true;
+  }
+  return true;
+}
+
 }  // namespace
 
 CLI::App* subcommand(CLI::App& app, const std::string& name) {
@@ -68,9 +84,19 @@ std::string joined(const std::vector<std::string>& words) {
   return out;
 }
 
+std::string strayWord(CLI::App& app, const CommandLine& line) {
+  CLI::App& command = *commandOf(app, line);
+  for (size_t i = 0; i < line.rest.size() && line.rest[i] != "--"; ++i) {
+    const std::string& word = line.rest[i];
+    if (word.size() < 2 || word[0] != '-') continue;
+    if (word[1] != '-' && !areOptions(command, word)) return word;
+    if (word[1] == '-' || word.size() == 2) i += takesValue(command, word) ? 1 : 0;
+  }
+  return {};
+}
+
 Failure unknownCommand(CLI::App& app, const CommandLine& line) {
-  CLI::App* at = &app;
-  for (const std::string& command : line.commands) at = subcommand(*at, command);
+  CLI::App* at = commandOf(app, line);
   std::vector<std::string> known;
   for (CLI::App* below : at->get_subcommands([](CLI::App*) { return true; }))
     known.push_back(below->get_name());

@@ -30,6 +30,10 @@ std::string joined(const std::vector<std::string>& words);
 // The failure of a line with an unknown command, which is never run, however near a known one is.
 Failure unknownCommand(CLI::App& app, const CommandLine& line);
 
+// The first word of the line that looks like options of one letter, "-ism", and isn't: the command doesn't
+// have them all. Empty when there is none.
+std::string strayWord(CLI::App& app, const CommandLine& line);
+
 }  // namespace zavel::host
 
 #endif

@@ -172,6 +172,13 @@ Failure wrongUsage(const std::vector<std::string>& commands, const std::string& 
   return {kExitUsage, "usage", line, "Run: " + command + " --help"};
 }
 
+// What may be meant for a word.
+Failure strayOption(const std::vector<std::string>& commands, const std::string& word) {
+  const std::string shown = printable(word);
+  return {kExitUsage, "usage", "there is no option \"" + shown + "\"",
+          "If it is a word, put it behind -- and all options: zavel " + joined(commands) + " -- " + shown};
+}
+
 int run(const std::vector<std::string>& words) {
   CLI::App app{"English and Japanese dictionary", "zavel"};
   Arguments arguments;
@@ -202,6 +209,8 @@ int run(const std::vector<std::string>& words) {
     std::printf("%s\n", version.what());
     return kExitFound;
   } catch (const CLI::ParseError& error) {
+    const std::string stray = strayWord(app, line);
+    if (!stray.empty() && !line.commands.empty()) return report(strayOption(line.commands, stray), line.json);
     return report(wrongUsage(line.commands, error.what()), line.json);
   }
   if (line.commands.empty() && !line.rest.empty()) {
