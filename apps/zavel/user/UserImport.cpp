@@ -111,12 +111,13 @@ Failure UserImport::runLanguage(UserLanguage language) {
   if (std::none_of(items_.begin(), items_.end(), mine)) return {};
   const auto store = makeStore();
   if (Failure failure = store->open(language, UserAccess::kWrite)) return failure;
+  words_.clear();
   ImportCounts counts = counts_;
   Failure failure;
   for (ImportItem& item : items_) {
     if (!mine(item)) continue;
     if (interrupted()) break;
-    failure = this->store(*store, &item, &counts);
+    failure = this->store(*store, item.entry, &counts);
     if (failure && !isOfEntry(failure)) break;
     if (failure) item.wrong = failure.message;
     failure = {};
@@ -127,34 +128,68 @@ Failure UserImport::runLanguage(UserLanguage language) {
   return failure;
 }
 
-Failure UserImport::store(UserStore& store, ImportItem* item, ImportCounts* counts) {
-  const UserEntry& entry = item->entry;
+// Each word is searched once: as many entries of one word would be read again for each as there are.
+Failure UserImport::wordOf(UserStore& store, const UserEntry& entry, Word** word) {
+  const auto [known, isNew] = words_.try_emplace(entry.word);
+  *word = &known->second;
+  if (!isNew) return {};
   std::vector<StoredEntry> there;
-  if (Failure failure = store.findStored(entry.word, &there)) return failure;
-  const auto same = [&entry](const StoredEntry& stored) { return stored.entry == entry; };
-  if (!options_.force && std::any_of(there.begin(), there.end(), same)) {
+  if (Failure failure = store.findStored(entry.word, &there)) {
+    words_.erase(known);
+    return failure;
+  }
+  for (const StoredEntry& stored : there) {
+    ++known->second.entries[tableLine(stored.entry)].stored;
+    known->second.identities.insert(stored.entry.identity());
+  }
+  return {};
+}
+
+// An entry that the file has twice is there twice afterwards; one that was there so often already is not
+// added.
+Failure UserImport::store(UserStore& store, const UserEntry& entry, ImportCounts* counts) {
+  Word* word = nullptr;
+  if (Failure failure = wordOf(store, entry, &word)) return failure;
+  Word::Times& times = word->entries[tableLine(entry)];
+  ++times.read;
+  if (!options_.force && times.stored >= times.read) {
     ++counts->present;
     return {};
   }
-  return takeNew(store, entry, there, counts);
+  return takeNew(store, entry, word, counts);
 }
 
-Failure UserImport::takeNew(UserStore& store, const UserEntry& entry, const std::vector<StoredEntry>& there,
-                            ImportCounts* counts) {
+Failure UserImport::takeNew(UserStore& store, const UserEntry& entry, Word* word, ImportCounts* counts) {
   const std::string identity = entry.identity();
-  const auto alike = std::find_if(there.begin(), there.end(), [&identity](const StoredEntry& stored) {
-    return stored.entry.identity() == identity;
-  });
   // Several entries of one word in the file belong beside each other, not in each other's place.
-  const bool older = alike != there.end() && !own_.contains(identity);
+  const bool older = word->identities.contains(identity) && !own_.contains(identity);
   if (older && options_.skipExisting) {
     ++counts->skipped;
     return {};
   }
-  const bool replace = older && options_.replace;
-  if (Failure failure = replace ? store.replace(*alike, entry) : store.add(entry)) return failure;
-  ++(replace ? counts->replaced : counts->added);
+  bool replaced = false;
+  Failure failure = older && options_.replace ? replace(store, entry, word, &replaced) : Failure{};
+  if (!failure && !replaced) failure = store.add(entry);
+  if (failure) return failure;
+  ++(replaced ? counts->replaced : counts->added);
+  ++word->entries[tableLine(entry)].stored;
+  word->identities.insert(identity);
   own_.insert(identity);
+  return {};
+}
+
+Failure UserImport::replace(UserStore& store, const UserEntry& entry, Word* word, bool* replaced) {
+  std::vector<StoredEntry> there;
+  if (Failure failure = store.findStored(entry.word, &there)) return failure;
+  const std::string identity = entry.identity();
+  for (const StoredEntry& stored : there) {
+    Word::Times& times = word->entries[tableLine(stored.entry)];
+    if (stored.entry.identity() != identity || times.stored <= times.read) continue;
+    if (Failure failure = store.replace(stored, entry)) return failure;
+    --times.stored;
+    *replaced = true;
+    return {};
+  }
   return {};
 }
 

@@ -2,6 +2,7 @@
 #ifndef ZAVEL_USER_USERIMPORT_H
 #define ZAVEL_USER_USERIMPORT_H
 
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -43,15 +44,27 @@ class UserImport {
 
  private:
   Failure runLanguage(UserLanguage language);
-  Failure store(UserStore& store, ImportItem* item, ImportCounts* counts);
-  Failure takeNew(UserStore& store, const UserEntry& entry, const std::vector<StoredEntry>& there,
-                  ImportCounts* counts);
+  // The entries of one word: how often the dictionary has each and the file had it so far.
+  struct Word {
+    struct Times {
+      size_t stored = 0, read = 0;
+    };
+    std::map<std::string, Times> entries;  // by all that an entry has
+    std::set<std::string> identities;      // of the dictionary's
+  };
+
+  Failure store(UserStore& store, const UserEntry& entry, ImportCounts* counts);
+  Failure takeNew(UserStore& store, const UserEntry& entry, Word* word, ImportCounts* counts);
+  // Puts it in the place of one that the file did not have so far, if there is one.
+  Failure replace(UserStore& store, const UserEntry& entry, Word* word, bool* replaced);
+  Failure wordOf(UserStore& store, const UserEntry& entry, Word** word);
 
   const UserOptions& options_;
   std::vector<ImportItem>& items_;
   ProgressLine progress_;
   size_t done_ = 0;
-  std::set<std::string> own_;  // identities of what came in by this import
+  std::map<std::string, Word> words_;  // of the language at hand, as far as they were met
+  std::set<std::string> own_;          // identities of what came in by this import
   ImportCounts counts_;
 };
 

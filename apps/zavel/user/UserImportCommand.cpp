@@ -44,7 +44,7 @@ void tellRefused(const UserOptions& options, const std::vector<ImportItem>& item
 }
 
 std::string summary(const ImportCounts& counts) {
-  std::string text = grouped(counts.added) + " entries added";
+  std::string text = grouped(counts.added) + (counts.added == 1 ? " entry added" : " entries added");
   if (counts.replaced > 0) text += ", " + grouped(counts.replaced) + " replaced";
   if (counts.present > 0) text += ", " + grouped(counts.present) + " there already";
   if (counts.skipped > 0) text += ", " + grouped(counts.skipped) + " skipped";
