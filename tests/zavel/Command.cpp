@@ -77,6 +77,11 @@ Command& Command::terminal(unsigned short rows, unsigned short columns) {
   return *this;
 }
 
+Command& Command::typed(std::string keys) {
+  keys_ = std::move(keys);
+  return *this;
+}
+
 Command& Command::signalAt(std::string path, int signal, int times) {
   awaited_ = std::move(path);
   signal_ = signal;
@@ -138,6 +143,9 @@ Outcome Command::run() const {
   }
   const pid_t child = fork();
   if (child == 0) become(folder.path(), slave);
+  if (master >= 0) {
+    EXPECT_EQ(write(master, keys_.data(), keys_.size()), static_cast<ssize_t>(keys_.size()));
+  }
   if (slave >= 0) close(slave);
   if (signal_ != 0) sendSignal(child);
   Outcome outcome;

@@ -25,8 +25,10 @@ class Command {
   Command& outputFile(std::string path);
   Command& closed(int fd);
   Command& descriptors(unsigned most);  // so many may be open at once
-  // Standard input, output and error are a terminal of this size. Nothing is typed on it.
+  // Standard input, output and error are a terminal of this size.
   Command& terminal(unsigned short rows, unsigned short columns);
+  // Types `keys` on it; 0x04 ends the input.
+  Command& typed(std::string keys);
   // Sends `signal` once `path` exists, and again after a while until it was sent so many times.
   Command& signalAt(std::string path, int signal, int times = 1);
 
@@ -38,7 +40,7 @@ class Command {
 
   std::vector<std::string> arguments_;
   std::map<std::string, std::string> env_;
-  std::string input_, inputFile_, outputFile_, awaited_;
+  std::string input_, inputFile_, outputFile_, awaited_, keys_;
   int closed_ = -1, signal_ = 0, times_ = 1;
   unsigned descriptors_ = 0;
   unsigned short rows_ = 0, columns_ = 0;

@@ -4,7 +4,6 @@
 
 #include "Interrupt.h"
 #include "JsonWriter.h"
-#include "Utf8.h"
 #include "user/UserJson.h"
 #include "user/UserTable.h"
 #include "user/UserText.h"
@@ -17,7 +16,7 @@ std::string takeExamples(const char* name, const std::vector<std::string>& texts
                          std::vector<UserExample>* examples) {
   for (const std::string& text : texts) {
     if (!readExample(text, &examples->emplace_back())) {
-      return std::string("--") + name + " \"" + printable(text) + "\": it is ENGLISH=JAPANESE";
+      return std::string("--") + name + " " + inQuotes(text) + ": it is ENGLISH=JAPANESE";
     }
   }
   return {};
@@ -41,6 +40,14 @@ std::string takeJapaneseWord(const UserOptions& options, UserEntry* entry) {
   return {};
 }
 
+// A fault with the name that its text has on the command line, where the reading of a word in kanji is an
+// option and the kanji are the word.
+std::string asGiven(const std::string& wrong, const UserOptions& options) {
+  if (options.reading.empty()) return wrong;
+  if (wrong.starts_with("word: ")) return "--reading" + wrong.substr(4);
+  return wrong.starts_with("kanji: ") ? "word" + wrong.substr(5) : wrong;
+}
+
 // What the command line gives as an entry, settled. Empty, or what is wrong.
 std::string readOptions(const UserOptions& options, UserEntry* entry) {
   const bool japanese = !options.reading.empty() || !options.kanji.empty() || !options.sentences.empty();
@@ -52,7 +59,7 @@ std::string readOptions(const UserOptions& options, UserEntry* entry) {
   entry->phrase = options.phrase;
   entry->pos = posOf(options.pos);
   if (entry->pos == 0 && !options.pos.empty()) {
-    return "--pos \"" + printable(options.pos) + "\": it is one of " + posNames();
+    return "--pos " + inQuotes(options.pos) + ": it is one of " + posNames();
   }
   if (entry->language == UserLanguage::kJapanese) {
     if (const std::string wrong = takeJapaneseWord(options, entry); !wrong.empty()) return wrong;
@@ -61,7 +68,7 @@ std::string readOptions(const UserOptions& options, UserEntry* entry) {
   }
   std::string wrong = takeExamples("example", options.examples, &entry->examples);
   if (wrong.empty()) wrong = takeExamples("sentence", options.sentences, &entry->sentences);
-  return wrong.empty() ? settleEntry(entry) : wrong;
+  return wrong.empty() ? asGiven(settleEntry(entry), options) : wrong;
 }
 
 void show(const UserEntry& entry, const char* status, const std::string& folder, bool asJson) {

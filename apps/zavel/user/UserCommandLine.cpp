@@ -1,6 +1,8 @@
 // Tests: tests/zavel/user/UserCommandTest.cpp
 #include "user/UserCommandLine.h"
 
+#include "NumberOption.h"
+
 namespace zavel::host {
 namespace {
 
@@ -22,7 +24,7 @@ CLI::Option* addWord(CLI::App* command, UserOptions& o, const char* what) {
 void addNumber(CLI::App* command, UserOptions& o) {
   command->add_option("--number", o.number, "Which of its entries, as `find` counts them")
       ->type_name("N")
-      ->check(CLI::Range(1L, 1000000L).description(""));
+      ->check(numberFrom(1, 1000000));
 }
 
 void addAdd(CLI::App* user, UserOptions& o, const std::function<void(CLI::App*)>& addCommon) {

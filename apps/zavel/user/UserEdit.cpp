@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 #include "Interrupt.h"
 #include "JsonWriter.h"
@@ -32,11 +33,13 @@ std::string editor() {
   return "editor";
 }
 
-// Runs the editor on a file and waits. False when it could not be run, or said that it failed.
+// Runs the editor on a file and waits. False when it could not be run, said that it failed, or is not awaited
+// any longer because of a signal to this process.
 bool runEditor(const std::string& file) {
   const std::string command = editor() + " \"$1\"";
   const pid_t child = fork();
   if (child == 0) {
+    signal(SIGXFSZ, SIG_DFL);
     execl("/bin/sh", "sh", "-c", command.c_str(), "sh", file.c_str(), static_cast<char*>(nullptr));
     _exit(127);
   }
@@ -47,10 +50,11 @@ bool runEditor(const std::string& file) {
   sigaction(SIGINT, &ignore, &interrupt);
   sigaction(SIGQUIT, &ignore, &quit);
   int status = 0;
-  while (waitpid(child, &status, 0) < 0 && errno == EINTR) continue;
+  bool ended = false;
+  while (!ended && !interrupted()) ended = waitpid(child, &status, 0) == child || errno != EINTR;
   sigaction(SIGINT, &interrupt, nullptr);
   sigaction(SIGQUIT, &quit, nullptr);
-  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+  return ended && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
 // A form in a file that stays until its entry is stored, so that nothing typed is lost.
@@ -73,6 +77,7 @@ class FormFile {
   Failure keeping(Failure failure) {
     keep_ = true;
     failure.hint = "What you typed is in " + path_;
+    if (interrupted()) failure.status = static_cast<ExitStatus>(interruptedStatus());
     return failure;
   }
 
@@ -86,24 +91,35 @@ Failure noForm() {
           kWriteHint};
 }
 
+Failure interruptedEdit() {
+  return {kExitEnvironment, "interrupted", "interrupted; nothing was stored", ""};
+}
+
+// What the editor left in the form. A failure also where it is no entry: *wrong then tells why.
+Failure readEdited(const FormFile& file, UserLanguage language, UserEntry* entry, std::string* wrong) {
+  const bool edited = runEditor(file.path());
+  if (interrupted()) return interruptedEdit();
+  if (!edited) return {kExitEnvironment, "editor", "the editor failed: " + editor(), ""};
+  std::string text;
+  if (!readWholeFile(file.path(), kLongestForm, &text)) {
+    return {kExitEnvironment, "editor", "the form can't be read, or has more than 1 MB: " + file.path(), ""};
+  }
+  *wrong = readForm(text, language, entry);
+  return wrong->empty() ? Failure{} : Failure{kExitUsage, "refused", *wrong, ""};
+}
+
 // Has the entry changed in the editor until it can be stored or the user gives up.
 Failure editForm(const UserOptions& options, FormFile* file, UserEntry* entry) {
   const UserLanguage language = entry->language;
   for (;;) {
-    if (!runEditor(file->path())) {
-      return file->keeping({kExitEnvironment, "editor", "the editor failed: " + editor(), ""});
-    }
-    std::string text;
-    if (!readWholeFile(file->path(), kLongestForm, &text)) {
-      return file->keeping({kExitEnvironment, "editor", "the form can't be read: " + file->path(), ""});
-    }
-    const std::string wrong = readForm(text, language, entry);
-    if (wrong.empty()) return {};
-    if (!canAsk(options)) return file->keeping({kExitUsage, "refused", wrong, ""});
+    std::string wrong;
+    const Failure failure = readEdited(*file, language, entry, &wrong);
+    if (!failure) return {};
+    if (wrong.empty() || !canAsk(options)) return file->keeping(failure);
     std::fprintf(stderr, "zavel: %s\n", printable(wrong).c_str());
-    if (const std::string answer = ask("Edit again [Y/n]? "); answer == "n" || answer == "no") {
-      return file->keeping({kExitUsage, "refused", wrong, ""});
-    }
+    const std::optional<std::string> answer = askLine("Edit again [Y/n]? ");
+    if (interrupted()) return file->keeping(interruptedEdit());
+    if (!answer || *answer == "n" || *answer == "no") return file->keeping(failure);
   }
 }
 
@@ -141,10 +157,7 @@ Failure storeChange(const UserEntry& old, const UserEntry& entry) {
 }
 
 Failure applySettings(const UserOptions& options, UserEntry* entry) {
-  for (const std::string& setting : options.settings) {
-    if (const std::string wrong = setField(setting, entry); !wrong.empty()) return badEntry(wrong);
-  }
-  const std::string wrong = settleEntry(entry);
+  const std::string wrong = setFields(options.settings, entry);
   return wrong.empty() ? Failure{} : badEntry(wrong);
 }
 
@@ -176,6 +189,7 @@ int runUserEdit(const UserOptions& options) {
     if (Failure failure = storeChange(old, entry)) return report(failure, options.json);
     return show(entry, true, options.json);
   }
+  watchInterrupts();
   FormFile file(old);
   if (file.path().empty()) return report(noForm(), options.json);
   if (Failure failure = editForm(options, &file, &entry)) return report(failure, options.json);

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <iterator>
 
 namespace zavel::host {
 namespace {
@@ -41,20 +43,19 @@ std::optional<UserLanguage> languageOf(std::string_view code) {
 }
 
 UserLanguage guessLanguage(std::string_view word) {
-  // Letters of full width and typographic apostrophes are folded to ASCII later: they tell of no kana.
-  constexpr std::string_view kFullWidth = "\xEF\xBC", kSmall = "\xEF\xBD", kPunctuation = "\xE2\x80";
-  for (size_t at = 0; at < word.size();) {
-    if ((word[at] & 0x80) == 0) {
-      ++at;
-      continue;
-    }
-    const std::string_view lead = word.substr(at, 2);
-    const bool folded =
-        lead == kFullWidth || lead == kPunctuation ||
-        (lead == kSmall && at + 2 < word.size() && static_cast<uint8_t>(word[at + 2]) <= 0x9E);
-    const bool latin = static_cast<uint8_t>(word[at]) < 0xCD;  // é: refused with its name as English
+  // What is folded to ASCII later tells of no kana: letters of full width, typographic marks, blanks of other
+  // width; so does the byte order's mark.
+  constexpr std::string_view kFolded[] = {"\xEF\xBC", "\xE2\x80", "\xE2\x88\x92", "\xE3\x80\x80",
+                                          "\xEF\xBB\xBF"};
+  constexpr std::string_view kSmall = "\xEF\xBD";
+  while (!word.empty()) {
+    const uint8_t lead = static_cast<uint8_t>(word[0]);
+    const bool small = word.starts_with(kSmall) && word.size() > 2 && static_cast<uint8_t>(word[2]) <= 0x9E;
+    const bool folded = small || std::any_of(std::begin(kFolded), std::end(kFolded),
+                                             [word](auto bytes) { return word.starts_with(bytes); });
+    const bool latin = lead < 0xCD;  // é: refused with its name as English
     if (!folded && !latin) return UserLanguage::kJapanese;
-    at += latin ? 2 : 3;
+    word.remove_prefix(std::min<size_t>(lead < 0x80 ? 1 : latin ? 2 : 3, word.size()));
   }
   return UserLanguage::kEnglish;
 }

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "user/UserEntry.h"
 
@@ -15,9 +16,10 @@ std::string formOf(const UserEntry& entry);
 // Reads a form of the same language; the entry is settled. Empty, or what is wrong, with its line.
 std::string readForm(std::string_view text, UserLanguage language, UserEntry* entry);
 
-// Sets one field, as `--set` has it: "meaning=...". An "example" or a "sentence" is added; without a text all
-// of them are taken away. Empty, or what is wrong.
-std::string setField(std::string_view setting, UserEntry* entry);
+// Sets fields, as `--set` has them: "meaning=...", each once. An "example" or a "sentence" is added; without
+// a text those ahead of it are taken away. A phrase takes the place of the part of speech that every word
+// has, but no other; a part of speech takes no phrase's place. The entry is settled. Empty, or what is wrong.
+std::string setFields(const std::vector<std::string>& settings, UserEntry* entry);
 
 }  // namespace zavel::host
 

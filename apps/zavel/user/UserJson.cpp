@@ -4,6 +4,8 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "user/UserView.h"
+
 namespace zavel::host {
 namespace {
 
@@ -42,7 +44,8 @@ std::string takeExamples(const Json& object, const char* key, std::vector<UserEx
     UserExample& example = examples->emplace_back();
     if (!item.is_object() || !takeText(item, "english", &example.english).empty() ||
         !takeText(item, "japanese", &example.japanese).empty()) {
-      return std::string(key) + ": each has \"english\" and \"japanese\"";
+      return std::string(key) + ": number " + std::to_string(examples->size()) +
+             " is no object with the strings \"english\" and \"japanese\"";
     }
   }
   return {};
@@ -52,7 +55,7 @@ std::string takeLanguage(const Json& object, const UserLanguage* language, UserE
   std::string code;
   if (std::string wrong = takeText(object, "lang", &code); !wrong.empty()) return wrong;
   const std::optional<UserLanguage> told = languageOf(code);
-  if (!told && !code.empty()) return "lang: it is en or ja";
+  if (!told && !code.empty()) return "lang: " + inQuotes(code) + " is neither en nor ja";
   entry->language = told ? *told : language ? *language : guessLanguage(entry->word);
   return {};
 }
@@ -73,7 +76,8 @@ std::string takeEntry(const Json& object, const UserLanguage* language, UserEntr
   if (wrong.empty()) wrong = takeExamples(object, "sentences", &entry->sentences);
   if (!wrong.empty()) return wrong;
   entry->pos = posOf(pos);
-  return entry->pos == 0 && !pos.empty() ? "pos: it is one of " + posNames() : std::string();
+  if (entry->pos > 0 || pos.empty()) return {};
+  return "pos: " + inQuotes(pos) + " is none; it is one of " + posNames();
 }
 
 JsonEntry entryOf(const Json& object, const UserLanguage* language) {

@@ -3,8 +3,9 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <charconv>
 #include <cstdio>
-#include <cstdlib>
 
 #include "Terminal.h"
 #include "user/UserView.h"
@@ -24,13 +25,25 @@ Failure several(size_t count, bool manyAllowed) {
           manyAllowed ? "Say which: --number N, or --all." : "Say which: --number N."};
 }
 
+// A whole number from 1 to `most`, else 0.
+size_t numberIn(const std::string& answer, size_t most) {
+  size_t number = 0;
+  const char* const end = answer.data() + answer.size();
+  const auto [stop, error] = std::from_chars(answer.data(), end, number);
+  return error == std::errc() && stop == end && number <= most ? number : 0;
+}
+
 std::vector<StoredEntry> askWhich(const std::vector<StoredEntry>& found, bool manyAllowed, Failure* failure) {
   for (size_t i = 0; i < found.size(); ++i) std::fputs(entryText(found[i].entry, i + 1).c_str(), stderr);
-  const std::string answer =
-      ask(manyAllowed ? "Which one (a for all, Enter for none)? " : "Which one (Enter for none)? ");
-  if (manyAllowed && (answer == "a" || answer == "all")) return found;
-  const size_t number = std::strtoul(answer.c_str(), nullptr, 10);
-  if (number >= 1 && number <= found.size()) return {found[number - 1]};
+  const char* question =
+      manyAllowed ? "Which one (a for all, Enter for none)? " : "Which one (Enter for none)? ";
+  for (;;) {
+    const std::string answer = ask(question);
+    if (answer.empty()) break;
+    if (manyAllowed && (answer == "a" || answer == "all")) return found;
+    if (const size_t number = numberIn(answer, found.size()); number > 0) return {found[number - 1]};
+    std::fprintf(stderr, "%s is no number from 1 to %zu\n", inQuotes(answer).c_str(), found.size());
+  }
   *failure = {kExitNothing, "none_chosen", "nothing was changed", "Run it again to choose."};
   return {};
 }
@@ -41,12 +54,21 @@ bool canAsk(const UserOptions& options) {
   return !options.noInput && !options.json && isTerminal(STDIN_FILENO) && isTerminal(STDERR_FILENO);
 }
 
-std::string ask(const std::string& question) {
+std::optional<std::string> askLine(const std::string& question) {
   std::fflush(stdout);
   std::fputs(question.c_str(), stderr);
   std::string line;
-  for (int c = std::getchar(); c != EOF && c != '\n'; c = std::getchar()) line += static_cast<char>(c);
-  return line;
+  int c = std::getchar();
+  for (; c != EOF && c != '\n'; c = std::getchar()) line += static_cast<char>(c);
+  if (c == EOF) std::fputs("\n", stderr);  // what comes next is no part of the question
+  if (c == EOF && line.empty()) return std::nullopt;
+  constexpr const char* kBlanks = " \t\r";
+  line.erase(line.find_last_not_of(kBlanks) + 1);
+  return line.erase(0, std::min(line.find_first_not_of(kBlanks), line.size()));
+}
+
+std::string ask(const std::string& question) {
+  return askLine(question).value_or("");
 }
 
 std::vector<StoredEntry> choose(const UserOptions& options, const std::vector<StoredEntry>& found,

@@ -2,6 +2,7 @@
 #ifndef ZAVEL_USER_USERPROMPT_H
 #define ZAVEL_USER_USERPROMPT_H
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,7 +15,10 @@ namespace zavel::host {
 // Whether somebody is there to be asked.
 bool canAsk(const UserOptions& options);
 
-// Writes `question` to standard error and reads a line; empty at the end of the input.
+// Writes `question` to standard error and reads a line, without blanks around it. Nothing at the end of the
+// input and at a signal that is watched for.
+std::optional<std::string> askLine(const std::string& question);
+// The same; empty for nothing.
 std::string ask(const std::string& question);
 
 // Which of `found` are meant: by number, all, or, where there are several, whoever sits at the terminal says.

@@ -3,16 +3,18 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 #include "Utf8.h"
+#include "user/UserView.h"
 
 namespace zavel::host {
 namespace {
 
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
 constexpr std::array<std::string_view, 8> kColumns = {"lang",   "word",    "kanji",    "pos",
                                                       "phrase", "meaning", "examples", "sentences"};
-
-constexpr const char* kNoExample = "an example is ENGLISH=JAPANESE";
 
 // Controls that would end a cell or a line.
 std::string escaped(std::string_view text, bool inExample) {
@@ -34,18 +36,24 @@ std::string escaped(std::string_view text, bool inExample) {
   return out;
 }
 
-char unescaped(char c) {
-  return c == 't' ? '\t' : c == 'n' ? '\n' : c == 'r' ? '\r' : c;
-}
+// What a backslash may stand ahead of, and what both stand for. Ahead of anything else it is itself.
+struct Escape {
+  char letter, meant;
+};
+constexpr Escape kInCells[] = {{'\\', '\\'}, {'t', '\t'}, {'n', '\n'}, {'r', '\r'}};
+constexpr Escape kInExamples[] = {{'\\', '\\'}, {'=', '='}, {'|', '|'}};
+constexpr Escape kInExampleCells[] = {{'\\', '\\'}, {'=', '='},  {'|', '|'},
+                                      {'t', '\t'},  {'n', '\n'}, {'r', '\r'}};
 
-std::string plain(std::string_view cell) {
+std::string plain(std::string_view cell, std::span<const Escape> escapes) {
   std::string out;
   for (size_t i = 0; i < cell.size(); ++i) {
-    if (cell[i] == '\\' && i + 1 < cell.size()) {
-      out += unescaped(cell[++i]);
-    } else {
-      out += cell[i];
-    }
+    const char next = cell[i] == '\\' && i + 1 < cell.size() ? cell[i + 1] : '\0';
+    const auto escape = std::find_if(escapes.begin(), escapes.end(),
+                                     [next](const Escape& known) { return known.letter == next; });
+    const bool known = next != '\0' && escape != escapes.end();
+    out += known ? escape->meant : cell[i];
+    if (known) ++i;
   }
   return out;
 }
@@ -68,13 +76,23 @@ std::string joined(const std::vector<UserExample>& examples) {
   return out;
 }
 
-bool readExamples(std::string_view cell, std::vector<UserExample>* examples) {
+bool readPair(std::string_view text, std::span<const Escape> escapes, UserExample* example) {
+  const size_t equals = findBare(text, '=');
+  if (equals == std::string_view::npos) return false;
+  *example = {plain(text.substr(0, equals), escapes), plain(text.substr(equals + 1), escapes)};
+  return true;
+}
+
+// Empty, or which of them is none.
+std::string readExamples(std::string_view cell, std::vector<UserExample>* examples) {
   while (!cell.empty()) {
     const size_t end = std::min(findBare(cell, '|'), cell.size());
-    if (!readExample(cell.substr(0, end), &examples->emplace_back())) return false;
+    if (!readPair(cell.substr(0, end), kInExampleCells, &examples->emplace_back())) {
+      return "number " + std::to_string(examples->size()) + " has no \"=\": each is ENGLISH=JAPANESE";
+    }
     cell.remove_prefix(std::min(end + 1, cell.size()));
   }
-  return true;
+  return {};
 }
 
 std::vector<std::string_view> cellsOf(std::string_view line) {
@@ -94,10 +112,7 @@ std::string exampleText(const UserExample& example) {
 }
 
 bool readExample(std::string_view text, UserExample* example) {
-  const size_t equals = findBare(text, '=');
-  if (equals == std::string_view::npos) return false;
-  *example = {plain(text.substr(0, equals)), plain(text.substr(equals + 1))};
-  return true;
+  return readPair(text, kInExamples, example);
 }
 
 std::string tableHeader() {
@@ -117,10 +132,11 @@ std::string tableLine(const UserEntry& entry) {
 
 std::string TableReader::readHeader(std::string_view line) {
   columns_.clear();
+  if (line.starts_with(kByteOrderMark)) line.remove_prefix(kByteOrderMark.size());
   for (const std::string_view cell : cellsOf(line)) {
     const std::string column(cell);
     if (std::find(kColumns.begin(), kColumns.end(), column) == kColumns.end()) {
-      return "there is no column \"" + printable(column) + "\"";
+      return "there is no column " + inQuotes(column);
     }
     if (std::find(columns_.begin(), columns_.end(), column) != columns_.end()) {
       return "the column \"" + column + "\" stands there twice";
@@ -138,20 +154,22 @@ std::string TableReader::readHeader(std::string_view line) {
 std::string TableReader::take(const std::string& column, std::string_view cell, UserEntry* entry) const {
   if (column == "lang") {
     const std::optional<UserLanguage> language = languageOf(cell);
-    if (!language && !cell.empty()) return "lang: it is en or ja";
+    if (!language && !cell.empty()) return "lang: " + inQuotes(cell) + " is neither en nor ja";
     if (language) entry->language = *language;
   } else if (column == "pos") {
-    entry->pos = posOf(plain(cell));
-    if (entry->pos == 0 && !cell.empty()) return "pos: it is one of " + posNames();
+    entry->pos = posOf(cell);
+    if (entry->pos == 0 && !cell.empty()) {
+      return "pos: " + inQuotes(cell) + " is none; it is one of " + posNames();
+    }
   } else if (column == "examples" || column == "sentences") {
     const bool examples = column == "examples";
-    if (!readExamples(cell, examples ? &entry->examples : &entry->sentences))
-      return column + ": " + kNoExample;
+    const std::string wrong = readExamples(cell, examples ? &entry->examples : &entry->sentences);
+    if (!wrong.empty()) return column + ": " + wrong;
   } else {
     std::string* texts[] = {&entry->word, &entry->kanji, &entry->phrase, &entry->meaning};
     constexpr std::string_view kNames[] = {"word", "kanji", "phrase", "meaning"};
     for (size_t i = 0; i < std::size(kNames); ++i) {
-      if (column == kNames[i]) *texts[i] = plain(cell);
+      if (column == kNames[i]) *texts[i] = plain(cell, kInCells);
     }
   }
   return {};

@@ -15,14 +15,15 @@ namespace zavel::host {
 std::string tableHeader();
 std::string tableLine(const UserEntry& entry);
 
-// "ENGLISH=JAPANESE" with a backslash ahead of "=", "|" and backslashes in the texts. False without a "=".
+// "ENGLISH=JAPANESE" with a backslash ahead of "=", "|" and backslashes in the texts; ahead of anything else
+// a backslash is itself. False without a "=".
 bool readExample(std::string_view text, UserExample* example);
 std::string exampleText(const UserExample& example);
 
 class TableReader {
  public:
-  // Takes the header line. Empty, or why it is none. Columns may stand in any order; "word" and "meaning"
-  // must be there.
+  // Takes the header line, also behind a mark of the byte order. Empty, or why it is none. Columns may stand
+  // in any order; "word" and "meaning" must be there.
   std::string readHeader(std::string_view line);
 
   // Takes one line behind it. `language` is for a table without the column "lang", or with an empty one: null

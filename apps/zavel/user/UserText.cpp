@@ -1,8 +1,10 @@
 // Tests: tests/zavel/user/UserTextTest.cpp
 #include "user/UserText.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <iterator>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -11,9 +13,11 @@
 #include "engine/ChangeMidasi.h"
 #include "engine/DicFormat.h"
 #include "engine/MidasiCheck.h"
+#include "engine/WordInfo.h"
 #include "foundation/Utf8.h"
 #include "platform/Platform.h"
 #include "platform/TextEncoding.h"
+#include "user/UserView.h"
 
 namespace zavel::host {
 namespace {
@@ -51,73 +55,89 @@ char32_t withMark(char32_t kana, char32_t mark) {
   return base == 0x3046 ? 0x3094 + shift : 0;  // う
 }
 
-// One character in the ASCII that it stands for; nothing where it stands for none.
-std::optional<std::string> asciiOf(char32_t code) {
+// What stands for a character that a text can't hold: in ASCII, and where ASCII is not all there is.
+struct StandIn {
+  char32_t code;
+  std::string_view ascii;  // empty: none
+  std::u32string_view wide;
+};
+
+constexpr StandIn kStandIns[] = {
+    {0x00A0, " ", U" "},   {0x00A5, "", U"￥"},   {0x00B4, "'", U"´"},  {0x00B7, "", U"・"},
+    {0x2002, " ", U" "},   {0x2003, " ", U" "},   {0x2009, " ", U" "},  {0x200A, " ", U" "},
+    {0x202F, " ", U" "},   {0x3000, " ", U"　"},  {0x2010, "-", U"‐"},  {0x2011, "-", U"‐"},
+    {0x2012, "-", U"-"},   {0x2013, "-", U"-"},   {0x2014, "-", U"―"},  {0x2015, "-", U"―"},
+    {0x2212, "-", U"－"},  {0x2018, "'", U"‘"},   {0x2019, "'", U"’"},  {0x201A, "'", U"'"},
+    {0x201B, "'", U"'"},   {0x2032, "'", U"′"},   {0x201C, "\"", U"“"}, {0x201D, "\"", U"”"},
+    {0x201E, "\"", U"\""}, {0x201F, "\"", U"\""}, {0x2033, "\"", U"″"}, {0x2022, "", U"・"},
+    {0x2026, "...", U"…"}, {0x203E, "~", U"￣"},  {0x301C, "~", U"～"}, {0x3094, "", U"ヴ"},
+};
+
+const StandIn* standInOf(char32_t code) {
+  const auto* const found = std::find_if(std::begin(kStandIns), std::end(kStandIns),
+                                         [code](const StandIn& standIn) { return standIn.code == code; });
+  return found == std::end(kStandIns) ? nullptr : found;
+}
+
+// One character in the ASCII that it stands for; empty where it stands for none.
+std::string asciiOf(char32_t code) {
   if (code >= 0xFF01 && code <= 0xFF5E) return std::string(1, static_cast<char>(code - 0xFEE0));
-  switch (code) {
-    case 0x00A0:
-    case 0x3000:
-      return " ";
-    case 0x2018:
-    case 0x2019:
-    case 0x201B:
-      return "'";
-    case 0x201C:
-    case 0x201D:
-      return "\"";
-    case 0x2010:
-    case 0x2011:
-    case 0x2012:
-    case 0x2013:
-    case 0x2014:
-    case 0x2212:
-      return "-";
-    case 0x2026:
-      return "...";
-    default:
-      return std::nullopt;
-  }
+  const StandIn* const standIn = standInOf(code);
+  return standIn ? std::string(standIn->ascii) : std::string();
 }
 
 char32_t fullWidth(char32_t code) {
   if (code >= 0xFF61 && code < 0xFF61 + kFullKatakana.size()) return kFullKatakana[code - 0xFF61];
   if (code == 0xFF9E) return kDakuten;
   if (code == 0xFF9F) return kHandakuten;
-  return code == 0x00A0 ? 0x20 : code;
+  return code;
 }
 
-void appendFolded(TextKind kind, char32_t code, std::u32string* out) {
+// Marks that nobody sees: of the byte order, of places where a line or a word may break.
+bool isInvisible(char32_t code) {
+  return code == 0xFEFF || code == 0x200B || code == 0x2060 || code == 0x00AD;
+}
+
+// A character, and where it stands in what was typed, counted from 1.
+struct Typed {
+  char32_t code;
+  size_t place;
+};
+
+void appendFolded(TextKind kind, Typed typed, std::vector<Typed>* out) {
+  if (isInvisible(typed.code)) return;
   if (isAsciiKind(kind)) {
-    const std::optional<std::string> ascii = asciiOf(code);
-    if (!ascii) return out->push_back(code);
-    return void(out->append(ascii->begin(), ascii->end()));
+    const std::string ascii = asciiOf(typed.code);
+    if (ascii.empty()) out->push_back(typed);
+    for (const char c : ascii) out->push_back({static_cast<char32_t>(c), typed.place});
+    return;
   }
-  const char32_t full = fullWidth(code);
+  const char32_t full = fullWidth(typed.code);
   const bool isMark = full == kDakuten || full == kHandakuten;
-  const char32_t marked = isMark && !out->empty() ? withMark(out->back(), full) : 0;
+  const char32_t marked = isMark && !out->empty() ? withMark(out->back().code, full) : 0;
   if (marked != 0) {
-    out->back() = marked;
+    out->back().code = marked;
   } else if (isMark) {
-    out->push_back(full == kDakuten ? U'゛' : U'゜');
+    out->push_back({full == kDakuten ? U'゛' : U'゜', typed.place});
   } else {
-    out->push_back(full);
+    out->push_back({full, typed.place});
   }
 }
 
-bool isBlank(char32_t code) {
-  return code == ' ' || code == 0x3000;
+bool isBlank(const Typed& typed) {
+  return typed.code == ' ' || typed.code == 0x3000;
 }
 
-std::u32string folded(TextKind kind, std::string_view utf8) {
-  std::u32string out;
-  char32_t code = 0;
-  for (size_t length = 0; (length = decodeUtf8(utf8, &code)) > 0; utf8.remove_prefix(length)) {
-    appendFolded(kind, code, &out);
+std::vector<Typed> folded(TextKind kind, std::string_view utf8) {
+  std::vector<Typed> out;
+  Typed typed{0, 1};
+  for (size_t length = 0; (length = decodeUtf8(utf8, &typed.code)) > 0; utf8.remove_prefix(length)) {
+    appendFolded(kind, typed, &out);
+    ++typed.place;
   }
   while (!out.empty() && isBlank(out.back())) out.pop_back();
-  size_t begin = 0;
-  while (begin < out.size() && isBlank(out[begin])) ++begin;
-  return out.substr(begin);
+  out.erase(out.begin(), std::find_if_not(out.begin(), out.end(), isBlank));
+  return out;
 }
 
 bool accepts(TextKind kind, const std::string& sjis) {
@@ -152,15 +172,31 @@ const char* allowed(TextKind kind) {
   return "";
 }
 
+// Level 2 got its last six kanji when words were filed under the others already. Each has a twin.
+constexpr std::u32string_view kLastKanji = U"堯槇遙瑤凜熙", kTwins = U"尭槙遥瑶凛煕";
+
+std::string reason(TextKind kind, char32_t code) {
+  if (kind != TextKind::kWritten) return allowed(kind);
+  if (code == U'々') return "write the kanji that it repeats";
+  const size_t at = kLastKanji.find(code);
+  if (at == std::u32string_view::npos) return allowed(kind);
+  return "no word can be filed under this kanji; write " + utf8Of(kTwins[at]);
+}
+
 std::string nameOf(char32_t code) {
   char number[16];
   std::snprintf(number, sizeof number, "U+%04X", static_cast<unsigned>(code));
+  const auto called = [&number](const char* name) { return std::string(name) + " (" + number + ")"; };
+  if (code == ' ') return called("a blank");
+  if (code == 0x3000) return called("an ideographic blank");
+  if (code == '\t') return called("a tab");
+  if (code == '\n') return called("a line end");
   if (code < 0x20 || (code >= 0x7F && code < 0xA0)) return number;
   return "\"" + utf8Of(code) + "\" (" + number + ")";
 }
 
 // One character as the dictionary holds it, in UTF-8; empty where it has no place there.
-std::string settledCharacter(TextKind kind, char32_t code) {
+std::string heldCharacter(TextKind kind, char32_t code) {
   if (code == 0) return {};
   if (code < 0x80) return accepts(kind, utf8Of(code)) ? utf8Of(code) : std::string();
   const std::optional<SjisBytes> sjis = platform().encoding().toSjisStrict(utf8Of(code));
@@ -168,37 +204,100 @@ std::string settledCharacter(TextKind kind, char32_t code) {
   return platform().encoding().fromSjisLossy(sjis->bytes());
 }
 
+// The same, with what stands for it where it has no place itself.
+std::string settledCharacter(TextKind kind, char32_t code) {
+  std::string held = heldCharacter(kind, code);
+  const StandIn* const standIn = held.empty() && !isAsciiKind(kind) ? standInOf(code) : nullptr;
+  return standIn ? heldCharacter(kind, standIn->wide.front()) : held;
+}
+
 struct Field {
-  const char* name;
+  std::string name;
   TextKind kind;
   std::string* text;
 };
 
-// The texts of an entry that must be there.
+// The texts of an entry that must be there, but for its examples.
 std::vector<Field> fieldsOf(UserEntry* entry) {
   const bool english = entry->language == UserLanguage::kEnglish;
   std::vector<Field> fields = {{"word", english ? TextKind::kEnglishWord : TextKind::kReading, &entry->word}};
   if (!english && !entry->kanji.empty()) fields.push_back({"kanji", TextKind::kWritten, &entry->kanji});
   if (english && !entry->phrase.empty()) fields.push_back({"phrase", TextKind::kAscii, &entry->phrase});
   fields.push_back({"meaning", english ? TextKind::kMixed : TextKind::kAscii, &entry->meaning});
-  for (auto* examples : {&entry->examples, &entry->sentences}) {
-    const char* name = examples == &entry->examples ? "example" : "sentence";
-    for (UserExample& example : *examples) {
-      fields.push_back({name, TextKind::kAscii, &example.english});
-      fields.push_back({name, TextKind::kMixed, &example.japanese});
-    }
-  }
   return fields;
 }
 
-// Whether the index has anything to file the word under.
-bool hasKey(const UserEntry& entry) {
+bool isExchanged(const UserExample& example) {
+  std::string english = example.japanese, japanese = example.english;
+  return settleText(TextKind::kAscii, &english).empty() && settleText(TextKind::kMixed, &japanese).empty();
+}
+
+std::string settleExamples(const char* name, std::vector<UserExample>* examples) {
+  for (size_t i = 0; i < examples->size(); ++i) {
+    UserExample& example = (*examples)[i];
+    const std::string which = std::string(name) + " " + std::to_string(i + 1);
+    if (const std::string wrong = settleText(TextKind::kAscii, &example.english); !wrong.empty()) {
+      if (isExchanged(example)) return which + ": English stands first, then Japanese";
+      return which + ", English side: " + wrong;
+    }
+    if (const std::string wrong = settleText(TextKind::kMixed, &example.japanese); !wrong.empty()) {
+      return which + ", Japanese side: " + wrong;
+    }
+  }
+  return {};
+}
+
+// Whether the index has anything to file the text of a Japanese entry under.
+bool hasKana(const std::string& text, bool kanji) {
   std::string key;
-  if (entry.language == UserLanguage::kEnglish) return !engine::ChangeMidasiStrE(entry.word).empty();
-  const auto filed = [&key](const std::string& text, bool kanji) {
-    return engine::ChangeMidasiStrJ(storedText(text), kanji, &key) == kOk && !key.empty();
-  };
-  return filed(entry.word, false) && (entry.kanji.empty() || filed(entry.kanji, true));
+  return engine::ChangeMidasiStrJ(storedText(text), kanji, &key) == kOk && !key.empty();
+}
+
+std::string withoutKey(const UserEntry& entry) {
+  if (entry.language == UserLanguage::kEnglish) {
+    return engine::ChangeMidasiStrE(entry.word).empty() ? "word: it has no letter" : "";
+  }
+  if (!hasKana(entry.word, false)) return "word: it has no kana";
+  const bool filed = entry.kanji.empty() || hasKana(entry.kanji, true);
+  return filed ? "" : "kanji: it has neither kanji nor kana";
+}
+
+uint16_t storedLength(const std::string& text) {
+  return static_cast<uint16_t>(storedText(text).size());
+}
+
+engine::PairSizes storedLengths(const std::vector<UserExample>& examples) {
+  engine::PairSizes sizes;
+  for (const UserExample& example : examples) {
+    sizes.eng.push_back(storedLength(example.english));
+    sizes.jpn.push_back(storedLength(example.japanese));
+  }
+  return sizes;
+}
+
+// Bytes of a settled entry in the dictionary: its texts and the marks between them.
+size_t storedSize(const UserEntry& entry) {
+  size_t size = 0;
+  const uint16_t word = storedLength(entry.word), meaning = storedLength(entry.meaning);
+  if (entry.language == UserLanguage::kJapanese) {
+    engine::GetImiDataSizeJ({word, storedLength(entry.kanji), meaning, storedLengths(entry.examples),
+                             storedLengths(entry.sentences)},
+                            &size);
+    return size;
+  }
+  add_dic_e record = {};
+  record.kind = entry.phrase.empty() ? engine::kKindMeaning : engine::kKindPhrase;
+  record.hinsi = static_cast<uint16_t>(entry.pos);
+  engine::GetImiDataSizeE(record, {word, meaning, storedLength(entry.phrase), storedLengths(entry.examples)},
+                          &size);
+  return size;
+}
+
+std::string tooLong(const UserEntry& entry) {
+  const size_t size = storedSize(entry);
+  if (size < engine::kMaxEntry) return {};
+  return "the entry is too long: with all its texts it has " + grouped(size) + " bytes in Shift_JIS, " +
+         grouped(engine::kMaxEntry - 1) + " at most; leave examples out, or make two entries of it";
 }
 
 std::string misplaced(const UserEntry& entry) {
@@ -227,27 +326,36 @@ std::string textOfStored(const std::string& sjis) {
 std::string settleText(TextKind kind, std::string* text) {
   if (!isUtf8(*text)) return "it is not UTF-8 text";
   std::string settled;
-  for (const char32_t code : folded(kind, *text)) {
-    const std::string character = settledCharacter(kind, code);
-    if (character.empty()) return nameOf(code) + " can't stand here: " + allowed(kind);
+  for (const Typed& typed : folded(kind, *text)) {
+    const std::string character = settledCharacter(kind, typed.code);
+    if (character.empty()) {
+      return nameOf(typed.code) + ", character " + std::to_string(typed.place) +
+             ", can't stand here: " + reason(kind, typed.code);
+    }
     settled += character;
   }
   if (settled.empty()) return "it is empty";
-  if (settled.size() > kLongestText && storedText(settled).size() > kLongestText) return "it is too long";
+  const size_t size = settled.size() > kLongestText ? storedText(settled).size() : 0;
+  if (size > kLongestText) {
+    return "it is too long: it has " + grouped(size) + " bytes in Shift_JIS, " + grouped(kLongestText) +
+           " at most";
+  }
   *text = settled;
   return {};
 }
 
 std::string settleEntry(UserEntry* entry) {
   if (const std::string wrong = misplaced(*entry); !wrong.empty()) return wrong;
-  const bool english = entry->language == UserLanguage::kEnglish;
   for (const Field& field : fieldsOf(entry)) {
     const std::string wrong = settleText(field.kind, field.text);
-    if (!wrong.empty()) return std::string(field.name) + ": " + wrong;
+    if (!wrong.empty()) return field.name + ": " + wrong;
   }
-  if (!hasKey(*entry)) return english ? "word: it has no letter" : "word: it has no kana";
-  if (english && entry->phrase.empty() && entry->pos == 0) entry->pos = 1;
-  return {};
+  std::string wrong = settleExamples("example", &entry->examples);
+  if (wrong.empty()) wrong = settleExamples("sentence", &entry->sentences);
+  if (wrong.empty()) wrong = withoutKey(*entry);
+  if (!wrong.empty()) return wrong;
+  if (entry->language == UserLanguage::kEnglish && entry->phrase.empty() && entry->pos == 0) entry->pos = 1;
+  return tooLong(*entry);
 }
 
 }  // namespace zavel::host

@@ -18,11 +18,12 @@ enum class TextKind {
 };
 
 // Folds `*text` (UTF-8) into characters of its kind: width, sound marks, typographic quotes and dashes;
-// blanks at its ends are cut. Empty, or why it can't be held: "\"é\" (U+00E9) can't stand in ...".
+// blanks at its ends are cut, marks that nobody sees left out. A settled text settles to itself. Empty, or
+// why it can't be held: "\"é\" (U+00E9), character 4, can't stand here: ...", with its place as typed.
 std::string settleText(TextKind kind, std::string* text);
 
-// All texts of an entry. Empty, or what is wrong, with the field's name: "meaning: ...". A missing part of
-// speech becomes a noun.
+// All texts of an entry. Empty, or what is wrong, with the field's name ahead where it is one's: "meaning:
+// ...", "example 2, English side: ...". A missing part of speech becomes a noun.
 std::string settleEntry(UserEntry* entry);
 
 // Between UTF-8 and the dictionary's Shift_JIS; for texts that were settled.

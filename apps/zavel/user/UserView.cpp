@@ -43,6 +43,12 @@ Failure badEntry(const std::string& why) {
   return {kExitUsage, "refused", why, "Nothing was stored. Change the text, then try again."};
 }
 
+std::string inQuotes(std::string_view text) {
+  std::string out = "\"";
+  for (const char c : printable(text)) out += c == '\n' ? "\xEF\xBF\xBD" : std::string(1, c);
+  return out + "\"";
+}
+
 std::string grouped(uintmax_t number) {
   std::string digits = std::to_string(number);
   for (size_t at = digits.size(); at > 3; at -= 3) digits.insert(at - 3, ",");

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Failure.h"
@@ -23,6 +24,9 @@ std::unique_ptr<UserStore> makeStore();
 
 // The failure of a text that can't be stored.
 Failure badEntry(const std::string& why);
+
+// A text of the user's in quotes, fit for one line of a message.
+std::string inQuotes(std::string_view text);
 
 // 12,345
 std::string grouped(uintmax_t number);

@@ -1,6 +1,7 @@
 // `zavel user` as its users meet it.
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <signal.h>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -15,6 +16,12 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 using test::Outcome;
+
+std::string repeated(const std::string& text, size_t times) {
+  std::string out;
+  for (size_t i = 0; i < times; ++i) out += text;
+  return out;
+}
 
 class UserCommandTest : public test::RootTest {
  protected:
@@ -56,8 +63,10 @@ TEST_F(UserCommandTest, PhrasesAndPartsOfSpeech) {
 TEST_F(UserCommandTest, WhatCantBeHeldIsRefusedBeforeAnythingIsWritten) {
   const std::pair<std::vector<std::string>, const char*> cases[] = {
       {{"add", "café", "x"},
-       "word: \"é\" (U+00E9) can't stand here: an English word has letters, blanks and & ' , - . / _"},
-      {{"add", "a", "😀"}, "meaning: \"😀\" (U+1F600) can't stand here: the dictionary has no place for it"},
+       "word: \"é\" (U+00E9), character 4, can't stand here: an English word has letters, blanks and & ' , - "
+       ". / _"},
+      {{"add", "a", "😀"},
+       "meaning: \"😀\" (U+1F600), character 1, can't stand here: the dictionary has no place for it"},
       {{"add", "犬", "dog"}, "a word in kanji needs its reading: --reading KANA"},
       {{"add", "犬", "dog", "--reading", "いぬ", "--kanji", "戌"},
        "give --kanji with a reading, or --reading with a word in kanji, not both"},
@@ -68,6 +77,20 @@ TEST_F(UserCommandTest, WhatCantBeHeldIsRefusedBeforeAnythingIsWritten) {
       {{"add", "a", "x", "--example", "b"}, "--example \"b\": it is ENGLISH=JAPANESE"},
       {{"add", "a", "x", "--pos", "noun", "--phrase", "a b"}, "pos: a phrase has no part of speech"},
       {{"add", "a", "x", "--lang", "en", "--reading", "い"}, "an English word has no reading"},
+      {{"add", "a", "x", "--pos", "no\nun"},
+       "--pos \"no\xEF\xBF\xBDun\": it is one of noun, pronoun, adjective, adverb, verb, transitive, "
+       "intransitive, preposition, conjunction"},
+      {{"add", "犬", "dog", "--reading", "犬"},
+       "--reading: \"犬\" (U+72AC), character 1, can't stand here: a reading has hiragana, katakana and ー "
+       "－ …"},
+      {{"add", "凜", "cold", "--reading", "りん"},
+       "word: \"凜\" (U+51DC), character 1, can't stand here: no word can be filed under this kanji; write "
+       "凛"},
+      {{"add", "い", "x", "--kanji", "凜"},
+       "kanji: \"凜\" (U+51DC), character 1, can't stand here: no word can be filed under this kanji; write "
+       "凛"},
+      {{"add", "犬", "dog", "--reading", "いぬ", "--sentence", "a=あ", "--sentence", "犬=犬"},
+       "sentence 2, English side: \"犬\" (U+72AC), character 1, can't stand here: only ASCII can stand here"},
       {{"add", "", "x"}, "word: it is empty"}};
   for (const auto& [arguments, message] : cases) {
     const Outcome outcome = run(arguments);
@@ -147,6 +170,146 @@ TEST_F(UserCommandTest, FieldsAreSetWithoutAnEditor) {
             "zavel: meaning: it is empty\nNothing was stored. Change the text, then try again.\n");
 }
 
+TEST_F(UserCommandTest, APhraseIsNotTakenAwayUnasked) {
+  run({"add", "bank", "当てにする", "--phrase", "bank on", "--example", "Bank on it.=当てにせよ。"});
+  const Outcome refused = run({"edit", "bank", "--set", "pos=verb"});
+  EXPECT_EQ(refused.status, 2);
+  EXPECT_EQ(
+      refused.err,
+      "zavel: --set pos: a phrase has no part of speech; --set phrase= takes the phrase \"bank on\" away\n"
+      "Nothing was stored. Change the text, then try again.\n");
+  EXPECT_EQ(out({"find", "bank"}), "1  bank: bank on  当てにする\n       Bank on it.  当てにせよ。\n");
+  EXPECT_EQ(out({"edit", "bank", "--set", "pos=verb", "--set", "phrase="}),
+            "Changed:\nbank  [verb]  当てにする\n    Bank on it.  当てにせよ。\n");
+}
+
+TEST_F(UserCommandTest, WhatIsTypedComesOutAsTyped) {
+  run({"add", "path", "a\\b\\", "--example", "C:\\new\\dir=\\t|x"});
+  EXPECT_EQ(out({"find", "path"}), "1  path  [noun]  a\\b\\\n       C:\\new\\dir  \\t|x\n");
+  run({"add", "dash", "1–2 — 「…」’"});
+  EXPECT_EQ(out({"find", "dash"}), "1  dash  [noun]  1-2 ― 「…」’\n");
+  EXPECT_EQ(run({"add", "bank　note", "銀行券"}).status, 0);
+  EXPECT_EQ(out({"find", "bank note"}), "1  bank note  [noun]  銀行券\n");
+}
+
+TEST_F(UserCommandTest, AWordThatLooksLikeOptionsIsToldHowToBeGiven) {
+  for (const char* command : {"add", "find", "list", "edit", "delete"}) {
+    const Outcome refused = run({command, "-ism", "主義"});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_EQ(refused.err, std::string("zavel: there is no option \"-ism\"\n"
+                                       "If it is a word, put it behind -- and all options: zavel user ") +
+                               command + " -- -ism\n");
+  }
+  EXPECT_EQ(run({"add", "-ful", "に満ちた"}).err,
+            "zavel: there is no option \"-ful\"\n"
+            "If it is a word, put it behind -- and all options: zavel user add -- -ful\n");
+  EXPECT_EQ(run({"add", "--", "-ism", "主義"}).status, 0);
+  EXPECT_EQ(out({"find", "--", "-ism"}), "1  -ism  [noun]  主義\n");
+}
+
+TEST_F(UserCommandTest, NumbersBeginWithOne) {
+  run({"add", "bank", "銀行"});
+  for (const char* number : {"0", "-1", "x", "1000001", ""}) {
+    const Outcome refused = run({"delete", "bank", "--number", number});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_EQ(refused.err, std::string("zavel: --number: \"") + number +
+                               "\" is not a number from 1 to 1000000\nRun: zavel user delete --help\n");
+  }
+  EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  銀行\n");
+}
+
+TEST_F(UserCommandTest, LimitsAreToldWithTheFieldAndBothNumbers) {
+  const std::string end = "\nNothing was stored. Change the text, then try again.\n";
+  const std::string full(65534, 'x'), over = full + 'x', kana = repeated("あ", 32767);
+  const std::string long65535 = "it is too long: it has 65,535 bytes in Shift_JIS, 65,534 at most" + end;
+  const std::string long65536 = "it is too long: it has 65,536 bytes in Shift_JIS, 65,534 at most" + end;
+  const std::string entry = "the entry is too long: with all its texts it has ";
+  const auto refusal = [this](std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "add");
+    const Outcome outcome = run(arguments);
+    EXPECT_EQ(outcome.status, 2);
+    return outcome.err;
+  };
+  EXPECT_EQ(refusal({over, "x"}), "zavel: word: " + long65535);
+  EXPECT_EQ(refusal({"a", over}), "zavel: meaning: " + long65535);
+  EXPECT_EQ(refusal({"a", "x", "--phrase", over}), "zavel: phrase: " + long65535);
+  EXPECT_EQ(refusal({"a", "x", "--example", over + "=あ"}), "zavel: example 1, English side: " + long65535);
+  EXPECT_EQ(refusal({"a", "x", "--example", "a=" + kana + "あ"}),
+            "zavel: example 1, Japanese side: " + long65536);
+  EXPECT_EQ(refusal({"犬", "x", "--reading", kana + "あ"}), "zavel: --reading: " + long65536);
+  EXPECT_EQ(refusal({"い", "x", "--kanji", kana + "あ"}), "zavel: kanji: " + long65536);
+  EXPECT_EQ(refusal({"い", over}), "zavel: meaning: " + long65535);
+  EXPECT_EQ(refusal({"い", "x", "--sentence", over + "=あ"}),
+            "zavel: sentence 1, English side: " + long65535);
+  // A text of full length leaves no room for the others.
+  for (const auto& arguments : {std::vector<std::string>{full, "x"},
+                                {"a", full},
+                                {"a", "x", "--phrase", full},
+                                {"a", "x", "--example", full + "=あ"},
+                                {"a", "x", "--example", "a=" + kana},
+                                {"犬", "x", "--reading", kana},
+                                {"い", "x", "--kanji", kana},
+                                {"い", full},
+                                {"い", "x", "--sentence", full + "=あ"}}) {
+    EXPECT_TRUE(refusal(arguments).starts_with("zavel: " + entry + "65,5"));
+  }
+  EXPECT_EQ(refusal({"bank", std::string(65513, 'x')}),
+            "zavel: " + entry +
+                "65,535 bytes in Shift_JIS, 65,534 at most; leave examples out, or make two "
+                "entries of it" +
+                end);
+  EXPECT_FALSE(std::filesystem::exists(users()));
+  const std::string most(65512, 'x');
+  EXPECT_EQ(run({"add", "bank", most}).status, 0);
+  EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  " + most + "\n");
+  const std::string longest(65515, 'w');
+  EXPECT_EQ(run({"add", longest, "x"}).status, 0);
+  EXPECT_EQ(out({"find", longest}), "1  " + longest + "  [noun]  x\n");
+}
+
+TEST_F(UserCommandTest, AWrongAnswerIsAskedAgain) {
+  for (const char* meaning : {"一", "二", "三"}) run({"add", "bank", meaning});
+  const Outcome outcome = user({"delete", "bank"}).terminal(24, 80).typed("x\n2x\n4\n 2 \n").run();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_NE(outcome.out.find("\"x\" is no number from 1 to 3\n"), std::string::npos) << outcome.out;
+  EXPECT_NE(outcome.out.find("\"2x\" is no number from 1 to 3\n"), std::string::npos) << outcome.out;
+  EXPECT_NE(outcome.out.find("\"4\" is no number from 1 to 3\n"), std::string::npos) << outcome.out;
+  EXPECT_NE(outcome.out.find("Deleted:\nbank  [noun]  二\n"), std::string::npos) << outcome.out;
+  EXPECT_EQ(user({"delete", "bank"}).terminal(24, 80).typed("\n").run().status, 1);
+  EXPECT_EQ(user({"delete", "bank"}).terminal(24, 80).typed("\x04").run().status, 1);
+  EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  一\n2  bank  [noun]  三\n");
+}
+
+// The end of the input is no wish to begin anew.
+TEST_F(UserCommandTest, AFormWithAMistakeIsNotOpenedAgainUnasked) {
+  run({"add", "bank", "銀行"});
+  const std::string editor =
+      script(file("editor"), "echo again >> " + file("times") + "; echo nonsense >> \"$1\"\n");
+  const Outcome outcome =
+      user({"edit", "bank"}).env("EDITOR", editor).terminal(24, 80).typed("y\n\x04").run();
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_NE(outcome.out.find("What you typed is in " + root() + "/state/edit-"), std::string::npos)
+      << outcome.out;
+  EXPECT_EQ(folder_.read("times"), "again\nagain\n");
+}
+
+TEST_F(UserCommandTest, AnInterruptedEditTellsWhereTheFormIs) {
+  run({"add", "bank", "銀行"});
+  const std::string editor =
+      script(file("editor"), "sed -i 's/銀行/土手/' \"$1\"; touch " + file("open") + "; exec sleep 5\n");
+  for (const int signal : {SIGTERM, SIGHUP}) {
+    std::filesystem::remove(file("open"));
+    const Outcome outcome = user({"edit", "bank"}).env("EDITOR", editor).signalAt(file("open"), signal).run();
+    EXPECT_EQ(outcome.status, 128 + signal);
+    const std::string told = "zavel: interrupted; nothing was stored\nWhat you typed is in ";
+    ASSERT_TRUE(outcome.err.starts_with(told)) << outcome.err;
+    std::ifstream kept(outcome.err.substr(told.size(), outcome.err.size() - told.size() - 1));
+    const std::string form{std::istreambuf_iterator<char>(kept), {}};
+    EXPECT_NE(form.find("\nmeaning: 土手\n"), std::string::npos) << form;
+  }
+  EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  銀行\n");
+}
+
 TEST_F(UserCommandTest, TheEditorGetsAFormAndItsTextIsStored) {
   run({"add", "bank", "銀行"});
   const std::string editor = script(file("editor"),
@@ -164,7 +327,8 @@ TEST_F(UserCommandTest, WhatWasTypedWithAMistakeIsKept) {
   const Outcome outcome = user({"edit", "bank"}).env("EDITOR", editor).run();
   EXPECT_EQ(outcome.status, 2);
   const std::string told =
-      "zavel: meaning: \"😀\" (U+1F600) can't stand here: the dictionary has no place for it\nWhat you typed "
+      "zavel: meaning: \"😀\" (U+1F600), character 1, can't stand here: the dictionary has no place for "
+      "it\nWhat you typed "
       "is in ";
   ASSERT_TRUE(outcome.err.starts_with(told)) << outcome.err;
   std::ifstream kept(outcome.err.substr(told.size(), outcome.err.size() - told.size() - 1));

@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -110,12 +111,14 @@ TEST_F(UserExchangeTest, RefusedLinesAreToldAndTheRestGoesIn) {
   const Outcome outcome = user({"import", file("x.tsv")}).run();
   EXPECT_EQ(outcome.status, 4);
   EXPECT_EQ(outcome.out, "2 entries added, 3 refused\n");
-  EXPECT_EQ(outcome.err, file("x.tsv") +
-                             ":3: word: \"é\" (U+00E9) can't stand here: an English word has letters, blanks "
-                             "and & ' , - . / _\n" +
-                             file("x.tsv") +
-                             ":5: meaning: \"犬\" (U+72AC) can't stand here: only ASCII can stand here\n" +
-                             file("x.tsv") + ":7: meaning: it is empty\n");
+  EXPECT_EQ(
+      outcome.err,
+      file("x.tsv") +
+          ":3: word: \"é\" (U+00E9), character 4, can't stand here: an English word has letters, blanks "
+          "and & ' , - . / _\n" +
+          file("x.tsv") +
+          ":5: meaning: \"犬\" (U+72AC), character 1, can't stand here: only ASCII can stand here\n" +
+          file("x.tsv") + ":7: meaning: it is empty\n");
   EXPECT_EQ(out({"list"}), "ant\nbee\n");
 }
 
@@ -142,7 +145,7 @@ TEST_F(UserExchangeTest, JsonTellsTheSame) {
 
 TEST_F(UserExchangeTest, EntriesOfADocumentAreCounted) {
   const Outcome outcome = import("[{\"word\":\"ant\",\n\"meaning\":\"蟻\"},7]");
-  EXPECT_EQ(outcome.out, "1 entries added, 1 refused\n");
+  EXPECT_EQ(outcome.out, "1 entry added, 1 refused\n");
   EXPECT_EQ(outcome.err, "standard input: entry 2: it is no object\n");
 }
 
@@ -155,13 +158,62 @@ TEST_F(UserExchangeTest, WhatIsThereAlreadyStaysOnce) {
   EXPECT_EQ(import(kTable, {"--force"}).out, "5 entries added\n");
 }
 
+TEST_F(UserExchangeTest, EqualEntriesStayAsManyAsTheyAre) {
+  const std::string twice = std::string(kHeader) + "en\tbank\t\tnoun\t\t銀行\t\t\n" +
+                            "en\tbank\t\tnoun\t\t銀行\t\t\n" + "en\tbank\t\tverb\t\t預ける\t\t\n" +
+                            "en\tbank\t\tnoun\t\t銀行\t\t\n" + "ja\tいぬ\t犬\t\t\tdog\t\t\n" +
+                            "ja\tいぬ\t犬\t\t\tdog\t\t\n";
+  EXPECT_EQ(import(twice).out, "6 entries added\n");
+  EXPECT_EQ(out({"export"}), twice);
+  for (const char* format : {"tsv", "json", "jsonl"}) {
+    const std::string before = out({"export", "--format", format});
+    EXPECT_EQ(import(before).out, "0 entries added, 6 there already\n");
+    EXPECT_EQ(import(before, {"--replace"}).out, "0 entries added, 6 there already\n");
+    forget();
+    EXPECT_EQ(import(before).out, "6 entries added\n");
+    EXPECT_EQ(out({"export", "--format", format}), before);
+  }
+  // As many as are missing.
+  forget();
+  import(std::string(kHeader) + "en\tbank\t\tnoun\t\t銀行\t\t\n");
+  EXPECT_EQ(import(twice).out, "5 entries added, 1 there already\n");
+}
+
+// The entries of a word are not read again for each further one.
+TEST_F(UserExchangeTest, EqualEntriesTakeNoLongerThanOthers) {
+  using Clock = std::chrono::steady_clock;
+  std::string equal = "word\tmeaning\n", different = equal;
+  for (int i = 0; i < 3000; ++i) {
+    equal += "bank\tx\n";
+    different += std::string{"abcdefghijklmno"[i % 15], "abcdefghijklmno"[i / 15 % 15]} +
+                 "abcdefghijklmno"[i / 225] + "\tx\n";
+  }
+  const Clock::time_point start = Clock::now();
+  EXPECT_EQ(import(different).out, "3,000 entries added\n");
+  const Clock::time_point middle = Clock::now();
+  EXPECT_EQ(import(equal).out, "3,000 entries added\n");
+  EXPECT_LT(Clock::now() - middle, 8 * (middle - start));
+}
+
+TEST_F(UserExchangeTest, NoEntryOfTheFileIsReplaced) {
+  const std::string head = "word\tpos\tmeaning\n";
+  import(head + "bank\tnoun\t銀行\nbank\tnoun\t土手\n");
+  EXPECT_EQ(import(head + "bank\tnoun\t銀行\nbank\tnoun\t列\n", {"--replace"}).out,
+            "0 entries added, 1 replaced, 1 there already\n");
+  EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  銀行\n2  bank  [noun]  列\n");
+  forget();
+  import(head + "bank\tnoun\t銀行\n");
+  EXPECT_EQ(import(head + "bank\tnoun\t銀行\nbank\tnoun\t銀行\n", {"--replace"}).out,
+            "1 entry added, 1 there already\n");
+}
+
 TEST_F(UserExchangeTest, ReplacingAndSkippingGoByWordAndPartOfSpeech) {
   const std::string head = "word\tpos\tmeaning\n";
   import(head + "bank\tnoun\t銀行\nbank\tverb\t預ける\n");
   EXPECT_EQ(import(head + "bank\tnoun\t土手\nshore\tnoun\t岸\n", {"--skip-existing"}).out,
-            "1 entries added, 1 skipped\n");
+            "1 entry added, 1 skipped\n");
   EXPECT_EQ(import(head + "bank\tnoun\t土手\nbank\tnoun\t列\n", {"--replace"}).out,
-            "1 entries added, 1 replaced\n");
+            "1 entry added, 1 replaced\n");
   EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  土手\n2  bank  [verb]  預ける\n3  bank  [noun]  列\n");
   EXPECT_EQ(import(head + "bank\tnoun\t土手\nbank\tnoun\t列\n", {"--replace"}).out,
             "0 entries added, 2 there already\n");
@@ -186,7 +238,7 @@ TEST_F(UserExchangeTest, WhatIsNoListOfEntriesIsRefused) {
 }
 
 TEST_F(UserExchangeTest, MarksAndLineEndsOfOtherSystemsAreTaken) {
-  EXPECT_EQ(import("\xEF\xBB\xBFword\tmeaning\r\nbank\t銀行\r\n").out, "1 entries added\n");
+  EXPECT_EQ(import("\xEF\xBB\xBFword\tmeaning\r\nbank\t銀行\r\n").out, "1 entry added\n");
   EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  銀行\n");
 }
 

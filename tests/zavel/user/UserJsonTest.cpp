@@ -39,10 +39,12 @@ TEST(UserJsonTest, WhatIsNoEntrySaysWhy) {
   EXPECT_EQ(wrongOf("\"\xFF\""), "it is no JSON");
   EXPECT_EQ(wrongOf("1"), "it is no object");
   EXPECT_EQ(wrongOf(R"({"word":1})"), "word: it is no string");
-  EXPECT_EQ(wrongOf(R"({"word":"a","lang":"fr"})"), "lang: it is en or ja");
+  EXPECT_EQ(wrongOf(R"({"word":"a","lang":"fr"})"), "lang: \"fr\" is neither en nor ja");
   EXPECT_EQ(wrongOf(R"({"word":"a","examples":1})"), "examples: it is no list");
-  EXPECT_EQ(wrongOf(R"({"word":"a","examples":[1]})"), "examples: each has \"english\" and \"japanese\"");
-  EXPECT_TRUE(wrongOf(R"({"word":"a","pos":"nown"})").starts_with("pos: it is one of noun, "));
+  EXPECT_EQ(wrongOf(R"({"word":"a","examples":[1]})"),
+            "examples: number 1 is no object with the strings \"english\" and \"japanese\"");
+  EXPECT_TRUE(
+      wrongOf(R"({"word":"a","pos":"nown"})").starts_with("pos: \"nown\" is none; it is one of noun, "));
 }
 
 TEST(UserJsonTest, ADocumentIsAListOrHasOne) {

@@ -30,6 +30,23 @@ TEST(UserTableTest, WhatIsWrittenIsReadBack) {
   EXPECT_EQ(entry, kHard);
 }
 
+TEST(UserTableTest, ABackslashAheadOfAnythingElseIsItself) {
+  TableReader reader;
+  UserEntry entry;
+  ASSERT_EQ(reader.readHeader("word\tmeaning\texamples"), "");
+  EXPECT_EQ(reader.readLine("a\t\\d\\=\\\\\\|\\\tC:\\dir\\=x=\\y\\|z\\", nullptr, &entry), "");
+  EXPECT_EQ(entry.meaning, "\\d\\=\\\\|\\");
+  EXPECT_EQ(entry.examples, (std::vector<UserExample>{{"C:\\dir=x", "\\y|z\\"}}));
+  UserExample example;
+  EXPECT_TRUE(readExample("C:\\new\\text=\\a", &example));
+  EXPECT_EQ(example, (UserExample{"C:\\new\\text", "\\a"}));
+}
+
+TEST(UserTableTest, AMarkOfTheByteOrderIsNoColumn) {
+  TableReader reader;
+  EXPECT_EQ(reader.readHeader("\xEF\xBB\xBFword\tmeaning"), "");
+}
+
 TEST(UserTableTest, ColumnsComeInAnyOrderAndMayBeFew) {
   TableReader reader;
   UserEntry entry;
@@ -53,11 +70,13 @@ TEST(UserTableTest, WrongLinesAreRefused) {
   TableReader reader;
   UserEntry entry;
   ASSERT_EQ(reader.readHeader("lang\tword\tpos\tmeaning\texamples"), "");
-  EXPECT_EQ(reader.readLine("fr\ta\t\tb\t", nullptr, &entry), "lang: it is en or ja");
-  EXPECT_EQ(reader.readLine("en\ta\tnown\tb\t", nullptr, &entry),
-            "pos: it is one of noun, pronoun, adjective, adverb, verb, transitive, intransitive, "
-            "preposition, conjunction");
-  EXPECT_EQ(reader.readLine("en\ta\t\tb\tx", nullptr, &entry), "examples: an example is ENGLISH=JAPANESE");
+  EXPECT_EQ(reader.readLine("fr\ta\t\tb\t", nullptr, &entry), "lang: \"fr\" is neither en nor ja");
+  EXPECT_EQ(
+      reader.readLine("en\ta\tnown\tb\t", nullptr, &entry),
+      "pos: \"nown\" is none; it is one of noun, pronoun, adjective, adverb, verb, transitive, intransitive, "
+      "preposition, conjunction");
+  EXPECT_EQ(reader.readLine("en\ta\t\tb\tx", nullptr, &entry),
+            "examples: number 1 has no \"=\": each is ENGLISH=JAPANESE");
   EXPECT_EQ(reader.readLine("en\ta\t\tb\t\tc", nullptr, &entry), "it has 6 cells for 5 columns");
   EXPECT_EQ(reader.readLine("en\t\xFF", nullptr, &entry), "it is not UTF-8 text");
 }
