@@ -32,7 +32,12 @@ std::string baseFolder(const char* variable, const std::string& home, const char
 }
 
 Places below(const std::string& root) {
-  return {root, root + "/config", root, root + "/state", root + "/cache", root + "/dictionaries/basic"};
+  return {root,
+          inFolder(root, "config"),
+          root,
+          inFolder(root, "state"),
+          inFolder(root, "cache"),
+          inFolder(root, "dictionaries/basic")};
 }
 
 }  // namespace
@@ -50,6 +55,10 @@ Places findPlaces() {
   places.cache = baseFolder("XDG_CACHE_HOME", home, "/.cache");
   places.dictionary = places.data + "/dictionaries/basic";
   return places;
+}
+
+std::string inFolder(const std::string& folder, const std::string& name) {
+  return folder.ends_with('/') ? folder + name : folder + "/" + name;
 }
 
 std::string helpersFolder() {

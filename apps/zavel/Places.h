@@ -8,7 +8,7 @@
 
 namespace zavel::host {
 
-// Absolute paths without a trailing delimiter. With ZAVEL_ROOT set to an absolute path all of them stand
+// Absolute paths without a trailing delimiter, but for "/" itself. With ZAVEL_ROOT set to an absolute path all of them stand
 // below it.
 struct Places {
   std::string root;        // what the library takes for "/" and for "~"
@@ -21,6 +21,9 @@ struct Places {
 
 // Reads the environment. Empty strings all over when neither ZAVEL_ROOT nor HOME tells where to begin.
 Places findPlaces();
+
+// "folder/name", and "/name" below "/".
+std::string inFolder(const std::string& folder, const std::string& name);
 
 // Where the helper programs stand, without a trailing delimiter: ZAVEL_LIBEXEC if that is an absolute path;
 // "libexec/zavel" beside this program's folder, as installed, or above it, as built; else where the build was

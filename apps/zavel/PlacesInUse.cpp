@@ -47,7 +47,7 @@ PathTableRoots pathTableRoots(const Places& places) {
   roots.data = places.data;
   roots.cache = places.cache;
   roots.preferences = places.config;
-  roots.documents = places.data + "/documents";
+  roots.documents = inFolder(places.data, "documents");
   roots.helpers = helpersFolder();
   return roots;
 }

@@ -206,7 +206,7 @@ bool isSound(const Source& source, const std::string& folder) {
 }  // namespace
 
 std::string translationFolder(const std::string& data) {
-  return data + "/dictionaries/translation";
+  return inFolder(data, "dictionaries/translation");
 }
 
 Failure wrongSources() {

@@ -66,6 +66,8 @@ _zavel() {
     prefs) words+=" dict" ;;
     "prefs dict") words+=" list enable disable move" ;;
     "prefs dict enable" | "prefs dict disable" | "prefs dict move") words+=" bilingual translation" ;;
+    "prefs dict move "*)
+      [ ${#line[@]} -eq 4 ] && words+=" $(zavel "${root[@]}" prefs dict list 2>/dev/null | cut -d' ' -f1)" ;;
     user) words+=" add edit find list delete arrange import export" ;;
     "user add"*) words+=" --lang --pos --phrase --kanji --reading --example --sentence --force" ;;
     "user list"*) words+=" --lang" ;;

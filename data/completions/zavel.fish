@@ -42,6 +42,11 @@ function __zavel_in
     test "$line[1..$length]" = "$argv"
 end
 
+# Places in the list of dictionaries.
+function __zavel_positions
+    zavel (__zavel_root) prefs dict list 2>/dev/null | string match -r '^\d+'
+end
+
 complete -c zavel -f
 complete -c zavel -n __zavel_words -a look -d 'Look words up'
 complete -c zavel -n __zavel_words -a dict -d 'Make, check and describe the dictionary'
@@ -73,6 +78,9 @@ complete -c zavel -n '__zavel_words prefs' -a dict
 complete -c zavel -n '__zavel_words prefs dict' -a 'list enable disable move'
 for command in enable disable move
     complete -c zavel -n "__zavel_words prefs dict $command" -a 'bilingual translation'
+end
+for dictionary in bilingual translation
+    complete -c zavel -n "__zavel_words prefs dict move $dictionary" -a '(__zavel_positions)'
 end
 complete -c zavel -n '__zavel_words help' -a 'look dict prefs user paths about'
 complete -c zavel -n '__zavel_words help dict' -a 'build verify info'

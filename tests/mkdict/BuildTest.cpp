@@ -228,6 +228,9 @@ TEST(Build, AFullDiskIsTheEnvironmentAndKeepsTheOldSet) {
     const Outcome outcome = shop.build();
     EXPECT_EQ(kExitEnvironment, outcome.status) << kind;
     EXPECT_EQ("write_failed", outcome.code);
+    EXPECT_EQ(
+        "What stood there before is unchanged. Make room on the disk, or make the folder writable, and try again.",
+        outcome.hint);
     EXPECT_EQ(before, test::readFile(shop.options.target + "/je.dic"));
     EXPECT_EQ(std::vector<std::string>{"set"}, shop.left());
   }

@@ -57,6 +57,12 @@ TEST_F(DictdIndexTest, FindsWordsWhateverTheirCaseAndSigns) {
   EXPECT_EQ(find(kSmall, "猫"), Words{"4096+7"});
 }
 
+TEST_F(DictdIndexTest, LinesMayEndAsOnOtherSystems) {
+  EXPECT_EQ(find("cat\tC\tK\r\ndog\tBA\tBB\tDog\r\n", "cat"), Words{"2+10"});
+  EXPECT_EQ(find("cat\tC\tK\r\ndog\tBA\tBB\tDog\r\n", "dog"), Words{"64+65"});
+  EXPECT_EQ(IndexLine::parse("dog\tBA\tBB\tDog\r")->spelling, "Dog");
+}
+
 TEST_F(DictdIndexTest, GivesEveryLineOfAWordInTheirOrder) {
   EXPECT_EQ(find(kSmall, "dog"), (Words{"64+65", "129+5"}));
 }

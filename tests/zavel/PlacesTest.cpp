@@ -40,6 +40,16 @@ TEST_F(PlacesTest, AnEmptyOrRelativeFolderCountsAsUnset) {
   EXPECT_EQ(findPlaces().cache, "/home/u/.cache/zavel");
 }
 
+TEST_F(PlacesTest, TheRootOfTheDiskIsARootToo) {
+  setenv("ZAVEL_ROOT", "/", 1);
+  const Places places = findPlaces();
+  EXPECT_EQ(places.data, "/");
+  EXPECT_EQ(places.config, "/config");
+  EXPECT_EQ(places.dictionary, "/dictionaries/basic");
+  EXPECT_EQ(inFolder(places.data, "user"), "/user");
+  EXPECT_EQ(inFolder("/r", "user"), "/r/user");
+}
+
 TEST_F(PlacesTest, OneRootOverridesAll) {
   setenv("XDG_DATA_HOME", "/d", 1);
   setenv("ZAVEL_ROOT", "/r/", 1);

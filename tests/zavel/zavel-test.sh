@@ -205,6 +205,8 @@ completes "dict" zavel prefs d
 completes "enable" zavel prefs dict e
 completes "translation" zavel prefs dict enable t
 completes "move" zavel help prefs dict m
+completes "2" zavel --root "$work/root" prefs dict move translation 2
+completes "" zavel --root "$work/root" prefs dict move translation 2 1
 
 echo "$checks checks, $failures failed"
 [ "$failures" -eq 0 ]

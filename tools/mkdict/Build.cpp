@@ -71,7 +71,7 @@ Outcome writeFailed(const SetWriter& writer, const std::string& error) {
       case SetWriter::Left::kAsItWas:
         break;
     }
-    return "What stood there before is unchanged. Is the disk full?";
+    return "What stood there before is unchanged. Make room on the disk, or make the folder writable, and try again.";
   };
   return failed(kExitEnvironment, "write_failed", error, hint());
 }

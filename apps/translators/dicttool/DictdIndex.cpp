@@ -47,6 +47,7 @@ std::string indexNumberText(uint64_t number) {
 }
 
 std::optional<IndexLine> IndexLine::parse(std::string_view line) {
+  if (line.ends_with('\r')) line.remove_suffix(1);  // an editor's line end
   const size_t first = line.find('\t');
   const size_t second = first == std::string_view::npos ? first : line.find('\t', first + 1);
   if (second == std::string_view::npos) return std::nullopt;

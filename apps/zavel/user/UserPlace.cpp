@@ -52,7 +52,7 @@ uintmax_t UserPlace::size(UserLanguage language) const {
 
 UserPlace userPlace() {
   const Places places = findPlaces();
-  return UserPlace(places.data.empty() ? std::string() : places.data + "/user");
+  return UserPlace(places.data.empty() ? std::string() : inFolder(places.data, "user"));
 }
 
 }  // namespace zavel::host
