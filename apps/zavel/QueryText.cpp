@@ -167,6 +167,7 @@ void appendPlain(char32_t c, std::u32string* out) {
   if (isInvisible(c)) return;
   if (c >= 0xFF01 && c <= 0xFF5E) c -= 0xFEE0;  // full-width ASCII
   if (c >= 0xFF66 && c <= 0xFF9D) c = kFullKatakana[c - 0xFF66];
+  if (c == 0xFF65) c = U'・';
   if (joinedAsSoundMark(c, out)) return;
   const std::u32string_view letters = ligature(c);
   if (!letters.empty()) {
@@ -218,6 +219,19 @@ std::u32string withoutIterationMarks(std::u32string_view text) {
     const size_t count = std::min(marks, out.size());
     out += out.substr(out.size() - count);
     i += marks;
+  }
+  return out;
+}
+
+// Kanji that came to level 2 last, when words were filed under the others already, each with its twin.
+constexpr std::u32string_view kLastKanji = U"堯槇遙瑤凜熙", kTwins = U"尭槙遥瑶凛煕";
+
+std::u32string asFiled(std::u32string_view text) {
+  std::u32string out = withoutIterationMarks(text);
+  std::erase(out, U'・');
+  for (char32_t& c : out) {
+    const size_t place = kLastKanji.find(c);
+    if (place != std::u32string_view::npos) c = kTwins[place];
   }
   return out;
 }
@@ -285,9 +299,15 @@ std::string foldedQuery(std::string_view utf8) {
   std::u32string word(withoutOuterSigns(inner));
   const auto isJapanese = [](char32_t c) { return isKana(c) || isKanji(c); };
   if (std::any_of(word.begin(), word.end(), isJapanese)) {
-    word = withKanjiNumbers(withoutIterationMarks(word));
+    word = withKanjiNumbers(asFiled(word));
   }
   return encoded(word);
+}
+
+std::string wordAsFiled(std::string_view utf8) {
+  bool sound = true;
+  const std::u32string typed = decoded(utf8, &sound);
+  return sound ? encoded(asFiled(typed)) : std::string(utf8);
 }
 
 std::string withSoundMarksJoined(std::string_view utf8) {

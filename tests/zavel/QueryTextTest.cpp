@@ -67,6 +67,10 @@ TEST(FoldedQuery, TakesSignsOffBothEnds) {
 
 TEST(FoldedQuery, WritesRepeatedKanjiOut) {
   EXPECT_EQ(foldedQuery("人々"), "人人");
+  EXPECT_EQ(foldedQuery("アイス・クリーム"), "アイスクリーム");
+  EXPECT_EQ(foldedQuery("ｱｲｽ･ｸﾘｰﾑ"), "アイスクリーム");
+  EXPECT_EQ(wordAsFiled("一杯々々・人々"), "一杯一杯人人");
+  EXPECT_EQ(wordAsFiled("々月"), "月");
   EXPECT_EQ(foldedQuery("我々は"), "我我は");
   EXPECT_EQ(foldedQuery("部分々々"), "部分部分");
   EXPECT_EQ(foldedQuery("々"), "々");  // nothing to repeat

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "JsonWriter.h"
+#include "QueryText.h"
 #include "Utf8.h"
 #include "engine/ChangeMidasi.h"
 #include "user/UserJson.h"
@@ -20,7 +21,7 @@ std::string keyOf(UserLanguage language, const std::string& word) {
   const bool english = language == UserLanguage::kEnglish;
   if (!settleText(english ? TextKind::kEnglishWord : TextKind::kReading, &settled).empty()) return {};
   if (english) return engine::ChangeMidasiStrE(settled);
-  return engine::ChangeMidasiStrJ(storedText(settled), true, &key) == 1 ? key : std::string();
+  return engine::ChangeMidasiStrJ(storedText(wordAsFiled(settled)), true, &key) == 1 ? key : std::string();
 }
 
 // Without a key the beginning stands in no word.

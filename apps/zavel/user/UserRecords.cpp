@@ -1,8 +1,11 @@
 // Tests: tests/zavel/user/UserStoreTest.cpp
 #include "user/UserRecords.h"
 
+#include <utility>
+
 #include "engine/DicFormat.h"
 #include "foundation/ByteReader.h"
+#include "user/FiledWord.h"
 #include "user/UserText.h"
 
 namespace zavel::host {
@@ -103,6 +106,7 @@ StoredEntry readJapanese(SerialFields& fields) {
   stored.entry.meaning = fields.text();
   stored.entry.examples = fields.examples(examples);
   stored.entry.sentences = fields.examples(sentences);
+  takeSpellings(&stored.entry);
   return stored;
 }
 
@@ -120,11 +124,12 @@ EntryRecord::EntryRecord(const UserEntry& entry) : language_(entry.language) {
     english_.youreis = youreiAddresses_.data();
     return;
   }
-  japanese_.kana = text(entry.word);
-  japanese_.kanji = entry.kanji.empty() ? nullptr : text(entry.kanji);
-  japanese_.imi = text(entry.meaning);
-  pairs(entry.examples, &kureis_, &kureiAddresses_);
-  pairs(entry.sentences, &bunreis_, &bunreiAddresses_);
+  const UserEntry filed = asFiled(entry);
+  japanese_.kana = text(filed.word);
+  japanese_.kanji = filed.kanji.empty() ? nullptr : text(filed.kanji);
+  japanese_.imi = text(filed.meaning);
+  pairs(filed.examples, &kureis_, &kureiAddresses_);
+  pairs(filed.sentences, &bunreis_, &bunreiAddresses_);
   japanese_.kureiCount = static_cast<uint16_t>(kureiAddresses_.size());
   japanese_.kureis = kureiAddresses_.data();
   japanese_.bunreiCount = static_cast<uint16_t>(bunreiAddresses_.size());

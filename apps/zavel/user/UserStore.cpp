@@ -11,6 +11,7 @@
 
 #include "Host.h"
 #include "Places.h"
+#include "QueryText.h"
 #include "engine/ChangeMidasi.h"
 #include "engine/EngineStatus.h"
 #include "engine/Shim.h"
@@ -55,7 +56,7 @@ std::vector<std::string> readingsIn(std::string_view block) {
 
 std::string keyOfKanji(const std::string& written) {
   std::string key;
-  return engine::ChangeMidasiStrJ(storedText(written), true, &key) == kOk ? key : std::string();
+  return engine::ChangeMidasiStrJ(storedText(wordAsFiled(written)), true, &key) == kOk ? key : std::string();
 }
 
 }  // namespace
@@ -212,7 +213,7 @@ Failure UserStore::findStored(const std::string& word, std::vector<StoredEntry>*
   if (!session_) return {};
   uint16_t count = 0;
   Handle list = nullptr;
-  const std::string sjis = storedText(word);
+  const std::string sjis = storedText(english() ? word : wordAsFiled(word));
   const uint16_t status = english() ? SerchUserDicE(sjis.c_str(), nullptr, &count, &list)
                                     : SerchUserDicJ(sjis.c_str(), nullptr, &count, &list);
   const std::string bytes = takeBytes(list);
@@ -225,7 +226,7 @@ Failure UserStore::findByKanji(const std::string& word, std::vector<StoredEntry>
   if (!session_) return {};
   uint32_t size = 0;
   Handle list = nullptr;
-  std::string sjis = storedText(word);
+  std::string sjis = storedText(wordAsFiled(word));
   const uint16_t status = SerchImiJ(sjis.data(), nullptr, 0, &size, &list, 2);
   const std::string bytes = takeBytes(list);
   if (status != kOk) return searchFailure(status, "searching \"" + word + "\"");

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "QueryText.h"
 #include "Utf8.h"
 #include "engine/ChangeMidasi.h"
 #include "engine/DicFormat.h"
@@ -17,6 +18,7 @@
 #include "foundation/Utf8.h"
 #include "platform/Platform.h"
 #include "platform/TextEncoding.h"
+#include "user/FiledWord.h"
 #include "user/UserView.h"
 
 namespace zavel::host {
@@ -26,7 +28,8 @@ using engine::kOk;
 
 constexpr char32_t kDakuten = 0x3099, kHandakuten = 0x309A;
 constexpr size_t kMostExamples = 65535;
-constexpr size_t kLongestText = 65534;  // bytes in Shift_JIS
+constexpr size_t kMostSentences = kMostExamples - 2;  // and two for spellings
+constexpr size_t kLongestText = 65534;                // bytes in Shift_JIS
 
 // Half-width katakana from U+FF61 on, in full width.
 constexpr std::u32string_view kFullKatakana =
@@ -140,14 +143,22 @@ std::vector<Typed> folded(TextKind kind, std::string_view utf8) {
   return out;
 }
 
+constexpr std::string_view kMiddleDot = "\x81\x45";  // ・
+
+// Whether words with this character, which the engine files none under, are filed otherwise.
+bool isFiledOtherwise(const std::string& sjis) {
+  const std::string character = platform().encoding().fromSjisLossy(sjis);
+  return wordAsFiled(character) != character;
+}
+
 bool accepts(TextKind kind, const std::string& sjis) {
   switch (kind) {
     case TextKind::kEnglishWord:
       return engine::ChkMidasiStrE(sjis.c_str()) == kOk;
     case TextKind::kReading:
-      return engine::ChkMidasiStrJ(sjis.c_str()) == kOk;
+      return engine::ChkMidasiStrJ(sjis.c_str()) == kOk || sjis == kMiddleDot;
     case TextKind::kWritten:
-      return engine::ChkMidasiStrK(sjis.c_str()) == kOk;
+      return engine::ChkMidasiStrK(sjis.c_str()) == kOk || isFiledOtherwise(sjis);
     case TextKind::kMixed:
       return engine::ChkMixStr(sjis.c_str()) == kOk;
     case TextKind::kAscii:
@@ -161,26 +172,15 @@ const char* allowed(TextKind kind) {
     case TextKind::kEnglishWord:
       return "an English word has letters, blanks and & ' , - . / _";
     case TextKind::kReading:
-      return "a reading has hiragana, katakana and ー － …";
+      return "a reading has hiragana, katakana and ー － … ・";
     case TextKind::kWritten:
-      return "a written form has kana and kanji of JIS levels 1 and 2";
+      return "a written form has kana, kanji of JIS levels 1 and 2, 々 and ・";
     case TextKind::kMixed:
       return "the dictionary has no place for it";
     case TextKind::kAscii:
       return "only ASCII can stand here";
   }
   return "";
-}
-
-// Level 2 got its last six kanji when words were filed under the others already. Each has a twin.
-constexpr std::u32string_view kLastKanji = U"堯槇遙瑤凜熙", kTwins = U"尭槙遥瑶凛煕";
-
-std::string reason(TextKind kind, char32_t code) {
-  if (kind != TextKind::kWritten) return allowed(kind);
-  if (code == U'々') return "write the kanji that it repeats";
-  const size_t at = kLastKanji.find(code);
-  if (at == std::u32string_view::npos) return allowed(kind);
-  return "no word can be filed under this kanji; write " + utf8Of(kTwins[at]);
 }
 
 std::string nameOf(char32_t code) {
@@ -250,7 +250,9 @@ std::string settleExamples(const char* name, std::vector<UserExample>* examples)
 // Whether the index has anything to file the text of a Japanese entry under.
 bool hasKana(const std::string& text, bool kanji) {
   std::string key;
-  return engine::ChangeMidasiStrJ(storedText(text), kanji, &key) == kOk && !key.empty();
+  const std::string sjis = storedText(wordAsFiled(text));
+  return engine::ChkMidasiStrK(sjis.c_str()) == kOk && engine::ChangeMidasiStrJ(sjis, kanji, &key) == kOk &&
+         !key.empty();
 }
 
 std::string withoutKey(const UserEntry& entry) {
@@ -276,8 +278,9 @@ engine::PairSizes storedLengths(const std::vector<UserExample>& examples) {
 }
 
 // Bytes of a settled entry in the dictionary: its texts and the marks between them.
-size_t storedSize(const UserEntry& entry) {
+size_t storedSize(const UserEntry& settled) {
   size_t size = 0;
+  const UserEntry entry = asFiled(settled);
   const uint16_t word = storedLength(entry.word), meaning = storedLength(entry.meaning);
   if (entry.language == UserLanguage::kJapanese) {
     engine::GetImiDataSizeJ({word, storedLength(entry.kanji), meaning, storedLengths(entry.examples),
@@ -309,7 +312,7 @@ std::string misplaced(const UserEntry& entry) {
   if (english && entry.pos != 0 && !entry.phrase.empty()) return "pos: a phrase has no part of speech";
   if (entry.pos < 0 || (entry.pos != 0 && *posName(entry.pos) == '\0')) return "pos: there is no such one";
   if (entry.examples.size() > kMostExamples) return "example: there are too many";
-  if (entry.sentences.size() > kMostExamples) return "sentence: there are too many";
+  if (entry.sentences.size() > kMostSentences) return "sentence: there are too many";
   return {};
 }
 
@@ -330,7 +333,7 @@ std::string settleText(TextKind kind, std::string* text) {
     const std::string character = settledCharacter(kind, typed.code);
     if (character.empty()) {
       return nameOf(typed.code) + ", character " + std::to_string(typed.place) +
-             ", can't stand here: " + reason(kind, typed.code);
+             ", can't stand here: " + allowed(kind);
     }
     settled += character;
   }

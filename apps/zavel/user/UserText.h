@@ -11,8 +11,8 @@ namespace zavel::host {
 
 enum class TextKind {
   kEnglishWord,  // letters, blank and & ' , - . / _
-  kReading,      // hiragana, katakana, ー － …
-  kWritten,      // these and kanji of JIS levels 1 and 2
+  kReading,      // hiragana, katakana, ー － … ・
+  kWritten,      // these, kanji of JIS levels 1 and 2, and 々 behind them
   kMixed,        // ASCII and what Shift_JIS has in double width
   kAscii,        // ASCII without controls
 };

@@ -31,7 +31,9 @@ constexpr size_t kMostHeadwords = 50;
 // What the index files a Japanese word under that is settled.
 std::string japaneseKey(const std::string& settled) {
   std::string key;
-  return engine::ChangeMidasiStrJ(storedText(settled), true, &key) == engine::kOk ? key : std::string();
+  return engine::ChangeMidasiStrJ(storedText(wordAsFiled(settled)), true, &key) == engine::kOk
+             ? key
+             : std::string();
 }
 
 bool isReading(const std::string& word) {

@@ -82,13 +82,17 @@ TEST_F(UserCommandTest, WhatCantBeHeldIsRefusedBeforeAnythingIsWritten) {
        "intransitive, preposition, conjunction"},
       {{"add", "犬", "dog", "--reading", "犬"},
        "--reading: \"犬\" (U+72AC), character 1, can't stand here: a reading has hiragana, katakana and ー "
-       "－ …"},
-      {{"add", "凜", "cold", "--reading", "りん"},
-       "word: \"凜\" (U+51DC), character 1, can't stand here: no word can be filed under this kanji; write "
-       "凛"},
-      {{"add", "い", "x", "--kanji", "凜"},
-       "kanji: \"凜\" (U+51DC), character 1, can't stand here: no word can be filed under this kanji; write "
-       "凛"},
+       "－ … ・"},
+      {{"add", "①", "one", "--reading", "いち"},
+       "word: \"①\" (U+2460), character 1, can't stand here: a written form has kana, kanji of JIS levels 1 "
+       "and 2, "
+       "々 and ・"},
+      {{"add", "い", "x", "--kanji", "①"},
+       "kanji: \"①\" (U+2460), character 1, can't stand here: a written form has kana, kanji of JIS levels 1 "
+       "and 2, "
+       "々 and ・"},
+      {{"add", "い", "x", "--kanji", "々"}, "kanji: it has neither kanji nor kana"},
+      {{"add", "・", "x"}, "word: it has no kana"},
       {{"add", "犬", "dog", "--reading", "いぬ", "--sentence", "a=あ", "--sentence", "犬=犬"},
        "sentence 2, English side: \"犬\" (U+72AC), character 1, can't stand here: only ASCII can stand here"},
       {{"add", "", "x"}, "word: it is empty"}};

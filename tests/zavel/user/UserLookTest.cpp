@@ -153,6 +153,28 @@ TEST_F(UserLookTest, TheyAnswerByAllRoadsOfTheDictionary) {
   }
 }
 
+TEST_F(UserLookTest, WordsWithMarksThatNoIndexHasAreShownAsTheyAreSpelled) {
+  add({"色々", "various", "--reading", "いろいろ"});
+  add({"アイス・クリーム", "ice cream"});
+  for (const std::string word : {"色々", "いろいろ", "色色"}) {
+    EXPECT_EQ(plain(word), word + "\t色々\tいろいろ\t\tvarious\t\tuser\n");
+  }
+  for (const std::string word : {"アイス・クリーム", "アイスクリーム", "ｱｲｽ･ｸﾘｰﾑ"}) {
+    EXPECT_EQ(plain(word), word + "\tアイス・クリーム\t\t\tice cream\t\tuser\n");
+  }
+  EXPECT_EQ(run({"look", "--list", "色々"}).out, "色々 [いろいろ] (your entry)\n");
+  const std::string all = run({"user", "export"}).out;
+  EXPECT_EQ(all,
+            "lang\tword\tkanji\tpos\tphrase\tmeaning\texamples\tsentences\n"
+            "ja\tアイス・クリーム\t\t\t\tice cream\t\t\n"
+            "ja\tいろいろ\t色々\t\t\tvarious\t\t\n");
+  ASSERT_EQ(run({"user", "delete", "色々", "--yes"}).status, 0);
+  ASSERT_EQ(inRoot({"user", "import", "-"}).input(all).run().status, 0);
+  EXPECT_EQ(run({"user", "export"}).out, all);
+  EXPECT_EQ(run({"user", "add", "々", "x", "--reading", "あ"}).status, 2);
+  EXPECT_EQ(run({"user", "add", "・", "x"}).status, 2);
+}
+
 TEST_F(UserLookTest, AKanaWithASoundMarkBehindItIsOneSound) {
   add({"ずんだ", "bean paste"});
   EXPECT_EQ(plain("す゛んた゛"), "す゛んた゛\tずんだ\t\t\tbean paste\t\tuser\n");

@@ -31,6 +31,46 @@ TEST_F(UserStoreTest, EnglishEntriesComeBackWhole) {
   EXPECT_EQ(words(kE), Strings{"bank"});
 }
 
+// The engine refuses both characters; the entry keeps them.
+TEST_F(UserStoreTest, WordsWithMarksThatNoIndexHasKeepTheirSpelling) {
+  UserEntry often = japanese("ときどき", "時々");
+  often.sentences = {{"I go sometimes.", "時々行く。"}};
+  const UserEntry repeated = japanese("ときどき", "時時"), dotted = japanese("アイス・クリーム"),
+                  both = japanese("イ・ロ", "色・々々"), twin = japanese("りん", "凜");
+  ASSERT_EQ(add({often, repeated, dotted, both, twin}), "");
+  EXPECT_EQ(find(kJ, "凜"), std::vector<UserEntry>{twin});
+  EXPECT_EQ(find(kJ, "凛"), std::vector<UserEntry>{twin});
+  EXPECT_EQ(find(kJ, "時々"), (std::vector<UserEntry>{often, repeated}));
+  EXPECT_EQ(find(kJ, "時時"), (std::vector<UserEntry>{often, repeated}));
+  EXPECT_EQ(find(kJ, "ときどき"), (std::vector<UserEntry>{often, repeated}));
+  EXPECT_EQ(find(kJ, "あいすくりーむ"), std::vector<UserEntry>{dotted});
+  EXPECT_EQ(find(kJ, "ｱｲｽ･ｸﾘｰﾑ"), std::vector<UserEntry>{dotted});
+  EXPECT_EQ(find(kJ, "いろ"), std::vector<UserEntry>{both});
+  EXPECT_EQ(words(kJ), (Strings{"アイスクリーム", "イロ", "ときどき", "りん"}));
+
+  UserStore open = store();
+  ASSERT_EQ(open.open(kJ, UserAccess::kWrite).code, "");
+  std::vector<StoredEntry> found;
+  ASSERT_EQ(open.find("時々", &found).code, "");
+  UserEntry changed = often;
+  changed.meaning = "at times";
+  ASSERT_EQ(open.replace(found[0], changed).code, "");
+  ASSERT_EQ(open.find("時々", &found).code, "");
+  ASSERT_EQ(found.size(), 2u);
+  ASSERT_EQ(open.remove(found[1]).code, "");
+  ASSERT_EQ(open.arrange().code, "");
+  ASSERT_EQ(open.close().code, "");
+  EXPECT_EQ(find(kJ, "時々"), std::vector<UserEntry>{changed});
+}
+
+// Only what spells the word itself is its spelling.
+TEST_F(UserStoreTest, ASentenceOfTheUsersIsNoSpelling) {
+  UserEntry people = japanese("ひとびと", "人人");
+  people.sentences = {{"written", "人"}, {"spelled", "ひとびと"}, {"written", "人人"}};
+  ASSERT_EQ(add({people}), "");
+  EXPECT_EQ(find(kJ, "人々"), std::vector<UserEntry>{people});
+}
+
 TEST_F(UserStoreTest, JapaneseEntriesAreFoundByReadingAndByKanji) {
   UserEntry dog = japanese("いぬ", "犬");
   dog.examples = {{"a dog's life", "犬の生活"}};

@@ -49,32 +49,23 @@ TEST(UserTextTest, BlanksAreNamedAndPlacesAreThoseOfTheTypedText) {
   EXPECT_EQ(
       settled(TextKind::kReading, "いぬ　ねこ"),
       "! an ideographic blank (U+3000), character 3, can't stand here: a reading has hiragana, katakana "
-      "and ー － …");
+      "and ー － … ・");
   EXPECT_EQ(
       settled(TextKind::kReading, "い ぬ"),
-      "! a blank (U+0020), character 2, can't stand here: a reading has hiragana, katakana and ー － …");
+      "! a blank (U+0020), character 2, can't stand here: a reading has hiragana, katakana and ー － … ・");
   EXPECT_EQ(settled(TextKind::kMixed, "　…ｶﾞ\tb"),
             "! a tab (U+0009), character 5, can't stand here: the dictionary has no place for it");
   EXPECT_EQ(settled(TextKind::kAscii, " …犬"),
             "! \"犬\" (U+72AC), character 3, can't stand here: only ASCII can stand here");
 }
 
-// They are of level 2, and meanings hold them; the index has no place for them.
-TEST(UserTextTest, TheLastSixKanjiHaveTwins) {
+// No index has a place for them, but entries have.
+TEST(UserTextTest, CharactersThatAreFiledOtherwiseAreHeld) {
   EXPECT_EQ(settled(TextKind::kMixed, "堯槇遙瑤凜熙"), "堯槇遙瑤凜熙");
-  EXPECT_EQ(settled(TextKind::kWritten, "尭槙遥瑶凛煕"), "尭槙遥瑶凛煕");
-  const std::pair<const char*, const char*> twins[] = {
-      {"堯", "(U+582F), character 1, can't stand here: no word can be filed under this kanji; write 尭"},
-      {"槇", "(U+69C7), character 1, can't stand here: no word can be filed under this kanji; write 槙"},
-      {"遙", "(U+9059), character 1, can't stand here: no word can be filed under this kanji; write 遥"},
-      {"瑤", "(U+7464), character 1, can't stand here: no word can be filed under this kanji; write 瑶"},
-      {"凜", "(U+51DC), character 1, can't stand here: no word can be filed under this kanji; write 凛"},
-      {"熙", "(U+7199), character 1, can't stand here: no word can be filed under this kanji; write 煕"}};
-  for (const auto& [kanji, message] : twins) {
-    EXPECT_EQ(settled(TextKind::kWritten, kanji), std::string("! \"") + kanji + "\" " + message);
-  }
-  EXPECT_EQ(settled(TextKind::kWritten, "時々"),
-            "! \"々\" (U+3005), character 2, can't stand here: write the kanji that it repeats");
+  EXPECT_EQ(settled(TextKind::kWritten, "堯槇遙瑤凜熙"), "堯槇遙瑤凜熙");
+  EXPECT_EQ(settled(TextKind::kWritten, "時々・人々"), "時々・人々");
+  EXPECT_EQ(settled(TextKind::kReading, "ｱｲｽ･ｸﾘｰﾑ"), "アイス・クリーム");
+  EXPECT_EQ(settled(TextKind::kReading, "々").substr(0, 1), "!");
 }
 
 TEST(UserTextTest, OuterBlanksAreCut) {
@@ -90,11 +81,12 @@ TEST(UserTextTest, WhatCantBeHeldIsNamed) {
   EXPECT_EQ(settled(TextKind::kEnglishWord, "go2"),
             "! \"2\" (U+0032), character 3, can't stand here: an English word has letters, blanks and & ' , "
             "- . / _");
-  EXPECT_EQ(settled(TextKind::kReading, "犬"),
-            "! \"犬\" (U+72AC), character 1, can't stand here: a reading has hiragana, katakana and ー － …");
+  EXPECT_EQ(
+      settled(TextKind::kReading, "犬"),
+      "! \"犬\" (U+72AC), character 1, can't stand here: a reading has hiragana, katakana and ー － … ・");
   EXPECT_EQ(settled(TextKind::kWritten, "①"),
-            "! \"①\" (U+2460), character 1, can't stand here: a written form has kana and kanji of JIS "
-            "levels 1 and 2");
+            "! \"①\" (U+2460), character 1, can't stand here: a written form has kana, kanji of JIS "
+            "levels 1 and 2, 々 and ・");
   EXPECT_EQ(settled(TextKind::kMixed, "😀"),
             "! \"😀\" (U+1F600), character 1, can't stand here: the dictionary has no place for it");
   EXPECT_EQ(settled(TextKind::kAscii, "dog犬"),
