@@ -171,8 +171,9 @@ void Answerer::askDictionaries(LookResult* result) {
 void Answerer::complain(const LookResult& result) {
   if (interrupted()) return;
   for (const auto& [kind, failure] : result.failures) {
-    if (failure.code == kDamagedPart) continue;  // the helper program has named the part
     const bool dictionary = kind == RowKind::kBilingual;
+    if (failure.code == kDamagedPart) continue;  // the helper program has named the part
+    if (!dictionary && dictionaries_ && dictionaries_->helperToldWhy()) continue;
     if (failure.message != complained_) warn(dictionary ? inOneLine(failure) : failure.message);
     complained_ = failure.message;
   }

@@ -2,6 +2,7 @@
 #include "CommandLine.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "Nearest.h"
 #include "Utf8.h"
@@ -22,6 +23,11 @@ bool takesValue(CLI::App& app, const std::string& word) {
 
 bool isHelp(const std::string& word) {
   return word == "-h" || word == "--help";
+}
+
+template <typename Kind>
+bool is(const CLI::ParseError& error) {
+  return dynamic_cast<const Kind*>(&error) != nullptr;
 }
 
 CLI::App* commandOf(CLI::App& app, const CommandLine& line) {
@@ -93,6 +99,35 @@ std::string strayWord(CLI::App& app, const CommandLine& line) {
     if (word[1] == '-' || word.size() == 2) i += takesValue(command, word) ? 1 : 0;
   }
   return {};
+}
+
+std::string usageMessage(const CLI::ParseError& error) {
+  const std::string said = error.what();
+  const auto ahead = [&said](std::string_view rest) { return said.substr(0, said.find(rest)); };
+  const auto behind = [&said](std::string_view start) {
+    const size_t at = said.find(start);
+    return at == std::string::npos ? said : said.substr(at + start.size());
+  };
+  if (is<CLI::ExtrasError>(error)) {
+    const std::string extra = behind(": ");
+    return extra.starts_with('-') ? "there is no option " + extra : "there is no place for: " + extra;
+  }
+  if (is<CLI::RequiredError>(error)) {
+    return said.starts_with("A subcommand") ? "the command is missing"
+                                            : "the " + ahead(" is required") + " is missing";
+  }
+  if (is<CLI::ExcludesError>(error))
+    return ahead(" excludes ") + " and " + behind(" excludes ") + " exclude each other";
+  if (is<CLI::ArgumentMismatch>(error)) {
+    return ahead(": ") + (said.ends_with(" missing") ? ": its value is missing" : " is given more than once");
+  }
+  constexpr std::string_view kNotIn = " not in {";
+  if (!is<CLI::ValidationError>(error) || said.find(kNotIn) == std::string::npos) return said;
+  std::string choices = behind(kNotIn);
+  choices = choices.substr(0, choices.rfind('}'));
+  for (size_t at = 0; (at = choices.find(',', at)) != std::string::npos; at += 2) choices.insert(at + 1, " ");
+  const std::string option = ahead(": "), value = ahead(kNotIn).substr(option.size() + 2);
+  return option + ": \"" + value + "\" is none of " + choices;
 }
 
 Failure unknownCommand(CLI::App& app, const CommandLine& line) {

@@ -226,6 +226,11 @@ void Dictionaries::show(Row* row) {
   }
 }
 
+bool Dictionaries::helperToldWhy() const {
+  const auto& last = platform_.tools().last();
+  return last && last->spoke && last->result.exitStatus == kExitDamaged;
+}
+
 // What kept the helper program from answering the last word; none when nothing did.
 Failure Dictionaries::toolFailure(const LookResult& result) const {
   const auto failure = [](const char* code, const std::string& what, const std::string& hint) {

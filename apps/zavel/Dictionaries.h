@@ -41,6 +41,9 @@ class Dictionaries {
   // result.
   void ask(const std::string& word, std::optional<size_t> row, LookResult* result);
 
+  // Whether the helper program itself has told on standard error which damage kept it from answering.
+  bool helperToldWhy() const;
+
  private:
   void prepareTool();
   Failure toolFailure(const LookResult& result) const;

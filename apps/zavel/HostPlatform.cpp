@@ -88,8 +88,9 @@ ToolResult WatchedTools::run(const std::string& program, const std::vector<std::
   const ToolWatch watch(below_);
   CapturedErrors errors;
   ToolResult result = below_.run(program, arguments);
-  last_ = Run{program, result};
-  tell(errors.take());
+  const std::string said = errors.take();
+  last_ = Run{program, result, !said.empty()};
+  tell(said);
   return result;
 }
 

@@ -100,6 +100,7 @@ class WatchedTools : public ToolRunner {
   struct Run {
     std::string program;
     ToolResult result;
+    bool spoke = false;  // on standard error
   };
 
   // The last run since forget(); nothing when there was none.

@@ -128,7 +128,8 @@ TEST_F(WordLookupTest, FailsWhenNoDictionaryCanBeSearched) {
   folder_.write("own/small.index", "");
   const Failure failure = lookUp("cat");
   EXPECT_EQ(failure.status, 5);
-  EXPECT_EQ(failure.message, "no dictionary can be searched");
+  EXPECT_EQ(failure.message, folder_.file("own/small.index") + " is damaged: it is empty");
+  EXPECT_EQ(said(), "");
   EXPECT_EQ(folder_.read("result"), "(none)");
 }
 

@@ -140,7 +140,36 @@ TEST_F(CommandTest, AWordMayLookLikeAFlagBehindTwoHyphens) {
 TEST_F(CommandTest, NoFlagMayBeAbbreviated) {
   const Outcome outcome = zavel({"look", "--js", "church"}).run();
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.err, "zavel: The following argument was not expected: --js\nRun: zavel look --help\n");
+  EXPECT_EQ(outcome.err, "zavel: there is no option --js\nRun: zavel look --help\n");
+}
+
+TEST_F(CommandTest, WrongUsageIsToldInOneLineAndLeadsToHelp) {
+  struct Case {
+    std::vector<std::string> words;
+    const char* message;
+    const char* command;
+  };
+  const Case cases[] = {
+      {{"--nosuch"}, "there is no option --nosuch", "zavel"},
+      {{"look", "--nosuch", "x"}, "there is no option --nosuch", "zavel look"},
+      {{"look", "--mode", "foo, bar", "x"},
+       "--mode: \"foo, bar\" is none of all, pos, phrase, example",
+       "zavel look"},
+      {{"look", "--mode"}, "--mode: its value is missing", "zavel look"},
+      {{"look", "--limit", "abc", "x"}, "--limit: \"abc\" is not a number from 1 to 1000000", "zavel look"},
+      {{"look", "-n", "5", "--limit", "6", "x"}, "--limit is given more than once", "zavel look"},
+      {{"look", "--list", "--forms", "x"}, "--list and --forms exclude each other", "zavel look"},
+      {{"dict"}, "the command is missing", "zavel dict"},
+      {{"dict", "build", "extra"}, "there is no place for: extra", "zavel dict build"},
+      {{"prefs", "dict", "enable", "1", "2"}, "there is no place for: 2", "zavel prefs dict enable"},
+      {{"prefs", "dict", "move", "1"}, "the position is missing", "zavel prefs dict move"},
+      {{"user", "add", "a"}, "the meaning is missing", "zavel user add"},
+  };
+  for (const Case& wrong : cases) {
+    const Outcome outcome = zavel(wrong.words).run();
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, std::string("zavel: ") + wrong.message + "\nRun: " + wrong.command + " --help\n");
+  }
 }
 
 TEST_F(CommandTest, AWrongCommandNamesTheNearOne) {

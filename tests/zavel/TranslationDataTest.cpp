@@ -358,6 +358,10 @@ TEST_F(TranslationDataTest, WhereAllPartsAreDamagedTheHintIsToMakeThemAgain) {
   EXPECT_EQ(outcome.status, 3);
   EXPECT_EQ(Json::parse(outcome.out)["dictionaries"][1]["error"]["hint"],
             "Run: zavel dict build, or: zavel prefs dict disable translation");
+  // A line for each fault, and one for what comes of them.
+  EXPECT_EQ(outcome.err, "zavel-dicttool: " + made("compdic.dict") +
+                             " is missing; run: zavel dict build\nzavel-dicttool: " + made("enamdict.dict") +
+                             " is missing; run: zavel dict build\n");
 }
 
 TEST_F(TranslationDataTest, ATextWithoutItsIndexIsTold) {

@@ -49,7 +49,7 @@ expect "a wrong command is not run" 2 "" "*there is no command \"loko\"*Did you 
 expect "an unknown command" 2 "" "*there is no command \"goes\"*zavel look goes" "$zavel" goes
 expect "an unknown flag" 2 "" "*Run: zavel look --help" "$zavel" look --nonsense x
 expect "a mode that is none" 2 "" "*--mode*" "$zavel" look --mode none x
-expect "list and forms exclude each other" 2 "" "*excludes*" "$zavel" look --list --forms x
+expect "list and forms exclude each other" 2 "" "*exclude each other*" "$zavel" look --list --forms x
 expect "dict without a command" 2 "" "*Run: zavel dict --help" "$zavel" dict
 
 expect "no dictionary yet" 3 "" "*there is no dictionary in */root/dictionaries/basic yet*zavel dict build" "$zavel" look goes

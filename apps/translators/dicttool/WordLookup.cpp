@@ -103,13 +103,14 @@ Failure lookUpWord(const ToolOptions& options, const DictionaryPlaces& places, s
     answer = search(options, places, word, err, &failure);
   }
   if (failure) return failure;
-  for (std::string& complaint : answer.complaints) {
-    complaint = withHint(complaint, places);
-    err << "zavel-dicttool: " << complaint << "\n";
-  }
+  for (std::string& complaint : answer.complaints) complaint = withHint(complaint, places);
+  // The last of them is what failed where nothing is left to be searched.
   if (!answer.complaints.empty() && answer.searched == 0) {
-    return {kExitDamaged, "no dictionary can be searched"};
+    failure = {kExitDamaged, answer.complaints.back()};
+    answer.complaints.pop_back();
   }
+  for (const std::string& complaint : answer.complaints) err << "zavel-dicttool: " << complaint << "\n";
+  if (failure) return failure;
   if (!writeResultFile(options.result, answer.result(word.form))) {
     return {kExitEnvironment, "the result file " + options.result + " can't be written"};
   }
