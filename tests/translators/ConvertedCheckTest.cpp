@@ -93,6 +93,11 @@ TEST_F(ConvertedCheckTest, WhatTheWriterMakesIsSound) {
   ASSERT_TRUE(writer.finish());
   EXPECT_FALSE(check("made"));
   EXPECT_EQ(words_, 4u);
+  // Each line that is left is a whole one.
+  const std::string index = folder_.read("made.index");
+  folder_.write("made.index", index.substr(0, index.rfind('\n', index.size() - 2) + 1));
+  EXPECT_EQ(check("made").message,
+            folder_.file("made.index") + " is damaged: it has not the size that its text tells");
 }
 
 }  // namespace

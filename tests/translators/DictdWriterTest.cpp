@@ -28,7 +28,7 @@ bool writeSmall(const std::string& base) {
 TEST(DictdWriter, FilesFoldedWordsByTheirBytes) {
   test::TempFolder folder;
   ASSERT_TRUE(writeSmall(folder.file("d")));
-  EXPECT_EQ(folder.read("d.dict"), "dog\n猫\ncat\ncat's paw\n");
+  EXPECT_EQ(folder.read("d.dict"), "dog\n猫\ncat\ncat's paw\nindex of 32 bytes\n");
   // Entries of one word by rank, then as they came; "cat" leads to the second entry once.
   EXPECT_EQ(folder.read("d.index"), "cat\tE\tI\ncat\tM\tK\ndog\tA\tE\n猫\tE\tI\n");
   EXPECT_EQ(folder.names(), (Names{"d.dict", "d.index"}));

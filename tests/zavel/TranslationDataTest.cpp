@@ -315,6 +315,8 @@ TEST_F(TranslationDataTest, AWordIsNotMissingWhileAPartIsDamaged) {
        {Case{"enamdict.index", "", "enamdict.index is damaged: it is empty"},
         Case{"enamdict.index", index.substr(0, index.size() - 3),
              "enamdict.index is damaged: its last line is incomplete"},
+        Case{"enamdict.index", index.substr(0, index.rfind('\n', index.size() - 2) + 1),
+             "enamdict.index is damaged: it has not the size that its text tells"},
         Case{"enamdict.dict", "", "enamdict.dict is damaged: an entry at 72 can't be read"},
         Case{"enamdict.dict", std::string(text.size(), '\0'),
              "enamdict.dict is damaged: what stands at 72 is no text"},

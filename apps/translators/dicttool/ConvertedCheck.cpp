@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "dicttool/DictdIndex.h"
+#include "dicttool/DictdText.h"
 #include "dicttool/DictdWriter.h"
 #include "dicttool/WordFold.h"
 #include "foundation/Storage.h"
@@ -63,6 +64,9 @@ Failure checkConverted(std::string base, size_t* words) {
   if (Failure failure = readFile(indexPath, &index)) return failure;
   if (Failure failure = readFile(textPath, &text)) return failure;
   if (Failure failure = checkLines(indexPath, index, text, words)) return failure;
+  if (indexSizeIn(text).value_or(index.size()) != index.size()) {
+    return {kExitDamaged, indexPath + " is damaged: it has not the size that its text tells"};
+  }
   if (!isValidUtf8(text)) return {kExitDamaged, textPath + " is damaged: it holds bytes that are no UTF-8"};
   return {};
 }

@@ -56,7 +56,10 @@ bool DictdDictionary::open(const std::string& indexPath, std::string* error) {
   }
   const std::string base = withoutEnd(indexPath, kIndex);
   const std::string plain = base + std::string(kText), packed = base + std::string(kPackedText);
-  return text_.open(!storage().exists(plain) && storage().exists(packed) ? packed : plain, error);
+  if (!text_.open(!storage().exists(plain) && storage().exists(packed) ? packed : plain, error)) return false;
+  if (text_.indexSize().value_or(index_.size()) == index_.size()) return true;
+  *error = indexPath + " is damaged: it has not the size that its text tells";
+  return false;
 }
 
 bool DictdDictionary::find(std::string_view word, size_t most, DictdMatches* matches, std::string* error) {

@@ -43,6 +43,7 @@ class DictdIndex {
 
   // Whether a headword "00-database-OPTION" stands in it, which is given without its hyphens: "utf8",
   // "mimeheader", "virtual".
+  uint64_t size() const { return size_; }  // bytes
   bool hasOption(const std::string& option) const { return options_.count(option) > 0; }
   FoldRules rules() const { return rules_; }
   const std::string& path() const { return path_; }

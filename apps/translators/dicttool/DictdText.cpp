@@ -4,10 +4,14 @@
 #include <zlib.h>
 
 #include <algorithm>
+#include <charconv>
 #include <string_view>
 
 namespace zavel::dicttool {
 namespace {
+
+constexpr std::string_view kIndexSize = "index of ";  // "index of 1234 bytes"
+constexpr int64_t kIndexSizeLine = 64;                // it is shorter than this
 
 constexpr size_t kFixedHeader = 10;
 constexpr size_t kExtraLength = 2;
@@ -68,6 +72,28 @@ class Inflater {
 };
 
 }  // namespace
+
+std::string indexSizeLine(uint64_t size) {
+  return std::string(kIndexSize) + std::to_string(size) + " bytes\n";
+}
+
+std::optional<uint64_t> indexSizeIn(std::string_view text) {
+  const size_t start = text.rfind(kIndexSize);
+  uint64_t size = 0;
+  if (start == std::string_view::npos) return std::nullopt;
+  const std::string_view line = text.substr(start);
+  std::from_chars(line.data() + kIndexSize.size(), line.data() + line.size(), size);
+  return line == indexSizeLine(size) ? std::optional<uint64_t>(size) : std::nullopt;
+}
+
+std::optional<uint64_t> DictdText::indexSize() const {
+  const int64_t size = packed_ ? -1 : file_->size();
+  std::string end(static_cast<size_t>(std::clamp<int64_t>(size, 0, kIndexSizeLine)), '\0');
+  const int64_t at = size - static_cast<int64_t>(end.size());
+  if (end.empty() || file_->readAt(static_cast<uint64_t>(at), end.data(), end.size()) < 0)
+    return std::nullopt;
+  return indexSizeIn(end);
+}
 
 bool DictdText::open(const std::string& path, std::string* error) {
   path_ = path;

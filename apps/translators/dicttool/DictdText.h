@@ -5,7 +5,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "foundation/Storage.h"
@@ -22,6 +24,9 @@ class DictdText {
   // `length` bytes at `offset` of the unpacked text. False with a sentence in *error when the text does not
   // reach so far or the chunks there are damaged; *out is then unsettled.
   bool read(uint64_t offset, size_t length, std::string* out, std::string* error);
+
+  // The size of the index that the end of a plain text tells; nothing where it tells none.
+  std::optional<uint64_t> indexSize() const;
 
   const std::string& path() const { return path_; }
 
@@ -43,6 +48,13 @@ class DictdText {
   size_t loaded_ = SIZE_MAX;           // the chunk in chunk_
   std::string chunk_;
 };
+
+// The last line of a text that this program writes: how many bytes its index has. An index that was cut at
+// the end of a line looks whole by itself. No line of the index leads to it.
+std::string indexSizeLine(uint64_t size);
+
+// The number in that line at the end of `text`; nothing where there is none.
+std::optional<uint64_t> indexSizeIn(std::string_view text);
 
 }  // namespace zavel::dicttool
 

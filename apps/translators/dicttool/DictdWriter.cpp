@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "dicttool/DictdIndex.h"
+#include "dicttool/DictdText.h"
 #include "dicttool/WordFold.h"
 
 namespace zavel::dicttool {
@@ -133,7 +134,8 @@ bool DictdWriter::putInPlace() {
 }
 
 bool DictdWriter::finish() {
-  return close(text_) && writeIndex() && close(index_) && putInPlace();
+  return writeIndex() && append(text_, indexSizeLine(index_.written + index_.pending.size())) &&
+         close(text_) && close(index_) && putInPlace();
 }
 
 }  // namespace zavel::dicttool
