@@ -1,4 +1,4 @@
-// Constants of the book format, described in docs/formats.md. All numbers in books are big-endian.
+// Constants of the book format, described in docs/book-format.md. All numbers in books are big-endian.
 #ifndef BOOK_BOOKFORMAT_H
 #define BOOK_BOOKFORMAT_H
 
