@@ -60,11 +60,11 @@ bool runEditor(const std::string& file) {
 // A form in a file that stays until its entry is stored, so that nothing typed is lost.
 class FormFile {
  public:
-  explicit FormFile(const UserEntry& entry) {
+  explicit FormFile(const UserEntry& entry) : form_(formOf(entry)) {
     const std::string folder = findPlaces().state;
     if (!makeFolders(folder)) return;
-    const std::string path = folder + "/edit-" + std::to_string(getpid()) + ".txt";
-    if (writeFileAtomically(path, formOf(entry))) path_ = path;
+    const std::string path = freeName(folder + "/edit-" + std::to_string(getpid()));
+    if (writeFileAtomically(path, form_)) path_ = path;
   }
   ~FormFile() {
     if (!path_.empty() && !keep_) storage().remove(path_);
@@ -73,16 +73,27 @@ class FormFile {
   FormFile& operator=(const FormFile&) = delete;
 
   const std::string& path() const { return path_; }
-  // What was typed stays.
+  // What was typed stays; an editor that is still open may have more to write.
   Failure keeping(Failure failure) {
-    keep_ = true;
-    failure.hint = "What you typed is in " + path_;
+    std::string text;
+    const bool untouched = readWholeFile(path_, kLongestForm, &text) && text == form_;
+    keep_ = !untouched || interrupted();
+    failure.hint = keep_ ? "What you typed is in " + path_
+                         : "Set VISUAL or EDITOR to an editor that runs, or give --set FIELD=TEXT.";
     if (interrupted()) failure.status = static_cast<ExitStatus>(interruptedStatus());
     return failure;
   }
 
  private:
-  std::string path_;
+  // Another process of this number may have left what was typed in it.
+  static std::string freeName(const std::string& stem) {
+    std::string path = stem + ".txt";
+    for (int number = 2; storage().exists(path); ++number)
+      path = stem + "-" + std::to_string(number) + ".txt";
+    return path;
+  }
+
+  std::string form_, path_;
   bool keep_ = false;
 };
 

@@ -35,8 +35,10 @@ void eachLine(std::string_view text, const Take& take) {
 }
 
 Failure noTable(const std::string& why) {
-  return {kExitUsage, "not_entries", "this is no list of entries: " + why,
-          "A table begins with the line that `zavel user export` writes; JSON with { or [."};
+  return {
+      kExitUsage, "not_entries", "this is no list of entries: " + why,
+      "A table begins with names of columns, parted by tabs, as `zavel user export` writes them; JSON with { "
+      "or [."};
 }
 
 Failure readTable(std::string_view text, const UserLanguage* language, std::vector<ImportItem>* items) {
@@ -74,6 +76,11 @@ Failure readJson(std::string_view text, const UserLanguage* language, std::vecto
   return {};
 }
 
+size_t sound(const std::vector<ImportItem>& items) {
+  const auto isSound = [](const ImportItem& item) { return item.wrong.empty(); };
+  return static_cast<size_t>(std::count_if(items.begin(), items.end(), isSound));
+}
+
 // Failures of one entry, after which the next may well be stored.
 bool isOfEntry(const Failure& failure) {
   return failure.status == kExitUsage || failure.code == "too_many_kanji";
@@ -85,6 +92,9 @@ Failure readImport(std::string_view text, const UserLanguage* language, std::vec
                    bool* byLine) {
   *byLine = true;
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF")) {
+    return {kExitUsage, "not_entries", "this is UTF-16 text, not UTF-8", "Save it as UTF-8, then try again."};
+  }
   const size_t first = text.find_first_not_of(" \t\r\n");
   if (first == std::string_view::npos) return {};
   const bool json = text[first] == '{' || text[first] == '[';
@@ -92,15 +102,14 @@ Failure readImport(std::string_view text, const UserLanguage* language, std::vec
 }
 
 UserImport::UserImport(const UserOptions& options, std::vector<ImportItem>* items)
-    : options_(options), items_(*items), progress_("Importing", items->size(), options.progress) {}
+    : options_(options), items_(*items), progress_("Importing", sound(*items), options.progress) {}
 
 Failure UserImport::run() {
   for (const UserLanguage language : {UserLanguage::kEnglish, UserLanguage::kJapanese}) {
     if (interrupted()) break;
     if (Failure failure = runLanguage(language)) return failure;
   }
-  const auto wrong = [](const ImportItem& item) { return !item.wrong.empty(); };
-  counts_.refused = static_cast<size_t>(std::count_if(items_.begin(), items_.end(), wrong));
+  counts_.refused = items_.size() - sound(items_);
   return {};
 }
 

@@ -5,6 +5,7 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -340,7 +341,40 @@ TEST_F(UserCommandTest, WhatWasTypedWithAMistakeIsKept) {
   std::getline(kept, line);
   EXPECT_EQ(line, "word: bank");
   EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  銀行\n");
-  EXPECT_EQ(user({"edit", "bank"}).env("EDITOR", "false").run().status, 3);
+}
+
+TEST_F(UserCommandTest, AnEditorThatDoesntRunIsNamedAndLeavesNoForm) {
+  run({"add", "bank", "銀行"});
+  const Outcome outcome = user({"edit", "bank"}).env("EDITOR", "false").run();
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.err,
+            "zavel: the editor failed: false\n"
+            "Set VISUAL or EDITOR to an editor that runs, or give --set FIELD=TEXT.\n");
+  EXPECT_TRUE(std::filesystem::is_empty(root() + "/state"));
+  const std::string typing = script(file("typing"), "echo more >> \"$1\"; exit 1\n");
+  EXPECT_TRUE(user({"edit", "bank"})
+                  .env("EDITOR", typing)
+                  .run()
+                  .err.starts_with("zavel: the editor failed: " + typing + "\nWhat you typed is in "));
+  EXPECT_FALSE(std::filesystem::is_empty(root() + "/state"));
+}
+
+// A later process may have the number of the one that left it.
+TEST_F(UserCommandTest, AFormThatWasKeptIsNotOverwritten) {
+  run({"add", "bank", "銀行"});
+  std::filesystem::create_directories(root() + "/state");
+  const std::string kept = root() + "/state/edit-$$.txt";
+  const std::string command = "exec 2>&1; echo typed > " + kept + "; ZAVEL_ROOT=" + root() +
+                              " EDITOR='sed -i s/銀行/土手/' exec " ZAVEL_PROGRAM " user edit bank > " +
+                              file("out");
+  EXPECT_EQ(std::system(command.c_str()), 0);
+  EXPECT_EQ(folder_.read("out"), "Changed:\nbank  [noun]  土手\n");
+  const std::filesystem::directory_iterator left(root() + "/state");
+  ASSERT_NE(left, std::filesystem::directory_iterator());
+  std::ifstream in(left->path());
+  std::string line;
+  std::getline(in, line);
+  EXPECT_EQ(line, "typed");
 }
 
 TEST_F(UserCommandTest, ArrangingTellsTheSizes) {

@@ -225,10 +225,12 @@ TEST_F(UserExchangeTest, WhatIsNoListOfEntriesIsRefused) {
   EXPECT_EQ(table.status, 2);
   EXPECT_EQ(table.err,
             "zavel: this is no list of entries: there is no column \"bank\"\n"
-            "A table begins with the line that `zavel user export` writes; JSON with { or [.\n");
+            "A table begins with names of columns, parted by tabs, as `zavel user export` writes them; JSON "
+            "with { or [.\n");
   EXPECT_EQ(import("{\"schema\":1}").err,
             "zavel: this is no list of entries: the JSON has neither entries nor a list of them\n"
-            "A table begins with the line that `zavel user export` writes; JSON with { or [.\n");
+            "A table begins with names of columns, parted by tabs, as `zavel user export` writes them; JSON "
+            "with { or [.\n");
   EXPECT_EQ(import("").status, 1);
   const Outcome missing = user({"import", file("none")}).run();
   EXPECT_EQ(missing.status, 3);
@@ -242,10 +244,21 @@ TEST_F(UserExchangeTest, MarksAndLineEndsOfOtherSystemsAreTaken) {
   EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  銀行\n");
 }
 
+TEST_F(UserExchangeTest, Utf16IsToldByItsName) {
+  for (const std::string& text : {std::string("\xFF\xFEw\0o\0", 6), std::string("\xFE\xFF\0w\0o", 6)}) {
+    const Outcome outcome = import(text);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "zavel: this is UTF-16 text, not UTF-8\nSave it as UTF-8, then try again.\n");
+  }
+}
+
 TEST_F(UserExchangeTest, ProgressComesAsJson) {
   const Outcome outcome = import(kTable, {"--progress", "json"});
   EXPECT_EQ(outcome.err.substr(0, outcome.err.find('\n')),
             R"({"event":"progress","stage":"Importing","done":1,"total":5})");
+  const Outcome refused = import("word\tmeaning\nbee\t蜂\n7\tx\n", {"--progress", "json"});
+  EXPECT_EQ(refused.err.substr(0, refused.err.find('\n')),
+            R"({"event":"progress","stage":"Importing","done":1,"total":1})");
 }
 
 TEST_F(UserExchangeTest, AnInterruptKeepsWhatIsIn) {
