@@ -128,7 +128,8 @@ void appendFolded(TextKind kind, Typed typed, std::vector<Typed>* out) {
 }
 
 bool isBlank(const Typed& typed) {
-  return typed.code == ' ' || typed.code == 0x3000;
+  const StandIn* const standIn = standInOf(typed.code);
+  return typed.code == ' ' || typed.code == 0x3000 || (standIn && standIn->wide == U" ");
 }
 
 std::vector<Typed> folded(TextKind kind, std::string_view utf8) {

@@ -70,6 +70,8 @@ TEST(UserTextTest, CharactersThatAreFiledOtherwiseAreHeld) {
 
 TEST(UserTextTest, OuterBlanksAreCut) {
   EXPECT_EQ(settled(TextKind::kMixed, "　 銀行 の　"), "銀行 の");
+  EXPECT_EQ(settled(TextKind::kMixed, "\u2003\u00A0銀行 \u2002"), "銀行");
+  EXPECT_EQ(settled(TextKind::kMixed, "\u2003"), "! it is empty");
   EXPECT_EQ(settled(TextKind::kMixed, " 　"), "! it is empty");
   EXPECT_EQ(settled(TextKind::kMixed, ""), "! it is empty");
 }
