@@ -24,6 +24,7 @@ std::vector<StoredEntry> chosen(const UserOptions& options, UserLanguage languag
   const auto store = makeStore();
   std::vector<StoredEntry> found;
   *failure = store->open(language, UserAccess::kRead);
+  if (!*failure) *failure = store->check();
   if (!*failure) *failure = store->find(options.word, &found);
   if (*failure) return {};
   store->close();

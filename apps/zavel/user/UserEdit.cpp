@@ -138,6 +138,7 @@ Failure readOld(const UserOptions& options, UserLanguage language, UserEntry* ol
   const auto store = makeStore();
   std::vector<StoredEntry> found;
   if (Failure failure = store->open(language, UserAccess::kRead)) return failure;
+  if (Failure failure = store->check()) return failure;
   if (Failure failure = store->find(options.word, &found)) return failure;
   if (Failure failure = store->close()) return failure;
   if (found.empty()) {

@@ -1,6 +1,8 @@
-// `zavel user export`. Tests: tests/zavel/user/UserExchangeTest.cpp
+// `zavel user export`. Tests: tests/zavel/user/UserExchangeTest.cpp, tests/zavel/user/UserDamageTest.cpp
 #include <cstdio>
-#include <unordered_set>
+#include <filesystem>
+#include <iterator>
+#include <utility>
 
 #include "JsonWriter.h"
 #include "user/OutputFile.h"
@@ -12,21 +14,25 @@
 namespace zavel::host {
 namespace {
 
-// Every entry of a dictionary, by headwords. Words that are filed alike find each other's entries, too.
+// What can be read; the failure tells of the rest.
 Failure readAll(UserLanguage language, std::vector<UserEntry>* entries) {
   const auto store = makeStore();
-  std::vector<std::string> words;
-  if (Failure failure = store->open(language, UserAccess::kRead)) return failure;
-  if (Failure failure = store->headwords(&words)) return failure;
-  std::unordered_set<uint32_t> seen;
-  for (const std::string& word : words) {
-    std::vector<StoredEntry> found;
-    if (Failure failure = store->findStored(word, &found)) return failure;
-    for (StoredEntry& stored : found) {
-      if (seen.insert(stored.place.dicOffset).second) entries->push_back(std::move(stored.entry));
-    }
-  }
-  return {};
+  std::vector<UserEntry> read;
+  const Failure failure = store->readAll(store->open(language, UserAccess::kRead), &read);
+  std::move(read.begin(), read.end(), std::back_inserter(*entries));
+  return failure;
+}
+
+// An export from before the damage may hold what can't be read now.
+bool holdsSomething(const std::string& file) {
+  std::error_code error;
+  return std::filesystem::is_regular_file(file, error) && std::filesystem::file_size(file, error) > 0;
+}
+
+Failure notReplaced(Failure damage, const std::string& file) {
+  damage.message += "; nothing was exported, because " + file + " is there and may hold more";
+  damage.hint = "Export to a file of another name.";
+  return damage;
 }
 
 std::string jsonOf(const UserEntry& entry) {
@@ -55,21 +61,27 @@ std::string textOf(const std::vector<UserEntry>& entries, const std::string& for
 
 int runUserExport(const UserOptions& options) {
   std::vector<UserEntry> entries;
+  Failure damage;
   for (const UserLanguage language : languagesOf(options)) {
-    if (Failure failure = readAll(language, &entries)) return report(failure, options.json);
+    const Failure failure = readAll(language, &entries);
+    if (failure && failure.status != kExitDamaged) return report(failure, options.json);
+    if (damage && failure) damage.message += "; " + failure.message;
+    if (!damage) damage = failure;
   }
+  if (damage && entries.empty()) return report(damage, options.json);
   const std::string text = textOf(entries, options.json ? "json" : options.format);
   if (options.file == "-") {
     std::fwrite(text.data(), 1, text.size(), stdout);
-    return kExitFound;
+    return damage ? report(damage, false) : kExitFound;
   }
+  if (damage && holdsSomething(options.file)) return report(notReplaced(damage, options.file), options.json);
   if (!writeOutputFile(options.file, text)) {
     return report(
         {kExitEnvironment, "not_written", "the file " + options.file + " can't be written", kWriteHint},
         options.json);
   }
   std::printf("%s entries written to %s\n", grouped(entries.size()).c_str(), options.file.c_str());
-  return kExitFound;
+  return damage ? report(damage, false) : kExitFound;
 }
 
 }  // namespace zavel::host

@@ -31,17 +31,58 @@ bool beginsSo(UserLanguage language, const std::string& word, const std::string&
   return !key.empty() && keyOf(language, word).starts_with(key);
 }
 
+// The words of one dictionary; of a damaged one those that can be read, with the failure.
+Failure readHeadwords(UserLanguage language, std::vector<std::string>* words) {
+  const auto store = makeStore();
+  Failure failure = store->open(language, UserAccess::kRead);
+  if (!failure) failure = store->check();
+  if (!failure) failure = store->headwords(words);
+  if (failure.status != kExitDamaged) return failure;
+  std::vector<UserEntry> entries;
+  failure = store->salvage(std::move(failure), &entries);
+  *words = headwordsOf(entries);
+  return failure;
+}
+
 Failure readWords(const UserOptions& options, Words* words) {
+  Failure damage;
   for (const UserLanguage language : languagesOf(options)) {
-    const auto store = makeStore();
     std::vector<std::string> all;
-    if (Failure failure = store->open(language, UserAccess::kRead)) return failure;
-    if (Failure failure = store->headwords(&all)) return failure;
+    const Failure failure = readHeadwords(language, &all);
+    if (failure && failure.status != kExitDamaged) return failure;
+    if (damage && failure) damage.message += "; " + failure.message;
+    if (!damage) damage = failure;
     for (std::string& word : all) {
       if (beginsSo(language, word, options.filter)) words->emplace_back(language, std::move(word));
     }
   }
-  return {};
+  return damage;
+}
+
+// As the engine would find them among the entries that can be read.
+std::vector<StoredEntry> matching(const std::string& word, const std::vector<UserEntry>& entries) {
+  std::vector<StoredEntry> found;
+  std::string written = word;
+  if (!settleText(TextKind::kWritten, &written).empty()) written.clear();
+  for (const UserEntry& entry : entries) {
+    const std::string key = keyOf(entry.language, word);
+    const bool alike = !key.empty() && keyOf(entry.language, entry.word) == key;
+    if (alike || (!written.empty() && entry.kanji == written)) found.push_back({entry, {}, {}});
+  }
+  return found;
+}
+
+// What is found of a damaged dictionary comes with the failure.
+Failure readFound(UserLanguage language, const std::string& word, std::vector<StoredEntry>* found) {
+  const auto store = makeStore();
+  Failure failure = store->open(language, UserAccess::kRead);
+  if (!failure) failure = store->check();
+  if (!failure) failure = store->find(word, found);
+  if (failure.status != kExitDamaged) return failure;
+  std::vector<UserEntry> entries;
+  failure = store->salvage(std::move(failure), &entries);
+  *found = matching(word, entries);
+  return failure;
 }
 
 std::string wordsJson(const Words& words) {
@@ -66,12 +107,10 @@ std::string foundJson(const std::string& word, const std::vector<StoredEntry>& f
 }  // namespace
 
 int runUserFind(const UserOptions& options) {
-  const auto store = makeStore();
   const UserLanguage language = options.language().value_or(guessLanguage(options.word));
   std::vector<StoredEntry> found;
-  Failure failure = store->open(language, UserAccess::kRead);
-  if (!failure) failure = store->find(options.word, &found);
-  if (failure) return report(failure, options.json);
+  const Failure failure = readFound(language, options.word, &found);
+  if (failure && found.empty()) return report(failure, options.json);
   if (options.json) {
     std::fputs(foundJson(options.word, found).c_str(), stdout);
   } else if (found.empty()) {
@@ -81,12 +120,14 @@ int runUserFind(const UserOptions& options) {
   if (!options.json) {
     for (size_t i = 0; i < found.size(); ++i) std::fputs(entryText(found[i].entry, i + 1).c_str(), stdout);
   }
+  if (failure) return report(failure, false);
   return found.empty() ? kExitNothing : kExitFound;
 }
 
 int runUserList(const UserOptions& options) {
   Words words;
-  if (Failure failure = readWords(options, &words)) return report(failure, options.json);
+  const Failure failure = readWords(options, &words);
+  if (failure && words.empty()) return report(failure, options.json);
   if (options.json) {
     std::fputs(wordsJson(words).c_str(), stdout);
   } else {
@@ -96,6 +137,7 @@ int runUserList(const UserOptions& options) {
                                                   : "zavel: none of your words begins so\n");
     }
   }
+  if (failure) return report(failure, false);
   return words.empty() ? kExitNothing : kExitFound;
 }
 

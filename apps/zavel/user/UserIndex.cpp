@@ -1,8 +1,7 @@
-// Tests: tests/zavel/user/UserRecoveryTest.cpp
+// Tests: tests/zavel/user/UserCheckTest.cpp, tests/zavel/user/UserRecoveryTest.cpp
 #include "user/UserIndex.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "engine/DicFormat.h"
 #include "foundation/ByteReader.h"
@@ -15,15 +14,83 @@ using namespace engine;
 
 constexpr size_t kLongestIndex = 16 << 20;  // the engine's own limit
 
-bool passTable(const ByteReader& file, size_t* offset) {
+const uint8_t* bytesOf(std::string_view text) {
+  return reinterpret_cast<const uint8_t*>(text.data());
+}
+
+uint64_t hashOf(std::string_view bytes) {
+  uint64_t hash = 0xCBF29CE484222325;
+  for (const char c : bytes) hash = (hash ^ static_cast<uint8_t>(c)) * 0x100000001B3;
+  return hash;
+}
+
+// The rows of the table at *offset; goes on to the next table.
+bool takeTable(std::string_view bytes, size_t* offset, std::string_view* rows) {
+  const ByteReader file(bytesOf(bytes), bytes.size());
   uint32_t size = 0, next = 0;
   if (!file.readLE32At(*offset, &size) || !file.readLE32At(*offset + 4, &next)) return false;
   if (!file.contains(*offset + kTableHead, size) || next < *offset + kTableHead + size) return false;
+  *rows = bytes.substr(*offset + kTableHead, size);
   *offset = next;
   return true;
 }
 
-// The byte where the entry in `text` ends: behind its last whole line.
+// The last row of a table whose first child is not behind `child`; children stand in the order of parents.
+size_t parentOf(std::string_view table, size_t rowSize, size_t child, size_t from) {
+  size_t row = from;
+  while ((row + 2) * rowSize <= table.size() && readLE16(bytesOf(table) + (row + 2) * rowSize - 2) <= child) {
+    ++row;
+  }
+  return row;
+}
+
+// A row's part of a key: without the zeros of a word that ended.
+std::string keyPart(std::string_view table, size_t rowSize, size_t row, size_t length) {
+  if ((row + 1) * rowSize > table.size()) return {};
+  std::string key(table.substr(row * rowSize, length));
+  std::erase(key, '\0');
+  return key;
+}
+
+}  // namespace
+
+UserIndex::UserIndex(const std::string& path, uint16_t type) {
+  std::string bytes;
+  readable_ = readWholeFile(path, kLongestIndex, &bytes);
+  if (!readable_) return;
+  hash_ = hashOf(bytes);
+  sound_ = read(bytes, type);
+}
+
+bool UserIndex::read(const std::string& bytes, uint16_t type) {
+  if (bytes.size() < kUserHeader) return false;
+  further_ = readLE16(bytesOf(bytes) + kKjiCountOffset);
+  size_t table = kUserHeader;
+  std::string_view a, b;
+  if (!takeTable(bytes, &table, &a) || (type == kTypeE && !takeTable(bytes, &table, &b))) return false;
+  const ByteReader file(bytesOf(bytes), bytes.size());
+  uint32_t size = 0;
+  if (!file.readLE32At(table, &size) || !file.contains(table + kTableHeadC, size)) return false;
+  readRows(a, b, std::string_view(bytes).substr(table + kTableHeadC, size), type);
+  return true;
+}
+
+void UserIndex::readRows(std::string_view tableA, std::string_view tableB, std::string_view tableC,
+                         uint16_t type) {
+  const size_t row = type == kTypeKji ? kRowCKji : kRowC, key = row - 4;
+  const size_t rowA = type == kTypeKji ? kRowAKji : kRowAE;
+  size_t a = 0, b = 0;
+  for (size_t at = 0; (at + 1) * row <= tableC.size(); ++at) {
+    const uint32_t block = readLE32(bytesOf(tableC) + at * row + key);
+    if (block == kNoBlockUser) continue;
+    if (type == kTypeE) b = parentOf(tableB, kRowB, at, b);
+    a = parentOf(tableA, rowA, type == kTypeE ? b : at, a);
+    std::string whole = keyPart(tableA, rowA, a, key);
+    if (type == kTypeE) whole += keyPart(tableB, kRowB, b, 1);
+    rows_.push_back({whole + keyPart(tableC, row, at, key), block});
+  }
+}
+
 size_t entryEnd(std::string_view text) {
   size_t end = 0;
   for (size_t at = 0; at + 2 <= text.size();) {
@@ -35,70 +102,6 @@ size_t entryEnd(std::string_view text) {
     at = end = feed + 1;
   }
   return end;
-}
-
-}  // namespace
-
-UserIndex::UserIndex(const std::string& path, uint16_t type) {
-  std::string bytes;
-  sound_ = readWholeFile(path, kLongestIndex, &bytes) && read(bytes, type);
-}
-
-bool UserIndex::read(const std::string& bytes, uint16_t type) {
-  const ByteReader file(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());
-  if (bytes.size() < kUserHeader) return false;
-  further_ = readLE16(reinterpret_cast<const uint8_t*>(bytes.data()) + kKjiCountOffset);
-  size_t table = kUserHeader;
-  if (!passTable(file, &table) || (type == kTypeE && !passTable(file, &table))) return false;
-  uint32_t size = 0;
-  if (!file.readLE32At(table, &size) || !file.contains(table + kTableHeadC, size)) return false;
-  const size_t row = type == kTypeKji ? kRowCKji : kRowC;
-  const size_t key = row - 4;
-  for (size_t at = 0; at + row <= size; at += row) {
-    uint32_t block = 0;
-    if (file.readLE32At(table + kTableHeadC + at + key, &block) && block != kNoBlockUser) {
-      blocks_.push_back(block);
-    }
-  }
-  return true;
-}
-
-bool measureBlocks(const std::string& ix3, const std::vector<UserIndex>& indexes, uint64_t* ix3End,
-                   uint32_t* lastEntry) {
-  const std::unique_ptr<StorageFile> file = storage().open(ix3, OpenMode::kRead);
-  const int64_t fileSize = file ? file->size() : -1;
-  if (fileSize < 0) return false;
-  std::string block;
-  for (const UserIndex& index : indexes) {
-    for (const uint32_t offset : index.blocks()) {
-      uint8_t head[kIx3Head];
-      if (file->readAt(offset, head, sizeof head) != sizeof head) return false;
-      const size_t rows = readLE16(head), size = readLE16(head + 2);
-      const uint64_t end = uint64_t{offset} + size;
-      if (size < kIx3Head + 4 * rows || end > static_cast<uint64_t>(fileSize)) return false;
-      block.resize(4 * rows);
-      if (file->readAt(end - block.size(), block.data(), block.size()) !=
-          static_cast<int64_t>(block.size())) {
-        return false;
-      }
-      for (size_t at = 0; at < block.size(); at += 4) {
-        *lastEntry = std::max(*lastEntry, readLE32(reinterpret_cast<const uint8_t*>(block.data()) + at));
-      }
-      *ix3End = std::max(*ix3End, end);
-    }
-  }
-  return true;
-}
-
-bool measureEntry(const std::string& dic, uint32_t offset, uint64_t* end) {
-  const std::unique_ptr<StorageFile> file = storage().open(dic, OpenMode::kRead);
-  if (!file) return false;
-  std::string text(kMaxEntry, '\0');
-  const int64_t length = file->readAt(offset, text.data(), text.size());
-  if (length <= 0) return false;
-  const size_t size = entryEnd(std::string_view(text).substr(0, static_cast<size_t>(length)));
-  *end = offset + size;
-  return size > 0;
 }
 
 }  // namespace zavel::host

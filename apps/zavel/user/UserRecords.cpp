@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "engine/DicFormat.h"
+#include "engine/UserEntry.h"
 #include "foundation/ByteReader.h"
 #include "user/FiledWord.h"
 #include "user/UserText.h"
@@ -170,6 +171,23 @@ bool readSerial(std::string_view list, size_t count, UserLanguage language,
     entries->push_back(std::move(stored));
   }
   return fields.atEnd();
+}
+
+// The engine takes the text apart first and looks for its place then, which ends in the status for a set that
+// is not open.
+bool readEntryText(std::string_view text, UserLanguage language, StoredEntry* entry) {
+  const bool english = language == UserLanguage::kEnglish;
+  engine::UserEntryE inEnglish;
+  engine::UserEntryJ inJapanese;
+  const uint16_t status = english ? engine::GetOutputDataE(text, {}, 0, &inEnglish)
+                                  : engine::GetOutputDataJ(text, {}, 0, &inJapanese);
+  if (status != (english ? engine::kNoUserE : engine::kNoUserJ)) return false;
+  std::string serial;
+  english ? engine::OutputDataE(inEnglish, &serial) : engine::OutputDataJ(inJapanese, &serial);
+  std::vector<StoredEntry> read;
+  if (!readSerial(serial, 1, language, &read)) return false;
+  *entry = std::move(read[0]);
+  return true;
 }
 
 }  // namespace zavel::host

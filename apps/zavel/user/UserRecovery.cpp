@@ -8,6 +8,7 @@
 #include "engine/DicFormat.h"
 #include "foundation/Storage.h"
 #include "user/UserIndex.h"
+#include "user/UserStatus.h"
 
 namespace zavel::host {
 namespace {
@@ -48,10 +49,6 @@ bool isEmptyData(const std::string& path) {
   return !error && size <= kUserHeader;
 }
 
-std::string entries(UserLanguage language) {
-  return std::string("your ") + languageName(language) + " entries";
-}
-
 }  // namespace
 
 bool UserRecovery::there(const std::string& name) const {
@@ -84,11 +81,6 @@ std::vector<std::string> UserRecovery::strays() const {
   return found;
 }
 
-uint16_t UserRecovery::typeOf(const std::string& name) const {
-  if (language_ == UserLanguage::kEnglish) return engine::kTypeE;
-  return name == "kna.idx" ? engine::kTypeKana : engine::kTypeKji;
-}
-
 bool UserRecovery::needed() const {
   if (storage().exists(place_.marker(language_))) return true;
   for (const char* suffix : {kArranging, kMoving, kSaving}) {
@@ -103,59 +95,97 @@ bool UserRecovery::removeAll(const std::vector<std::string>& names, const char* 
   return all;
 }
 
-// The backup of the first index says that the others count; so it goes ahead of them.
-bool UserRecovery::undoArranging(std::vector<std::string>* told) {
-  const std::string first = userFiles(language_).front();
-  std::vector<std::string> names = withSuffix(kArranging);
-  if (names.empty()) return true;
-  if (there(first + kArranging)) {
-    for (const std::string& name : names) {
-      if (!storage().copy(path(name) + kArranging, path(name))) return false;
+UserPaths UserRecovery::pathsWith(const std::vector<std::string>& suffixes) const {
+  return [this, suffixes](const std::string& name) {
+    for (const std::string& suffix : suffixes) {
+      if (there(name + suffix)) return path(name) + suffix;
     }
-    // Backups of savings are older than what was arranged, and must not be found without this one.
-    if (!removeAll(withSuffix(kSaving), kSaving) || !storage().syncFolder(place_.folder())) return false;
-    if (!storage().remove(path(first) + kArranging) || !storage().syncFolder(place_.folder())) return false;
-    std::erase(names, first);
-    told->push_back("arranging " + entries(language_) + " had broken off: they are as they were before it");
-  }
-  return removeAll(names, kArranging);
+    return path(name);
+  };
 }
 
-bool UserRecovery::undoMovingKanji(std::vector<std::string>* told) {
-  const std::string aside = std::string(kFirstKanji) + kMoving;
-  if (language_ == UserLanguage::kEnglish || !there(aside)) return true;
-  if (!storage().rename(path(aside), path(kFirstKanji)) || !storage().syncFolder(place_.folder()))
-    return false;
-  told->push_back("a change of " + entries(language_) + " had broken off: the index of kanji was put back");
-  return true;
-}
-
-bool UserRecovery::putBackSaved(const std::vector<std::string>& names) {
-  return std::all_of(names.begin(), names.end(), [this](const std::string& name) {
-    return storage().rename(path(name) + kSaving, path(name));
+// A backup of another session than the one that broke off: it is neither the index with which that began nor
+// one that leads to anything it added, or the files lead to something stored before it that the backup lacks.
+bool UserRecovery::countsAsSaved(const UserCheck& backup, const UserCheck& files) const {
+  const std::vector<uint32_t>& saved = backup.entries();
+  const bool own = backup.indexHash() == marker_.indexHash ||
+                   (!saved.empty() && saved.back() >= marker_.entriesEnd);
+  if (!own || !files.whole()) return own;
+  return std::all_of(files.entries().begin(), files.entries().end(), [&](uint32_t entry) {
+    return entry >= marker_.entriesEnd || std::binary_search(saved.begin(), saved.end(), entry);
   });
 }
 
-// An index whose backup is left over was whole already; but nobody is made to rely on it.
-bool UserRecovery::settleLeftOver(const std::string& name) {
-  if (UserIndex(path(name), typeOf(name)).sound()) return storage().remove(path(name) + kSaving);
-  return storage().rename(path(name) + kSaving, path(name));
+// Whether the backups are the state before a change that broke off. Without a word of the marker's what is
+// whole is the newer.
+bool UserRecovery::counts(const char* suffix, const UserCheck& backup, const UserCheck& files) const {
+  if (marker_.work == UserMarker::kNone || !backup.whole()) return false;
+  if (marker_.work == UserMarker::kUnknown) return !files.whole();
+  if (suffix == kArranging) {
+    const bool own = marker_.indexHash == 0 || backup.indexHash() == marker_.indexHash;
+    return own && marker_.work == UserMarker::kArranging && there(firstIndex() + suffix);
+  }
+  // The copy of a kanji index that is moved aside holds what stands in its place, once that is whole. So do
+  // indexes whose backup stands without that of the first one.
+  if (suffix == kMoving || !there(firstIndex() + suffix)) return !files.whole();
+  return countsAsSaved(backup, files);
 }
 
-bool UserRecovery::undoSaving(std::vector<std::string>* told) {
-  const std::string first = userFiles(language_).front();
-  std::vector<std::string> names = withSuffix(kSaving);
-  if (names.empty()) return true;
-  if (there(first + kSaving)) {
-    std::erase(names, first);
-    if (!putBackSaved(names) || !storage().syncFolder(place_.folder()) || !putBackSaved({first}))
-      return false;
-    told->push_back("a change of " + entries(language_) + " had broken off: they are as they were before it");
-  } else if (!std::all_of(names.begin(), names.end(),
-                          [this](const auto& name) { return settleLeftOver(name); })) {
-    return false;
+// The backup of the first index says that the others count; so it goes last.
+Failure UserRecovery::putBack(const char* suffix, std::vector<std::string>* told) {
+  const std::string first = firstIndex();
+  std::vector<std::string> names = withSuffix(suffix);
+  std::erase(names, first);
+  for (const std::string& name : names) {
+    if (!storage().rename(path(name) + suffix, path(name))) return notWritten();
   }
-  return storage().syncFolder(place_.folder());
+  // Backups of savings are older than what was arranged, and must not be found without this one.
+  if (suffix == kArranging && !removeAll(withSuffix(kSaving), kSaving)) return notWritten();
+  if (!storage().syncFolder(place_.folder())) return notWritten();
+  if (there(first + suffix) &&
+      (!storage().rename(path(first) + suffix, path(first)) || !storage().syncFolder(place_.folder()))) {
+    return notWritten();
+  }
+  const std::string whole = entriesOf(language_) + " had broken off: ";
+  told->push_back(suffix == kArranging ? "arranging " + whole + "they are as they were before it"
+                  : suffix == kMoving  ? "a change of " + whole + "the index of kanji was put back"
+                                       : "a change of " + whole + "they are as they were before it");
+  return {};
+}
+
+bool UserRecovery::keep(const std::string& file, std::string* name) const {
+  for (int number = 1;; ++number) {
+    const std::string kept = file + ".kept-" + std::to_string(number);
+    if (storage().exists(kept)) continue;
+    *name = kept.substr(kept.rfind('/') + 1);
+    return storage().rename(file, kept);
+  }
+}
+
+// The files are whole without these backups. They may still hold what somebody looks for.
+Failure UserRecovery::moveAway(const char* suffix, std::vector<std::string>* told) {
+  const std::vector<std::string> names = withSuffix(suffix);
+  // The engine itself leaves these behind, once they are worth nothing, when it ends ahead of removing them.
+  const bool leftOver = suffix == kMoving || !there(firstIndex() + suffix);
+  if (leftOver && marker_.work != UserMarker::kNone) return removeAll(names, suffix) ? Failure{} : notWritten();
+  std::string kept;
+  for (const std::string& name : names) {
+    std::string as;
+    if (!keep(path(name) + suffix, &as)) return notWritten();
+    kept += (kept.empty() ? "" : ", ") + as;
+  }
+  told->push_back("backups that " + entriesOf(language_) + " don't need were found in " + place_.folder() +
+                  " and moved to " + kept);
+  return storage().syncFolder(place_.folder()) ? Failure{} : notWritten();
+}
+
+Failure UserRecovery::settle(const char* suffix, std::vector<std::string>* told) {
+  if (withSuffix(suffix).empty()) return {};
+  const UserCheck files = filesAsTheyAre();
+  const UserCheck backup(language_, pathsWith({suffix}));
+  if (files.unreadable() || backup.unreadable()) return failureOf(files.unreadable() ? files : backup);
+  if (counts(suffix, backup, files)) return putBack(suffix, told);
+  return files.whole() ? moveAway(suffix, told) : Failure{};
 }
 
 // A new set is made file by file, and nothing can have been put into one that is not whole.
@@ -177,7 +207,7 @@ bool UserRecovery::undoMaking(std::vector<std::string>* told) {
   for (const std::string& name : names) {
     if (there(name) && !storage().remove(path(name))) return false;
   }
-  told->push_back("making the files for " + entries(language_) + " had broken off: they are made anew");
+  told->push_back("making the files for " + entriesOf(language_) + " had broken off: they are made anew");
   return storage().syncFolder(place_.folder());
 }
 
@@ -203,35 +233,13 @@ bool UserRecovery::trimTo(const std::string& name, uint64_t end, uint64_t* cut) 
 
 // What was appended and never indexed may be half written. An entry ends where the next begins or the file
 // ends, so that half of one would be taken for a part of the last whole one.
-bool UserRecovery::trim(std::vector<std::string>* told) {
-  const bool english = language_ == UserLanguage::kEnglish;
-  std::vector<std::pair<std::string, std::vector<UserIndex>>> blocks;
-  const std::string first = userFiles(language_).front();
-  blocks.push_back({english ? "ej.ix3" : "kna.ix3", {UserIndex(path(first), typeOf(first))}});
-  if (!english) {
-    std::vector<UserIndex> kanji = {UserIndex(path(kFirstKanji), engine::kTypeKji)};
-    const int further = std::min<int>(kanji[0].furtherIndexes(), kMostKanjiIndexes);
-    for (int number = 1; number <= further; ++number) {
-      kanji.emplace_back(path(kanjiIndexName(number)), engine::kTypeKji);
-    }
-    blocks.push_back({"kji.ix3", std::move(kanji)});
+bool UserRecovery::trim(const UserCheck& files, std::vector<std::string>* told) {
+  uint64_t cut = 0;
+  for (const auto& [name, end] : files.ends()) {
+    if (!trimTo(name, end, &cut)) return false;
   }
-  const std::string dic = english ? "ej.dic" : "je.dic";
-  uint64_t cut = 0, dicEnd = kUserHeader;
-  uint32_t lastEntry = 0;
-  std::vector<uint64_t> ends;
-  for (const auto& [ix3, indexes] : blocks) {
-    ends.push_back(kUserHeader);
-    // What contradicts itself is left as it is: the engine refuses what it can't read.
-    if (!measureBlocks(path(ix3), indexes, &ends.back(), &lastEntry)) return true;
-  }
-  if (lastEntry != 0 && !measureEntry(path(dic), lastEntry, &dicEnd)) return true;
-  for (size_t i = 0; i < blocks.size(); ++i) {
-    if (!trimTo(blocks[i].first, ends[i], &cut)) return false;
-  }
-  if (!trimTo(dic, dicEnd, &cut)) return false;
   if (cut > 0) {
-    told->push_back("a change of " + entries(language_) + " had broken off: " + std::to_string(cut) +
+    told->push_back("a change of " + entriesOf(language_) + " had broken off: " + std::to_string(cut) +
                     " bytes of it that nothing leads to were removed");
   }
   return true;
@@ -239,61 +247,68 @@ bool UserRecovery::trim(std::vector<std::string>* told) {
 
 Failure UserRecovery::notWritten() const {
   return {kExitEnvironment, "not_stored",
-          "a change of " + entries(language_) + " had broken off, and can't be put right: files in " +
+          "a change of " + entriesOf(language_) + " had broken off, and can't be put right: files in " +
               place_.folder() + " can't be written",
           kWriteHint};
 }
 
-Failure UserRecovery::damage() const {
-  std::string wrong;
-  bool some = false;
-  for (const std::string& name : userFiles(language_)) some = some || there(name);
-  if (!some) return {};
-  for (const std::string& name : userFiles(language_)) {
-    if (!there(name)) {
-      wrong = "my" + name + " is missing";
-    } else if (name.ends_with(".idx") && !UserIndex(path(name), typeOf(name)).sound()) {
-      wrong = "my" + name + " is no index";
-    }
-    if (!wrong.empty()) break;
-  }
-  if (wrong.empty() && language_ == UserLanguage::kJapanese) {
-    const int further = UserIndex(path(kFirstKanji), engine::kTypeKji).furtherIndexes();
-    if (further > kMostKanjiIndexes) wrong = "mykji.idx counts too many indexes";
-    for (int number = 1; wrong.empty() && number <= further; ++number) {
-      const std::string name = kanjiIndexName(number);
-      if (!there(name) || !UserIndex(path(name), engine::kTypeKji).sound()) {
-        wrong = "my" + name + (there(name) ? " is no index" : " is missing");
-      }
-    }
-  }
-  if (wrong.empty()) return {};
+Failure UserRecovery::failureOf(const UserCheck& files) const {
+  if (files.whole()) return {};
+  if (files.unreadable()) return unreadableEntries(language_, place_.folder(), files.wrong());
   std::string backups;
   for (const char* suffix : {kArranging, kSaving, kMoving}) {
     for (const std::string& name : withSuffix(suffix))
       backups += (backups.empty() ? " " : ", ") + ("my" + name) + suffix;
   }
-  return {kExitDamaged, "damaged_user_dictionary",
-          entries(language_) + " in " + place_.folder() + " are damaged: " + wrong + "; " +
-              (backups.empty() ? "no backup stands there" : "backups there:" + backups) +
-              ", nothing was changed",
-          "Put a copy of that folder in its place, or move it away and import an export of yours: zavel user "
-          "import "
-          "FILE"};
+  return damagedEntries(language_, place_.folder(),
+                        files.wrong() + "; " +
+                            (backups.empty() ? "no backup stands there" : "backups there:" + backups) +
+                            ", nothing was changed");
+}
+
+bool UserRecovery::anyFile() const {
+  const std::vector<std::string>& names = userFiles(language_);
+  return std::any_of(names.begin(), names.end(), [this](const std::string& name) { return there(name); });
+}
+
+Failure UserRecovery::damage(UserCheck::Depth depth) const {
+  return anyFile() ? failureOf(UserCheck(language_, pathsWith({}), depth)) : Failure{};
+}
+
+// A file of entries that is shorter than when the change began has lost more than the change.
+Failure UserRecovery::finishChange(const UserCheck& files, std::vector<std::string>* told) {
+  const auto entries = storage().open(path(userFiles(language_).back()), OpenMode::kRead);
+  const int64_t size = entries ? entries->size() : -1;
+  if (size < 0) return notWritten();
+  const bool longEnough =
+      marker_.work != UserMarker::kChanging || static_cast<uint64_t>(size) >= marker_.entriesEnd;
+  return !longEnough || trim(files, told) ? Failure{} : notWritten();
 }
 
 Failure UserRecovery::run(std::vector<std::string>* told) {
-  if (!undoArranging(told) || !undoMovingKanji(told) || !undoSaving(told)) return notWritten();
+  marker_ = UserMarker::read(place_, language_);
+  if (marker_.work == UserMarker::kUnreadable) {
+    const std::string marker = place_.marker(language_);
+    return unreadableEntries(language_, place_.folder(), marker.substr(marker.rfind('/') + 1) + " can't be read");
+  }
+  for (const char* suffix : {kArranging, kMoving, kSaving}) {
+    if (Failure failure = settle(suffix, told)) return failure;
+  }
+  const bool brokenOff = marker_.work != UserMarker::kNone;
+  if (brokenOff && !undoMaking(told)) return notWritten();
+  if (anyFile()) {
+    const UserCheck files = filesAsTheyAre();
+    if (Failure failure = failureOf(files)) return failure;
+    if (!removeSpareIndexes()) return notWritten();
+    if (brokenOff) {
+      if (Failure failure = finishChange(files, told)) return failure;
+    }
+  }
+  // Of a damaged set they may be all that is left of something.
   for (const std::string& stray : strays()) {
     if (!storage().remove(stray)) return notWritten();
   }
-  const bool brokenOff = storage().exists(place_.marker(language_));
-  if (brokenOff && !undoMaking(told)) return notWritten();
-  if (Failure failure = damage()) return failure;
-  bool some = there(userFiles(language_).front());
-  if (!removeSpareIndexes()) return notWritten();
   if (!brokenOff) return {};
-  if (some && !trim(told)) return notWritten();
   return storage().remove(place_.marker(language_)) && storage().syncFolder(place_.folder()) ? Failure{}
                                                                                              : notWritten();
 }

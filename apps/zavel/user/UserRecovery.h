@@ -8,7 +8,14 @@
 //   ej.idx.bkup, kna.idx.bkup       indexes were being saved: every ".bkup" is the state before
 //   such files without these        are left over
 //
-// Each step leaves a state from which all of this can be done again, so that it may break off itself.
+// Backups also come from elsewhere: from copies of the folder, from programs that keep folders alike, from
+// restores by hand. So none is trusted: it counts when the marker of a change that broke off stands there, it
+// fits what the marker says, and the files with it in its place belong together. One that doesn't count is moved
+// to a name of its own ("myej.idx.bkup.kept-1") where the files are whole without it; where they are not,
+// nothing is touched and both are named.
+//
+// Each step leaves a state from which all of this can be done again, so that it may break off itself. Backups
+// are renamed into their places, which needs no room on a full disk.
 #ifndef ZAVEL_USER_USERRECOVERY_H
 #define ZAVEL_USER_USERRECOVERY_H
 
@@ -16,6 +23,8 @@
 #include <vector>
 
 #include "Failure.h"
+#include "user/UserCheck.h"
+#include "user/UserMarker.h"
 #include "user/UserPlace.h"
 
 namespace zavel::host {
@@ -28,34 +37,42 @@ class UserRecovery {
   bool needed() const;
 
   // To be run under the lock, alone. What was put right goes to `told`, a line each. A failure: the
-  // dictionary is damaged, or a file can't be written; whatever was there still is.
+  // dictionary is damaged, or a file can't be read or written; whatever was there still is.
   Failure run(std::vector<std::string>* told);
 
-  // The failure of a dictionary that can't be used as it stands: files missing, an index that is none. None
-  // for one that is whole, or that has no file at all.
-  Failure damage() const;
+  // The failure of a dictionary that can't be used as it stands: files missing, an index that is none, files
+  // that don't belong together. None for one that is whole, or that has no file at all.
+  Failure damage(UserCheck::Depth depth) const;
 
  private:
+  // The files with backups of these suffixes in their places, where there are any.
+  UserPaths pathsWith(const std::vector<std::string>& suffixes) const;
+  UserCheck filesAsTheyAre() const { return UserCheck(language_, pathsWith({})); }
   std::string path(const std::string& name) const { return place_.file(name); }
+  std::string firstIndex() const { return userFiles(language_).front(); }
   bool there(const std::string& name) const;
   std::vector<std::string> allNames() const;
   std::vector<std::string> withSuffix(const std::string& suffix) const;
   std::vector<std::string> strays() const;
+  Failure settle(const char* suffix, std::vector<std::string>* told);
+  bool counts(const char* suffix, const UserCheck& backup, const UserCheck& files) const;
+  bool countsAsSaved(const UserCheck& backup, const UserCheck& files) const;
+  Failure putBack(const char* suffix, std::vector<std::string>* told);
+  Failure moveAway(const char* suffix, std::vector<std::string>* told);
+  bool keep(const std::string& file, std::string* name) const;
   bool removeAll(const std::vector<std::string>& names, const char* suffix);
-  bool undoArranging(std::vector<std::string>* told);
-  bool undoMovingKanji(std::vector<std::string>* told);
-  bool undoSaving(std::vector<std::string>* told);
   bool undoMaking(std::vector<std::string>* told);
-  bool putBackSaved(const std::vector<std::string>& names);
-  bool settleLeftOver(const std::string& name);
   bool removeSpareIndexes();
-  bool trim(std::vector<std::string>* told);
+  Failure finishChange(const UserCheck& files, std::vector<std::string>* told);
+  bool trim(const UserCheck& files, std::vector<std::string>* told);
   bool trimTo(const std::string& name, uint64_t end, uint64_t* cut);
-  uint16_t typeOf(const std::string& name) const;
+  bool anyFile() const;
+  Failure failureOf(const UserCheck& files) const;
   Failure notWritten() const;
 
   UserPlace place_;
   UserLanguage language_;
+  UserMarker marker_;
 };
 
 }  // namespace zavel::host

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cstring>
+#include <unordered_set>
 #include <utility>
 
 #include "Host.h"
@@ -17,7 +18,9 @@
 #include "engine/Shim.h"
 #include "foundation/ByteReader.h"
 #include "foundation/Storage.h"
+#include "user/UserMarker.h"
 #include "user/UserRecovery.h"
+#include "user/UserStatus.h"
 #include "user/UserText.h"
 
 namespace zavel::host {
@@ -93,7 +96,8 @@ Failure UserStore::open(UserLanguage language, UserAccess access) {
   } else if (needed) {
     if (Failure failure = recover()) return failure;
   }
-  if (Failure failure = UserRecovery(place_, language_).damage()) return failure;
+  const auto depth = access == UserAccess::kWrite ? UserCheck::kAll : UserCheck::kIndexes;
+  if (Failure failure = UserRecovery(place_, language_).damage(depth)) return failure;
   return beginSession();
 }
 
@@ -127,11 +131,10 @@ Failure UserStore::recover() {
 }
 
 Failure UserStore::beginSession() {
-  if (access_ == UserAccess::kWrite) {
-    const auto marker = storage().open(place_.marker(language_), OpenMode::kCreate);
-    if (!marker || !marker->close() || !storage().syncFolder(place_.folder())) {
-      return failureOf(engine::kFileError, "opening");
-    }
+  const bool made = storage().exists(place_.file(userFiles(language_).front()));
+  if (access_ == UserAccess::kWrite &&
+      !UserMarker::beginning(place_, language_, UserMarker::kChanging).write(place_, language_)) {
+    return failureOf(engine::kFileError, "opening");
   }
   const std::string user = place_.prefix();
   uint16_t status = engine::kNoKihonFile;
@@ -143,59 +146,61 @@ Failure UserStore::beginSession() {
     if (status != engine::kNoKihonFile && status != engine::kNoIndexMemory) break;
   }
   session_ = status == kOk;
-  return session_ ? Failure{} : failureOf(status, "opening");
+  // Files that can't be made are to the engine files that can't be opened.
+  if (!made && isOfFiles(status)) status = engine::kFileError;
+  return session_ ? Failure{} : failureOf(status, made ? "opening" : "making the files");
+}
+
+Failure UserStore::statusFailure(uint16_t status, const std::string& what, bool writing) const {
+  std::string wrong;
+  if (isOfFiles(status)) {
+    const UserCheck files(language_, [this](const std::string& name) { return place_.file(name); });
+    if (!files.unreadable()) wrong = files.wrong();
+  }
+  return failureOfStatus(status, {what, language_, place_.folder(), writing}, wrong);
 }
 
 Failure UserStore::failureOf(uint16_t status, const std::string& what) const {
-  const std::string entries = std::string("your ") + languageName(language_) + " entries";
-  const std::string number = " (status " + std::to_string(status) + ")";
-  switch (status) {
-    case kOk:
-      return {};
-    case engine::kNoMemory:
-    case engine::kNoWorkBuffer:
-      return {kExitEnvironment, "no_memory", "there is not memory enough for " + what,
-              "End other programs, then try again."};
-    case engine::kBadArgument:
-      return {kExitUsage, "refused", what + " was refused" + number,
-              "Search the entry again: it may have been changed meanwhile."};
-    case engine::kFileError:
-      return {kExitEnvironment, "not_stored",
-              what + " failed: files in " + place_.folder() + " can't be written", kWriteHint};
-    case engine::kNoUserE:
-    case engine::kNoUserJ:
-      return {kExitEnvironment, "not_stored",
-              what + " failed: " + entries + " in " + place_.folder() + " can't be opened" + number,
-              "See who may read and write them: ls -l " + place_.folder()};
-    case engine::kTooManyKjiIndexes:
-    case engine::kNoIndexMemory:
-      return {kExitEnvironment, "too_many_kanji",
-              "there is no room for further beginnings of words in kanji" + number,
-              "Delete entries that you don't need, or add words in kana without --kanji."};
-    case engine::kBlockTooLong:
-      return {kExitUsage, "too_many_alike",
-              "too many of your words begin alike: there is no room for one more",
-              "Delete some that begin so; arranging makes no room among them."};
-    case engine::kEntryTooLong:
-      return {kExitUsage, "too_long",
-              "the entry is too long: all its texts together have 65,534 bytes at most",
-              "Leave examples out, or make two entries of it."};
-    case engine::kNoKihonFile:
-      return {kExitEnvironment, "no_folder", "no folder for temporary files can be used",
-              "Set TMPDIR to a folder of yours."};
-    default:
-      return {
-          kExitDamaged, "damaged_user_dictionary",
-          what + " failed: " + entries + " in " + place_.folder() + " are damaged" + number +
-              "; nothing there was overwritten",
-          "Put a copy of that folder in its place, or move it away and import an export of yours: zavel user "
-          "import FILE"};
-  }
+  return statusFailure(status, what, true);
 }
 
-// To a search a file that ends too soon and one that can't be read are the same.
 Failure UserStore::searchFailure(uint16_t status, const std::string& what) const {
-  return failureOf(status == engine::kFileError ? engine::kInternal : status, what);
+  return statusFailure(status, what, false);
+}
+
+Failure UserStore::check() const {
+  return UserRecovery(place_, language_).damage(UserCheck::kAll);
+}
+
+Failure UserStore::salvage(Failure damage, std::vector<UserEntry>* entries) const {
+  SalvagedEntries found =
+      salvageEntries(language_, [this](const std::string& name) { return place_.file(name); });
+  if (const std::string lost = lostText(found); !lost.empty()) damage.message += "; " + lost;
+  damage.hint = kDamageHint;
+  *entries = std::move(found.entries);
+  return damage;
+}
+
+// Words that are filed alike find each other's entries, too.
+Failure UserStore::readEach(std::vector<UserEntry>* entries) {
+  std::vector<std::string> words;
+  if (Failure failure = headwords(&words)) return failure;
+  std::unordered_set<uint32_t> seen;
+  for (const std::string& word : words) {
+    std::vector<StoredEntry> found;
+    if (Failure failure = findStored(word, &found)) return failure;
+    for (StoredEntry& stored : found) {
+      if (seen.insert(stored.place.dicOffset).second) entries->push_back(std::move(stored.entry));
+    }
+  }
+  return {};
+}
+
+Failure UserStore::readAll(Failure opened, std::vector<UserEntry>* entries) {
+  entries->clear();
+  Failure failure = opened ? opened : check();
+  if (!failure) failure = readEach(entries);
+  return failure.status == kExitDamaged ? salvage(std::move(failure), entries) : failure;
 }
 
 Failure UserStore::find(const std::string& word, std::vector<StoredEntry>* found) {
@@ -259,12 +264,14 @@ Failure UserStore::headwords(std::vector<std::string>* words) {
 }
 
 Failure UserStore::add(const UserEntry& entry) {
+  changed_ = true;
   return failureOf(EntryRecord(entry).add(nullptr), "adding \"" + entry.title() + "\"");
 }
 
 Failure UserStore::replace(const StoredEntry& old, const UserEntry& entry) {
   // Under another key, or with a written form that the other lacks, it is another entry to the engine. Both
   // steps are on the disk together.
+  changed_ = true;
   const uint16_t status = EntryRecord(entry).add(&old);
   if (status != engine::kBadArgument) return failureOf(status, "changing \"" + entry.title() + "\"");
   if (Failure failure = add(entry)) return failure;
@@ -276,12 +283,30 @@ Failure UserStore::replace(const StoredEntry& old, const UserEntry& entry) {
 }
 
 Failure UserStore::remove(const StoredEntry& old) {
+  changed_ = true;
   const uint16_t status = english() ? DelUserDicE(&old.place) : DelUserDicJ(&old.place, &old.kanji);
   return failureOf(status, "deleting \"" + old.entry.title() + "\"");
 }
 
 Failure UserStore::arrange() {
-  return failureOf(english() ? ArrangeUserDicE() : ArrangeUserDicJ(), "arranging");
+  UserMarker marker = UserMarker::beginning(place_, language_, UserMarker::kArranging);
+  if (changed_) marker.indexHash = 0;
+  if (!marker.write(place_, language_)) {
+    return failureOf(engine::kFileError, "arranging");
+  }
+  const uint16_t status = english() ? ArrangeUserDicE() : ArrangeUserDicJ();
+  if (status == kOk) return {};
+  session_ = false;
+  EndAPI();
+  const Failure undone = undoNow({});
+  return undone ? undone : failureOf(status, "arranging");
+}
+
+// What a failed change left is put right at once: the next command and other readers find the entries.
+Failure UserStore::undoNow(Failure failure) {
+  std::vector<std::string> told;
+  const Failure undone = UserRecovery(place_, language_).run(&told);
+  return undone && !failure ? undone : failure;
 }
 
 Failure UserStore::close() {
@@ -291,6 +316,7 @@ Failure UserStore::close() {
   }
   session_ = false;
   Failure failure = failureOf(EndAPI(), "storing");
+  if (failure && access_ == UserAccess::kWrite) failure = undoNow(std::move(failure));
   // A marker that stays makes the next start look for what is left over: right after a failure, harmless
   // else.
   if (!failure && access_ == UserAccess::kWrite) storage().remove(place_.marker(language_));

@@ -14,6 +14,7 @@
 #include "user/BasicSet.h"
 #include "user/UserPlace.h"
 #include "user/UserRecords.h"
+#include "user/UserSalvage.h"
 
 namespace zavel::host {
 
@@ -49,6 +50,17 @@ class UserStore {
   // Entries of exactly this word, as stored.
   Failure findStored(const std::string& word, std::vector<StoredEntry>* found);
 
+  // Whether the files belong together, as far as that shows without taking each entry apart. open() has looked
+  // ahead of writing; ahead of reading it looks at the indexes alone.
+  Failure check() const;
+
+  // For the words of damaged dictionaries: the entries that can be read, one by one, whether open() went well
+  // or not. The failure, with what can't be read in its message.
+  Failure salvage(Failure damage, std::vector<UserEntry>* entries) const;
+
+  // Every entry. Of a damaged dictionary those that can be read, with the failure that tells of the others.
+  Failure readAll(Failure opened, std::vector<UserEntry>* entries);
+
   // Headwords, Japanese ones by reading, each once.
   Failure headwords(std::vector<std::string>* words);
 
@@ -56,6 +68,7 @@ class UserStore {
   Failure add(const UserEntry& entry);
   Failure replace(const StoredEntry& old, const UserEntry& entry);
   Failure remove(const StoredEntry& old);
+  // Where this fails, the entries are as they were before, and the session is over.
   Failure arrange();
 
   // Ends the session. Nothing counts as stored before this gave no failure: all is on the disk then.
@@ -68,8 +81,11 @@ class UserStore {
   Failure unreadable() const;
   Failure recover();
   Failure beginSession();
+  Failure undoNow(Failure failure);
   Failure failureOf(uint16_t status, const std::string& what) const;
   Failure searchFailure(uint16_t status, const std::string& what) const;
+  Failure statusFailure(uint16_t status, const std::string& what, bool writing) const;
+  Failure readEach(std::vector<UserEntry>* entries);
   Failure findByKanji(const std::string& word, std::vector<StoredEntry>* found);
   bool english() const { return language_ == UserLanguage::kEnglish; }
 
@@ -80,6 +96,7 @@ class UserStore {
   std::chrono::milliseconds patience_{2000};
   std::unique_ptr<LockFile> lock_;
   bool session_ = false;
+  bool changed_ = false;  // in memory: the index in its file is another
 };
 
 }  // namespace zavel::host

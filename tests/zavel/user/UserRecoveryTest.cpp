@@ -5,6 +5,7 @@
 
 #include "foundation/Storage.h"
 #include "support/FaultyStorage.h"
+#include "user/UserMarker.h"
 #include "zavel/user/UserSetFixture.h"
 
 namespace zavel::host {
@@ -29,6 +30,11 @@ class UserRecoveryTest : public UserSetTest {
   void restoreAll() const {
     for (const std::string& name : names()) std::filesystem::remove(file(name));
     for (const auto& [name, content] : before_) put(name, content);
+  }
+
+  // The marker of a change that begins with the files as they are.
+  void mark(UserLanguage language, UserMarker::Work work = UserMarker::kChanging) const {
+    ASSERT_TRUE(UserMarker::beginning(place(), language, work).write(place(), language));
   }
 
   Strings run(UserLanguage language) const {
@@ -74,6 +80,7 @@ TEST_F(UserRecoveryTest, NothingIsNeededAfterAWholeEnd) {
 TEST_F(UserRecoveryTest, BrokenArrangingGoesBackInEnglish) {
   const auto make = [this] {
     restoreAll();
+    mark(kE, UserMarker::kArranging);
     for (const char* name : {"myej.idx", "myej.ix3", "myej.dic"})
       put(std::string(name) + ".arrbkp", before_[name]);
     put("myej.idx.bkup", "older");
@@ -92,6 +99,7 @@ TEST_F(UserRecoveryTest, BrokenArrangingGoesBackInEnglish) {
 TEST_F(UserRecoveryTest, BrokenArrangingGoesBackInJapanese) {
   const auto make = [this] {
     restoreAll();
+    mark(kJ, UserMarker::kArranging);
     for (const char* name : {"mykna.idx", "mykji.idx", "mykna.ix3", "mykji.ix3", "myje.dic"}) {
       put(std::string(name) + ".arrbkp", before_[name]);
       put(name, "");
@@ -109,6 +117,7 @@ TEST_F(UserRecoveryTest, BrokenArrangingGoesBackInJapanese) {
 TEST_F(UserRecoveryTest, BackupsOfArrangingWithoutTheFirstAreLeftOver) {
   const auto make = [this] {
     restoreAll();
+    mark(kE, UserMarker::kArranging);
     put("myej.ix3.arrbkp", "old");
     put("myej.dic.arrbkp", "old");
   };
@@ -119,34 +128,38 @@ TEST_F(UserRecoveryTest, BackupsOfArrangingWithoutTheFirstAreLeftOver) {
 
 TEST_F(UserRecoveryTest, BrokenSavingGoesBackInEnglish) {
   const auto files = after(kE);
-  auto expected = files;
-  expected["myej.idx"] = before_["myej.idx"];
+  const auto& expected = before_;
   const auto make = [&] {
     restoreAll();
+    mark(kE);
     for (const auto& [name, content] : files) put(name, content);
     put("myej.idx.bkup", before_["myej.idx"]);
     std::filesystem::remove(file("myej.idx"));
   };
   make();
   EXPECT_EQ(run(kE),
-            Strings{"a change of your English entries had broken off: they are as they were before it"});
+            (Strings{"a change of your English entries had broken off: they are as they were before it",
+                     "a change of your English entries had broken off: 38 bytes of it that nothing leads to were "
+                     "removed"}));
   EXPECT_EQ(words(kE), (Strings{"ant", "bee"}));
   survives(kE, make, expected);
 }
 
 TEST_F(UserRecoveryTest, BrokenSavingGoesBackInBothJapaneseIndexes) {
   const auto files = after(kJ);
-  auto expected = files;
-  for (const char* name : {"mykna.idx", "mykji.idx"}) expected[name] = before_[name];
+  const auto& expected = before_;
   const auto make = [&] {
     restoreAll();
+    mark(kJ);
     for (const auto& [name, content] : files) put(name, content);
     put("mykna.idx.bkup", before_["mykna.idx"]);
     put("mykji.idx.bkup", before_["mykji.idx"]);
   };
   make();
   EXPECT_EQ(run(kJ),
-            Strings{"a change of your Japanese entries had broken off: they are as they were before it"});
+            (Strings{"a change of your Japanese entries had broken off: they are as they were before it",
+                     "a change of your Japanese entries had broken off: 46 bytes of it that nothing leads to were "
+                     "removed"}));
   EXPECT_EQ(words(kJ), (Strings{"あり", "はち"}));
   EXPECT_EQ(find(kJ, "猫"), std::vector<UserEntry>{});
   survives(kJ, make, expected);
@@ -155,6 +168,8 @@ TEST_F(UserRecoveryTest, BrokenSavingGoesBackInBothJapaneseIndexes) {
 TEST_F(UserRecoveryTest, AKanjiBackupWithoutTheFirstGivesWayToASoundIndex) {
   const auto files = after(kJ);
   const auto make = [&] {
+    restoreAll();
+    mark(kJ);
     for (const auto& [name, content] : files) put(name, content);
     put("mykji.idx.bkup", before_["mykji.idx"]);
   };
@@ -167,6 +182,7 @@ TEST_F(UserRecoveryTest, AKanjiBackupWithoutTheFirstGivesWayToASoundIndex) {
 TEST_F(UserRecoveryTest, AKanjiBackupWithoutTheFirstTakesThePlaceOfAnUnsoundIndex) {
   const auto make = [&] {
     restoreAll();
+    mark(kJ);
     put("mykji.idx.bkup", before_["mykji.idx"]);
     put("mykji.idx", before_["mykji.idx"].substr(0, 140));
   };
@@ -176,6 +192,7 @@ TEST_F(UserRecoveryTest, AKanjiBackupWithoutTheFirstTakesThePlaceOfAnUnsoundInde
 TEST_F(UserRecoveryTest, AKanjiIndexMovedAsideComesBack) {
   const auto make = [&] {
     restoreAll();
+    mark(kJ);
     put("mykji.idx.Bkup", before_["mykji.idx"]);
     put("my001.idx", before_["mykji.idx"]);
     std::filesystem::remove(file("mykji.idx"));
@@ -252,14 +269,14 @@ TEST_F(UserRecoveryTest, HalfMadeFilesAreMadeAnew) {
 TEST_F(UserRecoveryTest, DamageIsToldWithWhereBackupsStand) {
   std::filesystem::remove(file("myej.ix3"));
   put("myej.dic.arrbkp", "x");
-  const auto damage = UserRecovery(place(), kE).damage();
+  const auto damage = UserRecovery(place(), kE).damage(UserCheck::kAll);
   EXPECT_EQ(damage.status, kExitDamaged);
   EXPECT_EQ(damage.message,
             "your English entries in " + place().folder() +
                 " are damaged: myej.ix3 is missing; backups there: myej.dic.arrbkp, nothing was changed");
   restoreAll();
   put("mykna.idx", before_["mykna.idx"].substr(0, 200));
-  EXPECT_EQ(UserRecovery(place(), kJ).damage().message,
+  EXPECT_EQ(UserRecovery(place(), kJ).damage(UserCheck::kAll).message,
             "your Japanese entries in " + place().folder() +
                 " are damaged: mykna.idx is no index; no backup stands there, nothing was changed");
   EXPECT_EQ(words(kJ), Strings{"!damaged_user_dictionary"});
@@ -269,6 +286,7 @@ TEST_F(UserRecoveryTest, DamageIsToldWithWhereBackupsStand) {
 }
 
 TEST_F(UserRecoveryTest, AReaderPutsThingsRightToo) {
+  mark(kE);
   put("myej.idx.bkup", before_["myej.idx"]);
   put("myej.idx", "");
   EXPECT_EQ(words(kE), (Strings{"ant", "bee"}));

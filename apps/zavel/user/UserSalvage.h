@@ -1,0 +1,34 @@
+// The entries of a damaged user dictionary that can still be read, one by one: the engine gives a list whole
+// or not at all.
+#ifndef ZAVEL_USER_USERSALVAGE_H
+#define ZAVEL_USER_USERSALVAGE_H
+
+#include <string>
+#include <vector>
+
+#include "user/UserCheck.h"
+#include "user/UserEntry.h"
+
+namespace zavel::host {
+
+struct SalvagedEntries {
+  std::vector<UserEntry> entries;  // in the order of the index
+  // The words of those that can't be read, as far as the index spells them: in small letters, in hiragana. A
+  // beginning alone, with "..." behind it, where all words that begin so can't be.
+  std::vector<std::string> lost;
+  // That the first index is none: the entries are all that their file holds, in the order in which they were
+  // added, among them those that were deleted or changed later.
+  bool byFile = false;
+};
+
+SalvagedEntries salvageEntries(UserLanguage language, const UserPaths& paths);
+
+// The words of the entries, each once, in the order of lists.
+std::vector<std::string> headwordsOf(const std::vector<UserEntry>& entries);
+
+// How far they can be read, for a message: "the entry "grok" can't be read". Empty where there are none at all.
+std::string lostText(const SalvagedEntries& entries);
+
+}  // namespace zavel::host
+
+#endif

@@ -1,0 +1,229 @@
+// What each command says of damaged files: the damage, by name, with status 5, nothing changed on the disk, and
+// every entry that can be read.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <map>
+#include <nlohmann/json.hpp>
+
+#include "zavel/RootTest.h"
+
+namespace zavel::host {
+namespace {
+
+namespace fs = std::filesystem;
+using Bytes = std::string;
+using Files = std::map<std::string, Bytes>;
+
+Bytes empty(const Bytes&) {
+  return {};
+}
+Bytes half(const Bytes& bytes) {
+  return bytes.substr(0, bytes.size() / 2);
+}
+Bytes shorter(const Bytes& bytes) {
+  return bytes.substr(0, bytes.size() - 1);
+}
+Bytes zeroed(const Bytes& bytes) {
+  return Bytes(bytes.size(), '\0');
+}
+
+struct Damage {
+  const char* name;   // of the file that is damaged
+  Bytes (*how)(const Bytes&);
+  const char* other;  // whose content it gets, in place of `how`
+  const char* wrong;  // what is said to be wrong
+  const char* words;  // what can still be read
+  const char* lost;   // what is said of the rest
+};
+
+constexpr const char* kBlocks = " holds other blocks than its index leads to, or ends too soon";
+constexpr const char* kEntries = " holds other entries than are looked for in it";
+constexpr const char* kShort = " ends too soon";
+constexpr const char* kNoIndex = " is no index";
+constexpr const char* kAll = "each of them can be read";
+constexpr const char* kMore = "entries that you deleted or changed may be among those that can be read";
+constexpr const char* kNone = "the entries \"ant\", \"bee\", \"grok\" can't be read";
+constexpr const char* kNoBlocks = "the entries \"ant...\", \"bee...\", \"gro...\" can't be read";
+constexpr const char* kNoneJ = "the entries \"あり\", \"はち\" can't be read";
+
+const Damage kDamages[] = {
+    {"ej.idx", empty, nullptr, kNoIndex, "ant\nbee\ngrok\n", kMore},
+    {"ej.idx", half, nullptr, kNoIndex, "ant\nbee\ngrok\n", kMore},
+    {"ej.idx", shorter, nullptr, kNoIndex, "ant\nbee\ngrok\n", kMore},
+    {"ej.idx", zeroed, nullptr, kNoIndex, "ant\nbee\ngrok\n", kMore},
+    {"ej.idx", nullptr, "kna.idx", kNoIndex, "ant\nbee\ngrok\n", kMore},
+    {"ej.ix3", empty, nullptr, kShort, "", kNoBlocks},
+    {"ej.ix3", half, nullptr, kShort, "", kNoBlocks},
+    {"ej.ix3", shorter, nullptr, kBlocks, "ant\nbee\n", "the entry \"gro...\" can't be read"},
+    {"ej.ix3", zeroed, nullptr, kBlocks, "", kNoBlocks},
+    {"ej.ix3", nullptr, "kji.ix3", kShort, "ant\n", "the entries \"bee\", \"gro...\" can't be read"},
+    {"ej.dic", empty, nullptr, kShort, "", kNone},
+    {"ej.dic", half, nullptr, kShort, "", kNone},
+    {"ej.dic", shorter, nullptr, kShort, "ant\nbee\n", "the entry \"grok\" can't be read"},
+    {"ej.dic", zeroed, nullptr, kEntries, "", kNone},
+    {"ej.dic", nullptr, "je.dic", kEntries, "", kNone},
+    {"kna.idx", empty, nullptr, kNoIndex, "あり\nはち\n", kMore},
+    {"kna.idx", shorter, nullptr, kNoIndex, "あり\nはち\n", kMore},
+    {"kna.idx", nullptr, "ej.idx", kShort, "", nullptr},
+    {"kji.idx", empty, nullptr, kNoIndex, "あり\nはち\n", kAll},
+    {"kji.idx", half, nullptr, kNoIndex, "あり\nはち\n", kAll},
+    {"kji.idx", shorter, nullptr, kNoIndex, "あり\nはち\n", kAll},
+    {"kji.idx", zeroed, nullptr, kNoIndex, "あり\nはち\n", kAll},
+    {"kna.ix3", empty, nullptr, kShort, "", "the entries \"あり...\", \"はち...\" can't be read"},
+    {"kna.ix3", shorter, nullptr, kBlocks, "あり\n", "the entry \"はち...\" can't be read"},
+    {"kji.ix3", empty, nullptr, kShort, "あり\nはち\n", kAll},
+    {"kji.ix3", shorter, nullptr, kBlocks, "あり\nはち\n", kAll},
+    {"kji.ix3", zeroed, nullptr, kBlocks, "あり\nはち\n", kAll},
+    {"je.dic", empty, nullptr, kShort, "", kNoneJ},
+    {"je.dic", shorter, nullptr, kShort, "あり\n", "the entry \"はち\" can't be read"},
+    {"je.dic", zeroed, nullptr, kEntries, "", kNoneJ},
+    {"je.dic", nullptr, "ej.dic", kEntries, "", kNoneJ},
+};
+
+class UserDamageTest : public test::RootTest, public testing::WithParamInterface<Damage> {
+ protected:
+  test::Outcome user(std::vector<std::string> arguments) const {
+    arguments.insert(arguments.begin(), "user");
+    return inRoot(std::move(arguments)).run();
+  }
+  std::string users() const { return root() + "/user/"; }
+  Files files() const {
+    Files all;
+    for (const auto& entry : fs::directory_iterator(users())) {
+      const std::string name = entry.path().filename();
+      if (name == ".lock") continue;
+      std::ifstream in(entry.path(), std::ios::binary);
+      all[name] = Bytes(std::istreambuf_iterator<char>(in), {});
+    }
+    return all;
+  }
+  void put(const std::string& name, const Bytes& bytes) const {
+    std::ofstream(users() + name, std::ios::binary | std::ios::trunc) << bytes;
+  }
+  void makeSets() const {
+    for (const char* word : {"ant", "bee", "grok"}) ASSERT_EQ(user({"add", word, "x"}).status, 0);
+    ASSERT_EQ(user({"add", "あり", "x", "--kanji", "蟻"}).status, 0);
+    ASSERT_EQ(user({"add", "はち", "x", "--kanji", "蜂"}).status, 0);
+  }
+};
+
+TEST_P(UserDamageTest, EveryCommandTellsItAndLosesNothing) {
+  const Damage& damage = GetParam();
+  makeSets();
+  const std::string name = std::string("my") + damage.name;
+  Files whole = files();
+  put(name, damage.how ? damage.how(whole[name]) : whole["my" + std::string(damage.other)]);
+  const Files damaged = files();
+  const bool english = damage.name[0] == 'e';
+  const std::string lang = english ? "en" : "ja";
+  const std::string told = std::string("zavel: your ") + (english ? "English" : "Japanese") + " entries in " +
+                           root() + "/user are damaged: ";
+  const bool inOther = damage.lost == nullptr;  // the index alone is another one: what it leads to isn't there
+  const std::string wrong = inOther ? "mykna.ix3" : name;
+
+  const test::Outcome list = user({"list", "--lang", lang});
+  EXPECT_EQ(list.status, 5);
+  EXPECT_EQ(list.out, damage.words);
+  EXPECT_TRUE(list.err.starts_with(told + wrong)) << list.err;
+  if (!inOther) {
+    EXPECT_EQ(list.err.substr(0, list.err.find('\n')), told + name + damage.wrong +
+                                                           "; no backup stands there, nothing was changed; " +
+                                                           damage.lost);
+  }
+  const test::Outcome exported = user({"export", "--lang", lang});
+  EXPECT_EQ(exported.status, 5);
+  EXPECT_EQ(exported.err, list.err);
+  const auto lines = [](const std::string& text) { return std::count(text.begin(), text.end(), '\n'); };
+  EXPECT_EQ(lines(exported.out), *damage.words ? lines(damage.words) + 1 : 0);
+
+  const std::string word = english ? "ant" : "あり";
+  const test::Outcome found = user({"find", word});
+  EXPECT_EQ(found.status, 5);
+  EXPECT_EQ(found.err, list.err);
+  EXPECT_EQ(found.out.empty(), std::string(damage.words).find(word) == std::string::npos) << found.out;
+  const std::string other = english ? "cat" : "ねこ";
+  const std::string file = this->file("words.tsv");
+  std::ofstream(file) << "lang\tword\tmeaning\n" << lang << "\t" << other << "\tx\n";
+  for (const std::vector<std::string>& arguments : {std::vector<std::string>{"add", other, "x"},
+                                                    {"import", file},
+                                                    {"delete", word, "--all"},
+                                                    {"edit", word, "--set", "meaning=y"},
+                                                    {"arrange", "--lang", lang}}) {
+    const test::Outcome outcome = user(arguments);
+    EXPECT_EQ(outcome.status, 5) << arguments[0] << outcome.out;
+    EXPECT_TRUE(outcome.err.starts_with(told + wrong)) << arguments[0] << ": " << outcome.err;
+  }
+  EXPECT_EQ(files(), damaged);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, UserDamageTest, testing::ValuesIn(kDamages));
+
+using UserDamage = UserDamageTest;
+
+// The marks of one entry alone are unharmed: nothing else can be seen without taking it apart.
+TEST_F(UserDamage, OneBadEntryKeepsNoOtherFromBeingExported) {
+  makeSets();
+  Bytes dic = files()["myej.dic"];
+  const size_t bee = dic.find("bee");
+  dic.replace(dic.find("\xF5\xD4", bee), 2, "\xF5\xD7");
+  put("myej.dic", dic);
+  const std::string told = "zavel: searching \"bee\" failed: an entry among your English entries in " + root() +
+                           "/user can't be read; nothing there was overwritten; the entry \"bee\" can't be read\n";
+  const std::string words = this->file("words.tsv");
+  const test::Outcome exported = user({"export", words});
+  EXPECT_EQ(exported.status, 5);
+  EXPECT_EQ(exported.out, "4 entries written to " + words + "\n");
+  EXPECT_TRUE(exported.err.starts_with(told)) << exported.err;
+  const test::Outcome found = user({"find", "bee"});
+  EXPECT_EQ(found.status, 5);
+  EXPECT_EQ(found.out, "");
+  EXPECT_TRUE(found.err.starts_with(told)) << found.err;
+  EXPECT_EQ(user({"find", "ant"}).status, 0);
+}
+
+TEST_F(UserDamage, OneBadMarkKeepsNoOtherWordFromBeingListed) {
+  makeSets();
+  Bytes dic = files()["myej.dic"];
+  put("myej.dic", dic.replace(dic.find("\xF5\xB1" "bee") - 2, 1, "x"));
+  const test::Outcome list = user({"list"});
+  EXPECT_EQ(list.status, 5);
+  EXPECT_EQ(list.out, "ant\ngrok\nあり\nはち\n");
+  EXPECT_NE(list.err.find("; the entry \"bee\" can't be read\n"), std::string::npos) << list.err;
+}
+
+TEST_F(UserDamage, AnExportFromBeforeTheDamageIsNotReplaced) {
+  makeSets();
+  const std::string words = this->file("words.tsv");
+  ASSERT_EQ(user({"export", words}).status, 0);
+  put("myej.dic", shorter(files()["myej.dic"]));
+  const auto size = fs::file_size(words);
+  const test::Outcome exported = user({"export", words});
+  EXPECT_EQ(exported.status, 5);
+  EXPECT_NE(exported.err.find("; nothing was exported, because " + words + " is there and may hold more\n"),
+            std::string::npos)
+      << exported.err;
+  EXPECT_EQ(fs::file_size(words), size);
+  EXPECT_EQ(user({"export", words + "2"}).status, 5);
+  EXPECT_TRUE(fs::exists(words + "2"));
+}
+
+TEST_F(UserDamage, AStaleBackupTakesNoWordBack) {
+  makeSets();
+  const Bytes old = files()["myej.idx"];
+  ASSERT_EQ(user({"add", "later", "x"}).status, 0);
+  put("myej.idx.bkup", old);
+  const test::Outcome list = user({"list", "--lang", "en"});
+  EXPECT_EQ(list.status, 0);
+  EXPECT_EQ(list.out, "ant\nbee\ngrok\nlater\n");
+  EXPECT_EQ(list.err, "zavel: backups that your English entries don't need were found in " + root() +
+                          "/user and moved to myej.idx.bkup.kept-1\n");
+  EXPECT_EQ(files()["myej.idx.bkup.kept-1"], old);
+  EXPECT_EQ(user({"list", "--lang", "en"}).err, "");
+}
+
+}  // namespace
+}  // namespace zavel::host
