@@ -81,12 +81,15 @@ std::vector<std::string> UserRecovery::strays() const {
   return found;
 }
 
-bool UserRecovery::needed() const {
-  if (storage().exists(place_.marker(language_))) return true;
+bool UserRecovery::backups() const {
   for (const char* suffix : {kArranging, kMoving, kSaving}) {
     if (!withSuffix(suffix).empty()) return true;
   }
-  return !strays().empty();
+  return false;
+}
+
+bool UserRecovery::needed() const {
+  return storage().exists(place_.marker(language_)) || backups() || !strays().empty();
 }
 
 bool UserRecovery::removeAll(const std::vector<std::string>& names, const char* suffix) {

@@ -36,6 +36,9 @@ class UserRecovery {
   // Whether anything stands there that a whole end would not have left. Opens no file.
   bool needed() const;
 
+  // Whether any backup stands there.
+  bool backups() const;
+
   // To be run under the lock, alone. What was put right goes to `told`, a line each. A failure: the
   // dictionary is damaged, or a file can't be read or written; whatever was there still is.
   Failure run(std::vector<std::string>* told);

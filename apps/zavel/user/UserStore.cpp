@@ -153,7 +153,8 @@ Failure UserStore::beginSession() {
 
 Failure UserStore::statusFailure(uint16_t status, const std::string& what, bool writing) const {
   std::string wrong;
-  if (isOfFiles(status)) {
+  // Beside a backup the files are in the middle of a change.
+  if (isOfFiles(status) && !UserRecovery(place_, language_).backups()) {
     const UserCheck files(language_, [this](const std::string& name) { return place_.file(name); });
     if (!files.unreadable()) wrong = files.wrong();
   }
@@ -298,15 +299,25 @@ Failure UserStore::arrange() {
   if (status == kOk) return {};
   session_ = false;
   EndAPI();
-  const Failure undone = undoNow({});
+  const Failure undone = undo();
   return undone ? undone : failureOf(status, "arranging");
 }
 
 // What a failed change left is put right at once: the next command and other readers find the entries.
-Failure UserStore::undoNow(Failure failure) {
+Failure UserStore::undo() {
   std::vector<std::string> told;
-  const Failure undone = UserRecovery(place_, language_).run(&told);
-  return undone && !failure ? undone : failure;
+  return UserRecovery(place_, language_).run(&told);
+}
+
+// The engine takes no notice where a backup that is worth nothing any more can't be removed; without the marker
+// it would seem to come from elsewhere. A marker that stays makes the next start look for what is left over:
+// harmless.
+void UserStore::unmark() {
+  if (UserRecovery(place_, language_).backups()) {
+    undo();
+  } else {
+    storage().remove(place_.marker(language_));
+  }
 }
 
 Failure UserStore::close() {
@@ -315,11 +326,9 @@ Failure UserStore::close() {
     return {};
   }
   session_ = false;
-  Failure failure = failureOf(EndAPI(), "storing");
-  if (failure && access_ == UserAccess::kWrite) failure = undoNow(std::move(failure));
-  // A marker that stays makes the next start look for what is left over: right after a failure, harmless
-  // else.
-  if (!failure && access_ == UserAccess::kWrite) storage().remove(place_.marker(language_));
+  const uint16_t status = EndAPI();
+  if (access_ == UserAccess::kWrite) status == kOk ? unmark() : static_cast<void>(undo());
+  Failure failure = failureOf(status, "storing");
   lock_.reset();
   return failure;
 }

@@ -81,7 +81,8 @@ class UserStore {
   Failure unreadable() const;
   Failure recover();
   Failure beginSession();
-  Failure undoNow(Failure failure);
+  Failure undo();
+  void unmark();
   Failure failureOf(uint16_t status, const std::string& what) const;
   Failure searchFailure(uint16_t status, const std::string& what) const;
   Failure statusFailure(uint16_t status, const std::string& what, bool writing) const;

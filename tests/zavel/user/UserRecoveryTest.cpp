@@ -285,6 +285,109 @@ TEST_F(UserRecoveryTest, DamageIsToldWithWhereBackupsStand) {
   EXPECT_EQ(bytes("myje.dic"), before_["myje.dic"]);
 }
 
+// Backups that no change of this program's left: of every suffix, of every content, with every marker. Where the
+// files are whole without them they stay as they are, and the backups are kept under names of their own, but
+// for those that a change leaves behind itself.
+TEST_F(UserRecoveryTest, BackupsFromElsewhereTakeNothingBack) {
+  const struct {
+    UserLanguage language;
+    const char* suffix;
+    Strings names;
+    bool first;
+  } backups[] = {
+      {kE, ".bkup", {"myej.idx"}, true},
+      {kE, ".arrbkp", {"myej.idx", "myej.ix3", "myej.dic"}, true},
+      {kE, ".arrbkp", {"myej.idx"}, true},
+      {kE, ".arrbkp", {"myej.ix3", "myej.dic"}, false},
+      {kJ, ".bkup", {"mykna.idx", "mykji.idx"}, true},
+      {kJ, ".bkup", {"mykji.idx"}, false},
+      {kJ, ".Bkup", {"mykji.idx"}, false},
+      {kJ, ".arrbkp", {"mykna.idx", "mykji.idx", "mykna.ix3", "mykji.ix3", "myje.dic"}, true},
+      {kJ, ".arrbkp", {"mykna.ix3", "mykji.ix3", "myje.dic"}, false},
+  };
+  const auto older = before_;
+  after(kE);
+  const auto now = after(kJ);
+  before_ = now;
+  for (const auto& [language, suffix, list, first] : backups) {
+    for (const char* content : {"stale", "empty", "half"}) {
+      for (const auto work :
+           {UserMarker::kNone, UserMarker::kUnknown, UserMarker::kChanging, UserMarker::kArranging}) {
+        restoreAll();
+        auto expected = now;
+        const bool kept = first || work == UserMarker::kNone;
+        for (const std::string& name : list) {
+          const std::string old = older.at(name);
+          const std::string bytes = content == std::string("stale")   ? old
+                                    : content == std::string("empty") ? ""
+                                                                      : old.substr(0, old.size() / 2);
+          put(name + suffix, bytes);
+          if (kept) expected[name + suffix + ".kept-1"] = bytes;
+        }
+        if (work == UserMarker::kUnknown) put(language == kE ? ".changing-en" : ".changing-ja", "");
+        if (work > UserMarker::kUnknown) mark(language, work);
+        const Strings told = run(language);
+        const std::string where = content + (" " + list[0] + suffix) + std::to_string(work);
+        std::map<std::string, std::string> files;
+        for (const std::string& name : names()) files[name] = this->bytes(name);
+        ASSERT_EQ(files, expected) << where;
+        ASSERT_EQ(told.size(), kept ? 1u : 0u) << where << told[0];
+        ASSERT_FALSE(UserRecovery(place(), language).needed()) << where;
+      }
+    }
+  }
+}
+
+// Neither the files nor the backups can be used: both are named, and both stay.
+TEST_F(UserRecoveryTest, WhereNothingIsWholeNothingIsTouched) {
+  for (const auto work :
+       {UserMarker::kNone, UserMarker::kUnknown, UserMarker::kChanging, UserMarker::kArranging}) {
+    for (const char* suffix : {".bkup", ".arrbkp"}) {
+      restoreAll();
+      if (work == UserMarker::kUnknown) put(".changing-en", "");
+      if (work > UserMarker::kUnknown) mark(kE, work);
+      put("myej.idx", before_["myej.idx"].substr(0, 100));
+      put(std::string("myej.idx") + suffix, before_["myej.idx"].substr(0, 90000));
+      std::map<std::string, std::string> files;
+      for (const std::string& name : names()) files[name] = bytes(name);
+      Strings told;
+      const Failure failure = UserRecovery(place(), kE).run(&told);
+      EXPECT_EQ(failure.status, kExitDamaged);
+      EXPECT_EQ(failure.message, "your English entries in " + place().folder() +
+                                     " are damaged: myej.idx is no index; backups there: myej.idx" + suffix +
+                                     ", nothing was changed");
+      EXPECT_EQ(told, Strings{});
+      for (const auto& [name, content] : files) EXPECT_EQ(bytes(name), content) << name;
+    }
+  }
+}
+
+// Nobody was writing when it came there: it may be older than what the files had.
+TEST_F(UserRecoveryTest, AWholeBackupWithoutAChangeIsNotPutOverDamagedFiles) {
+  put("myej.idx.bkup", before_["myej.idx"]);
+  put("myej.idx", "");
+  EXPECT_EQ(run(kE), Strings{"! damaged_user_dictionary"});
+  EXPECT_EQ(bytes("myej.idx"), "");
+  EXPECT_EQ(bytes("myej.idx.bkup"), before_["myej.idx"]);
+}
+
+TEST_F(UserRecoveryTest, EntriesThatWereStoredBeforeTheChangeAreNotCutOff) {
+  mark(kE);
+  put("myej.dic", before_["myej.dic"].substr(0, before_["myej.dic"].size() - 1));
+  EXPECT_EQ(run(kE), Strings{"! damaged_user_dictionary"});
+  EXPECT_EQ(bytes("myej.dic").size(), before_["myej.dic"].size() - 1);
+  EXPECT_TRUE(exists(".changing-en"));
+}
+
+TEST_F(UserRecoveryTest, WhatIsKeptIsNeverReplaced) {
+  put("myej.idx.bkup.kept-1", "first");
+  put("myej.idx.bkup", "second");
+  EXPECT_EQ(run(kE), Strings{"backups that your English entries don't need were found in " + place().folder() +
+                             " and moved to myej.idx.bkup.kept-2"});
+  EXPECT_EQ(bytes("myej.idx.bkup.kept-1"), "first");
+  EXPECT_EQ(bytes("myej.idx.bkup.kept-2"), "second");
+}
+
 TEST_F(UserRecoveryTest, AReaderPutsThingsRightToo) {
   mark(kE);
   put("myej.idx.bkup", before_["myej.idx"]);

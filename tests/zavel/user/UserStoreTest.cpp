@@ -3,6 +3,7 @@
 #include <map>
 
 #include "support/FaultyStorage.h"
+#include "user/UserRecovery.h"
 #include "zavel/user/UserSetFixture.h"
 
 namespace zavel::host {
@@ -166,6 +167,120 @@ TEST_F(UserStoreTest, AFailingDiskLosesNothing) {
   }
 }
 
+// A disk that gets full: from the n-th on nothing more can be written, while names can still be changed.
+class FullDisk : public Storage {
+ public:
+  explicit FullDisk(long n) : below_(storage()), previous_(setStorage(this)), left_(n) {}
+  ~FullDisk() override { setStorage(previous_); }
+
+  bool wasFull() const { return left_ < 0; }
+  std::unique_ptr<StorageFile> open(const std::string& path, OpenMode mode) override {
+    auto file = below_.open(path, mode);
+    return file ? std::make_unique<File>(this, std::move(file)) : nullptr;
+  }
+  std::unique_ptr<StorageFile> openTemporary(const std::string& folder, const std::string& prefix,
+                                             std::string* path) override {
+    auto file = below_.openTemporary(folder, prefix, path);
+    return file ? std::make_unique<File>(this, std::move(file)) : nullptr;
+  }
+  bool exists(const std::string& path) override { return below_.exists(path); }
+  bool isFolder(const std::string& path) override { return below_.isFolder(path); }
+  bool remove(const std::string& path) override { return below_.remove(path); }
+  bool rename(const std::string& from, const std::string& to) override { return below_.rename(from, to); }
+  bool copy(const std::string& from, const std::string& to) override { return room() && below_.copy(from, to); }
+  int makeFolder(const std::string& path) override { return below_.makeFolder(path); }
+  bool syncFolder(const std::string& folder) override { return below_.syncFolder(folder); }
+
+ private:
+  class File : public StorageFile {
+   public:
+    File(FullDisk* disk, std::unique_ptr<StorageFile> below) : disk_(*disk), below_(std::move(below)) {}
+    int64_t readAt(uint64_t offset, void* out, size_t length) override {
+      return below_->readAt(offset, out, length);
+    }
+    bool writeAt(uint64_t offset, std::string_view bytes) override {
+      return disk_.room() && below_->writeAt(offset, bytes);
+    }
+    int64_t size() override { return below_->size(); }
+    bool truncate(uint64_t length) override { return below_->truncate(length); }
+    bool sync() override { return below_->sync(); }
+    bool close() override { return below_->close(); }
+
+   private:
+    FullDisk& disk_;
+    std::unique_ptr<StorageFile> below_;
+  };
+
+  bool room() { return --left_ >= 0; }
+
+  Storage& below_;
+  Storage* previous_;
+  long left_;
+};
+
+// Whenever the disk gets full while the files are being rewritten or saved: nothing is left behind, and the next
+// reader finds every word while it still is full.
+TEST_F(UserStoreTest, AFullDiskLocksNoWordsAway) {
+  for (const auto language : {kE, kJ}) {
+    const bool inEnglish = language == kE;
+    for (const char* word : {"ant", "antler", "bee"}) {
+      ASSERT_EQ(add({inEnglish ? english(word) : japanese(word[0] == 'a' ? "あり" : "はち", "蟻")}), "");
+    }
+    const Strings all = words(language);
+    const std::vector<UserEntry> first = find(language, all[0]);
+    for (const bool arranging : {true, false}) {
+      std::map<std::string, std::string> files;
+      for (const std::string& name : names()) files[name] = bytes(name);
+      long n = 1;
+      for (;; ++n) {
+        FullDisk disk(n);
+        UserStore open = store();
+        Failure failure = open.open(language, UserAccess::kWrite);
+        if (!failure) failure = arranging ? open.arrange() : open.add(inEnglish ? english("cat") : japanese("ねこ"));
+        if (Failure notStored = open.close(); !failure) failure = notStored;
+        if (!disk.wasFull()) break;
+        ASSERT_EQ(failure.code, "not_stored") << n << failure.message;
+        ASSERT_TRUE(failure.message.ends_with("files in " + place().folder() + " can't be written"))
+            << n << failure.message;
+        ASSERT_FALSE(UserRecovery(place(), language).needed()) << n;
+        ASSERT_EQ(words(language), all) << n;
+        ASSERT_EQ(find(language, all[0]), first) << n;
+        for (const auto& [name, content] : files) {
+          // What an addition that failed had appended is dead.
+          ASSERT_TRUE(arranging ? bytes(name) == content : bytes(name).starts_with(content)) << n << name;
+        }
+      }
+      EXPECT_GT(n, 3) << arranging;
+    }
+  }
+}
+
+// The same for any failure from which the disk gets well again.
+TEST_F(UserStoreTest, ArrangingThatFailsOnceLeavesNothingToBeDone) {
+  for (const auto language : {kE, kJ}) {
+    ASSERT_EQ(add({language == kE ? english("ant") : japanese("あり", "蟻")}), "");
+    ASSERT_EQ(add({language == kE ? english("bee") : japanese("はち", "蜂")}), "");
+    for (long n = 1;; ++n) {
+      UserStore open = store();
+      ASSERT_EQ(open.open(language, UserAccess::kWrite).code, "") << n;
+      long faults = 0;
+      {
+        test::FaultyStorage disk;
+        disk.failAt(n);
+        open.arrange();
+        faults = disk.faults();
+      }
+      ASSERT_EQ(open.close().code, "") << n;
+      for (const std::string& name : names()) {
+        ASSERT_TRUE(name == ".lock" || (name.starts_with("my") && name.size() < 10)) << n << name;
+      }
+      ASSERT_EQ(words(language).size(), 2u) << n;
+      ASSERT_FALSE(UserRecovery(place(), language).needed()) << n;
+      if (faults == 0) break;
+    }
+  }
+}
+
 TEST_F(UserStoreTest, AFullDiskIsToldWithTheFolder) {
   ASSERT_EQ(add({english("ant")}), "");
   UserStore open = store();
@@ -182,12 +297,27 @@ TEST_F(UserStoreTest, ADamagedEntryIsToldAndNothingOverwritten) {
   ASSERT_EQ(add({english("ant")}), "");
   const std::string whole = bytes("myej.ix3");
   put("myej.ix3", whole.substr(0, 130));
+  const std::string damaged = "your English entries in " + place().folder() +
+                              " are damaged: myej.ix3 ends too soon";
   UserStore open = store();
   std::vector<StoredEntry> found;
   ASSERT_EQ(open.open(kE, UserAccess::kRead).code, "");
   const Failure failure = open.find("ant", &found);
   EXPECT_EQ(failure.status, kExitDamaged) << failure.message;
+  EXPECT_EQ(failure.message, "searching \"ant\" failed: " + damaged);
+  EXPECT_EQ(open.check().message, damaged + "; no backup stands there, nothing was changed");
+  EXPECT_EQ(open.close().code, "");
+  EXPECT_EQ(add({english("bee")}), "damaged_user_dictionary");
   EXPECT_EQ(bytes("myej.ix3"), whole.substr(0, 130));
+}
+
+// A word that is found where another one was: what a file of nothing but zeros would come to.
+TEST_F(UserStoreTest, NothingIsAddedToAFileOfZeros) {
+  ASSERT_EQ(add({english("grok")}), "");
+  const std::string zeros(bytes("myej.dic").size(), '\0');
+  put("myej.dic", zeros);
+  EXPECT_EQ(add({english("bee")}), "damaged_user_dictionary");
+  EXPECT_EQ(bytes("myej.dic"), zeros);
 }
 
 }  // namespace
