@@ -133,7 +133,8 @@ bool UserCheck::checkBlocks(const std::string& name, const std::vector<const Use
     const std::string_view block = blockAt(&file, offset, &rows);
     if (file.failed()) return cantRead(name);
     if (block.empty() && offset + uint64_t{kIx3Head} > file.size()) return fail(name, kShort);
-    if (block.empty() || CheckIdx3Data(bytesOf(block), block.size()) != kOk) return fail(name, " holds other blocks than its index leads to, or ends too soon");
+    if (block.empty() || CheckIdx3Data(bytesOf(block), block.size()) != kOk)
+      return fail(name, " holds other blocks than its index leads to, or ends too soon");
     for (size_t row = 0; row < rows; ++row) entries->push_back(entryOfRow(block, rows, row));
     end = std::max(end, uint64_t{offset} + block.size());
   }

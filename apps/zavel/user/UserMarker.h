@@ -12,11 +12,11 @@ namespace zavel::host {
 
 struct UserMarker {
   enum Work {
-    kNone,       // no marker: nothing was under way
-    kUnreadable, // one that can't be read now
-    kUnknown,    // one that says nothing
-    kChanging,   // adding, overwriting, deleting
-    kArranging,  // rewriting the files
+    kNone,        // no marker: nothing was under way
+    kUnreadable,  // one that can't be read now
+    kUnknown,     // one that says nothing
+    kChanging,    // adding, overwriting, deleting
+    kArranging,   // rewriting the files
   };
   Work work = kNone;
   uint64_t entriesEnd = 0;  // bytes in the file of entries when the change began

@@ -53,7 +53,8 @@ class EntryRecord {
 bool readSerial(std::string_view list, size_t count, UserLanguage language,
                 std::vector<StoredEntry>* entries);
 
-// Takes the text of one entry apart as the file has it, without a place. False when it is none; needs no session.
+// Takes the text of one entry apart as the file has it, without a place. False when it is none; needs no
+// session.
 bool readEntryText(std::string_view text, UserLanguage language, StoredEntry* entry);
 
 }  // namespace zavel::host

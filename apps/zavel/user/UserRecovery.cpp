@@ -111,8 +111,8 @@ UserPaths UserRecovery::pathsWith(const std::vector<std::string>& suffixes) cons
 // one that leads to anything it added, or the files lead to something stored before it that the backup lacks.
 bool UserRecovery::countsAsSaved(const UserCheck& backup, const UserCheck& files) const {
   const std::vector<uint32_t>& saved = backup.entries();
-  const bool own = backup.indexHash() == marker_.indexHash ||
-                   (!saved.empty() && saved.back() >= marker_.entriesEnd);
+  const bool own =
+      backup.indexHash() == marker_.indexHash || (!saved.empty() && saved.back() >= marker_.entriesEnd);
   if (!own || !files.whole()) return own;
   return std::all_of(files.entries().begin(), files.entries().end(), [&](uint32_t entry) {
     return entry >= marker_.entriesEnd || std::binary_search(saved.begin(), saved.end(), entry);
@@ -170,7 +170,8 @@ Failure UserRecovery::moveAway(const char* suffix, std::vector<std::string>* tol
   const std::vector<std::string> names = withSuffix(suffix);
   // The engine itself leaves these behind, once they are worth nothing, when it ends ahead of removing them.
   const bool leftOver = suffix == kMoving || !there(firstIndex() + suffix);
-  if (leftOver && marker_.work != UserMarker::kNone) return removeAll(names, suffix) ? Failure{} : notWritten();
+  if (leftOver && marker_.work != UserMarker::kNone)
+    return removeAll(names, suffix) ? Failure{} : notWritten();
   std::string kept;
   for (const std::string& name : names) {
     std::string as;
@@ -292,7 +293,8 @@ Failure UserRecovery::run(std::vector<std::string>* told) {
   marker_ = UserMarker::read(place_, language_);
   if (marker_.work == UserMarker::kUnreadable) {
     const std::string marker = place_.marker(language_);
-    return unreadableEntries(language_, place_.folder(), marker.substr(marker.rfind('/') + 1) + " can't be read");
+    return unreadableEntries(language_, place_.folder(),
+                             marker.substr(marker.rfind('/') + 1) + " can't be read");
   }
   for (const char* suffix : {kArranging, kMoving, kSaving}) {
     if (Failure failure = settle(suffix, told)) return failure;

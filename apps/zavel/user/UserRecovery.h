@@ -10,9 +10,9 @@
 //
 // Backups also come from elsewhere: from copies of the folder, from programs that keep folders alike, from
 // restores by hand. So none is trusted: it counts when the marker of a change that broke off stands there, it
-// fits what the marker says, and the files with it in its place belong together. One that doesn't count is moved
-// to a name of its own ("myej.idx.bkup.kept-1") where the files are whole without it; where they are not,
-// nothing is touched and both are named.
+// fits what the marker says, and the files with it in its place belong together. One that doesn't count is
+// moved to a name of its own ("myej.idx.bkup.kept-1") where the files are whole without it; where they are
+// not, nothing is touched and both are named.
 //
 // Each step leaves a state from which all of this can be done again, so that it may break off itself. Backups
 // are renamed into their places, which needs no room on a full disk.

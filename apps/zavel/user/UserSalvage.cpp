@@ -135,7 +135,8 @@ std::string lostText(const SalvagedEntries& entries) {
     return "entries that you deleted or changed may be among those that can be read";
   if (lost.empty()) return entries.entries.empty() ? "" : "each of them can be read";
   std::string text;
-  for (size_t i = 0; i < std::min(lost.size(), kMostNamed); ++i) text += (i > 0 ? ", \"" : "\"") + lost[i] + "\"";
+  for (size_t i = 0; i < std::min(lost.size(), kMostNamed); ++i)
+    text += (i > 0 ? ", \"" : "\"") + lost[i] + "\"";
   if (lost.size() > kMostNamed) text += " and " + std::to_string(lost.size() - kMostNamed) + " others";
   return (lost.size() == 1 ? "the entry " : "the entries ") + text + " can't be read";
 }

@@ -26,7 +26,8 @@ SalvagedEntries salvageEntries(UserLanguage language, const UserPaths& paths);
 // The words of the entries, each once, in the order of lists.
 std::vector<std::string> headwordsOf(const std::vector<UserEntry>& entries);
 
-// How far they can be read, for a message: "the entry "grok" can't be read". Empty where there are none at all.
+// How far they can be read, for a message: "the entry "grok" can't be read". Empty where there are none at
+// all.
 std::string lostText(const SalvagedEntries& entries);
 
 }  // namespace zavel::host

@@ -12,7 +12,8 @@ using namespace engine;
 
 constexpr const char* kDamaged = "damaged_user_dictionary";
 
-// What stands in the sentences for %w is what was under way, for %e "your English entries", for %f the folder.
+// What stands in the sentences for %w is what was under way, for %e "your English entries", for %f the
+// folder.
 struct Row {
   uint16_t status;
   ExitStatus exit;
@@ -26,12 +27,15 @@ constexpr Row kRows[] = {
      "End other programs, then try again."},
     {kNoWorkBuffer, kExitEnvironment, "no_memory", "there is not memory enough for %w",
      "End other programs, then try again."},
-    {kBadArgument, kExitUsage, "refused", "%w was refused: the entry is another now, or its text can't be held",
+    {kBadArgument, kExitUsage, "refused",
+     "%w was refused: the entry is another now, or its text can't be held",
      "Search the entry again: it may have been changed meanwhile."},
     {kNoMutex, kExitEnvironment, "locked", "%w failed: your entries are in use", "Try again in a moment."},
-    {kMutexNotTaken, kExitEnvironment, "locked", "%w failed: your entries are in use", "Try again in a moment."},
+    {kMutexNotTaken, kExitEnvironment, "locked", "%w failed: your entries are in use",
+     "Try again in a moment."},
     {kRefused, kExitEnvironment, "locked", "%w failed: your entries are in use", "Try again in a moment."},
-    {kAlreadyOpen, kExitEnvironment, "locked", "%w failed: your entries are in use", "Try again in a moment."},
+    {kAlreadyOpen, kExitEnvironment, "locked", "%w failed: your entries are in use",
+     "Try again in a moment."},
     {kAttached, kExitEnvironment, "locked", "%w failed: your entries are in use", "Try again in a moment."},
     {kNoUserE, kExitEnvironment, "not_stored", "%w failed: %e in %f can't be opened",
      "See who may read and write them: ls -l %f"},

@@ -19,8 +19,8 @@ struct UserWork {
 };
 
 // The failure of `status`; none for success. The engine has one status for a file that ends too soon and for
-// one that can't be read or written, and one for a damaged record and for a defect of its own. Which it is shows in
-// the files: `wrong` is what is wrong with them, empty where they belong together.
+// one that can't be read or written, and one for a damaged record and for a defect of its own. Which it is
+// shows in the files: `wrong` is what is wrong with them, empty where they belong together.
 Failure failureOfStatus(uint16_t status, const UserWork& work, const std::string& wrong);
 
 // Whether it takes a look at the files to tell what a status means.
@@ -31,7 +31,8 @@ Failure damagedEntries(UserLanguage language, const std::string& folder, const s
 
 // What to do about damage.
 inline constexpr char kDamageHint[] =
-    "Put a copy of that folder in its place; or save what can be read (zavel user export FILE), move the folder "
+    "Put a copy of that folder in its place; or save what can be read (zavel user export FILE), move the "
+    "folder "
     "away and import it (zavel user import FILE).";
 
 // The failure of a file that is there and can't be read.

@@ -309,9 +309,9 @@ Failure UserStore::undo() {
   return UserRecovery(place_, language_).run(&told);
 }
 
-// The engine takes no notice where a backup that is worth nothing any more can't be removed; without the marker
-// it would seem to come from elsewhere. A marker that stays makes the next start look for what is left over:
-// harmless.
+// The engine takes no notice where a backup that is worth nothing any more can't be removed; without the
+// marker it would seem to come from elsewhere. A marker that stays makes the next start look for what is left
+// over: harmless.
 void UserStore::unmark() {
   if (UserRecovery(place_, language_).backups()) {
     undo();

@@ -50,8 +50,8 @@ class UserStore {
   // Entries of exactly this word, as stored.
   Failure findStored(const std::string& word, std::vector<StoredEntry>* found);
 
-  // Whether the files belong together, as far as that shows without taking each entry apart. open() has looked
-  // ahead of writing; ahead of reading it looks at the indexes alone.
+  // Whether the files belong together, as far as that shows without taking each entry apart. open() has
+  // looked ahead of writing; ahead of reading it looks at the indexes alone.
   Failure check() const;
 
   // For the words of damaged dictionaries: the entries that can be read, one by one, whether open() went well

@@ -12,7 +12,8 @@ class UserCheckTest : public UserSetTest {
  protected:
   UserCheck check(UserLanguage language, UserCheck::Depth depth = UserCheck::kAll) const {
     const UserPlace files = place();
-    return UserCheck(language, [files](const std::string& name) { return files.file(name); }, depth);
+    return UserCheck(
+        language, [files](const std::string& name) { return files.file(name); }, depth);
   }
   std::string wrong(UserLanguage language) const { return check(language).wrong(); }
 };
@@ -26,7 +27,9 @@ TEST_F(UserCheckTest, AWholeSetHasItsEntriesAndEnds) {
   const std::pair<std::string, uint64_t> blocks{"ej.ix3", bytes("myej.ix3").size()};
   const std::pair<std::string, uint64_t> entries{"ej.dic", bytes("myej.dic").size()};
   EXPECT_EQ(files.ends(), (std::vector{blocks, entries}));
-  put("myej.dic", bytes("myej.dic") + "\xF5\xD1" "ca");
+  put("myej.dic", bytes("myej.dic") +
+                      "\xF5\xD1"
+                      "ca");
   EXPECT_EQ(check(kE).ends()[1], entries);
 }
 

@@ -1,5 +1,5 @@
-// What each command says of damaged files: the damage, by name, with status 5, nothing changed on the disk, and
-// every entry that can be read.
+// What each command says of damaged files: the damage, by name, with status 5, nothing changed on the disk,
+// and every entry that can be read.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -32,7 +32,7 @@ Bytes zeroed(const Bytes& bytes) {
 }
 
 struct Damage {
-  const char* name;   // of the file that is damaged
+  const char* name;  // of the file that is damaged
   Bytes (*how)(const Bytes&);
   const char* other;  // whose content it gets, in place of `how`
   const char* wrong;  // what is said to be wrong
@@ -122,7 +122,8 @@ TEST_P(UserDamageTest, EveryCommandTellsItAndLosesNothing) {
   const std::string lang = english ? "en" : "ja";
   const std::string told = std::string("zavel: your ") + (english ? "English" : "Japanese") + " entries in " +
                            root() + "/user are damaged: ";
-  const bool inOther = damage.lost == nullptr;  // the index alone is another one: what it leads to isn't there
+  const bool inOther =
+      damage.lost == nullptr;  // the index alone is another one: what it leads to isn't there
   const std::string wrong = inOther ? "mykna.ix3" : name;
 
   const test::Outcome list = user({"list", "--lang", lang});
@@ -130,9 +131,8 @@ TEST_P(UserDamageTest, EveryCommandTellsItAndLosesNothing) {
   EXPECT_EQ(list.out, damage.words);
   EXPECT_TRUE(list.err.starts_with(told + wrong)) << list.err;
   if (!inOther) {
-    EXPECT_EQ(list.err.substr(0, list.err.find('\n')), told + name + damage.wrong +
-                                                           "; no backup stands there, nothing was changed; " +
-                                                           damage.lost);
+    EXPECT_EQ(list.err.substr(0, list.err.find('\n')),
+              told + name + damage.wrong + "; no backup stands there, nothing was changed; " + damage.lost);
   }
   const test::Outcome exported = user({"export", "--lang", lang});
   EXPECT_EQ(exported.status, 5);
@@ -171,8 +171,9 @@ TEST_F(UserDamage, OneBadEntryKeepsNoOtherFromBeingExported) {
   const size_t bee = dic.find("bee");
   dic.replace(dic.find("\xF5\xD4", bee), 2, "\xF5\xD7");
   put("myej.dic", dic);
-  const std::string told = "zavel: searching \"bee\" failed: an entry among your English entries in " + root() +
-                           "/user can't be read; nothing there was overwritten; the entry \"bee\" can't be read\n";
+  const std::string told =
+      "zavel: searching \"bee\" failed: an entry among your English entries in " + root() +
+      "/user can't be read; nothing there was overwritten; the entry \"bee\" can't be read\n";
   const std::string words = this->file("words.tsv");
   const test::Outcome exported = user({"export", words});
   EXPECT_EQ(exported.status, 5);
@@ -188,7 +189,10 @@ TEST_F(UserDamage, OneBadEntryKeepsNoOtherFromBeingExported) {
 TEST_F(UserDamage, OneBadMarkKeepsNoOtherWordFromBeingListed) {
   makeSets();
   Bytes dic = files()["myej.dic"];
-  put("myej.dic", dic.replace(dic.find("\xF5\xB1" "bee") - 2, 1, "x"));
+  put("myej.dic", dic.replace(dic.find("\xF5\xB1"
+                                       "bee") -
+                                  2,
+                              1, "x"));
   const test::Outcome list = user({"list"});
   EXPECT_EQ(list.status, 5);
   EXPECT_EQ(list.out, "ant\ngrok\nあり\nはち\n");

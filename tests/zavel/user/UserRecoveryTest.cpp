@@ -137,10 +137,11 @@ TEST_F(UserRecoveryTest, BrokenSavingGoesBackInEnglish) {
     std::filesystem::remove(file("myej.idx"));
   };
   make();
-  EXPECT_EQ(run(kE),
-            (Strings{"a change of your English entries had broken off: they are as they were before it",
-                     "a change of your English entries had broken off: 38 bytes of it that nothing leads to were "
-                     "removed"}));
+  EXPECT_EQ(
+      run(kE),
+      (Strings{"a change of your English entries had broken off: they are as they were before it",
+               "a change of your English entries had broken off: 38 bytes of it that nothing leads to were "
+               "removed"}));
   EXPECT_EQ(words(kE), (Strings{"ant", "bee"}));
   survives(kE, make, expected);
 }
@@ -156,10 +157,11 @@ TEST_F(UserRecoveryTest, BrokenSavingGoesBackInBothJapaneseIndexes) {
     put("mykji.idx.bkup", before_["mykji.idx"]);
   };
   make();
-  EXPECT_EQ(run(kJ),
-            (Strings{"a change of your Japanese entries had broken off: they are as they were before it",
-                     "a change of your Japanese entries had broken off: 46 bytes of it that nothing leads to were "
-                     "removed"}));
+  EXPECT_EQ(
+      run(kJ),
+      (Strings{"a change of your Japanese entries had broken off: they are as they were before it",
+               "a change of your Japanese entries had broken off: 46 bytes of it that nothing leads to were "
+               "removed"}));
   EXPECT_EQ(words(kJ), (Strings{"あり", "はち"}));
   EXPECT_EQ(find(kJ, "猫"), std::vector<UserEntry>{});
   survives(kJ, make, expected);
@@ -285,9 +287,9 @@ TEST_F(UserRecoveryTest, DamageIsToldWithWhereBackupsStand) {
   EXPECT_EQ(bytes("myje.dic"), before_["myje.dic"]);
 }
 
-// Backups that no change of this program's left: of every suffix, of every content, with every marker. Where the
-// files are whole without them they stay as they are, and the backups are kept under names of their own, but
-// for those that a change leaves behind itself.
+// Backups that no change of this program's left: of every suffix, of every content, with every marker. Where
+// the files are whole without them they stay as they are, and the backups are kept under names of their own,
+// but for those that a change leaves behind itself.
 TEST_F(UserRecoveryTest, BackupsFromElsewhereTakeNothingBack) {
   const struct {
     UserLanguage language;
@@ -382,8 +384,8 @@ TEST_F(UserRecoveryTest, EntriesThatWereStoredBeforeTheChangeAreNotCutOff) {
 TEST_F(UserRecoveryTest, WhatIsKeptIsNeverReplaced) {
   put("myej.idx.bkup.kept-1", "first");
   put("myej.idx.bkup", "second");
-  EXPECT_EQ(run(kE), Strings{"backups that your English entries don't need were found in " + place().folder() +
-                             " and moved to myej.idx.bkup.kept-2"});
+  EXPECT_EQ(run(kE), Strings{"backups that your English entries don't need were found in " +
+                             place().folder() + " and moved to myej.idx.bkup.kept-2"});
   EXPECT_EQ(bytes("myej.idx.bkup.kept-1"), "first");
   EXPECT_EQ(bytes("myej.idx.bkup.kept-2"), "second");
 }

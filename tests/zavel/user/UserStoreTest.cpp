@@ -187,7 +187,9 @@ class FullDisk : public Storage {
   bool isFolder(const std::string& path) override { return below_.isFolder(path); }
   bool remove(const std::string& path) override { return below_.remove(path); }
   bool rename(const std::string& from, const std::string& to) override { return below_.rename(from, to); }
-  bool copy(const std::string& from, const std::string& to) override { return room() && below_.copy(from, to); }
+  bool copy(const std::string& from, const std::string& to) override {
+    return room() && below_.copy(from, to);
+  }
   int makeFolder(const std::string& path) override { return below_.makeFolder(path); }
   bool syncFolder(const std::string& folder) override { return below_.syncFolder(folder); }
 
@@ -218,8 +220,8 @@ class FullDisk : public Storage {
   long left_;
 };
 
-// Whenever the disk gets full while the files are being rewritten or saved: nothing is left behind, and the next
-// reader finds every word while it still is full.
+// Whenever the disk gets full while the files are being rewritten or saved: nothing is left behind, and the
+// next reader finds every word while it still is full.
 TEST_F(UserStoreTest, AFullDiskLocksNoWordsAway) {
   for (const auto language : {kE, kJ}) {
     const bool inEnglish = language == kE;
@@ -236,7 +238,8 @@ TEST_F(UserStoreTest, AFullDiskLocksNoWordsAway) {
         FullDisk disk(n);
         UserStore open = store();
         Failure failure = open.open(language, UserAccess::kWrite);
-        if (!failure) failure = arranging ? open.arrange() : open.add(inEnglish ? english("cat") : japanese("ねこ"));
+        if (!failure)
+          failure = arranging ? open.arrange() : open.add(inEnglish ? english("cat") : japanese("ねこ"));
         if (Failure notStored = open.close(); !failure) failure = notStored;
         if (!disk.wasFull()) break;
         ASSERT_EQ(failure.code, "not_stored") << n << failure.message;
@@ -289,16 +292,16 @@ TEST_F(UserStoreTest, AFullDiskIsToldWithTheFolder) {
   disk.failAt(1, test::FaultyStorage::kForEver);
   const Failure failure = open.add(english("bee"));
   EXPECT_EQ(failure.status, kExitEnvironment);
-  EXPECT_EQ(failure.message, "adding \"bee\" failed: your English entries in " + place().folder() +
-                                 " can't be opened");
+  EXPECT_EQ(failure.message,
+            "adding \"bee\" failed: your English entries in " + place().folder() + " can't be opened");
 }
 
 TEST_F(UserStoreTest, ADamagedEntryIsToldAndNothingOverwritten) {
   ASSERT_EQ(add({english("ant")}), "");
   const std::string whole = bytes("myej.ix3");
   put("myej.ix3", whole.substr(0, 130));
-  const std::string damaged = "your English entries in " + place().folder() +
-                              " are damaged: myej.ix3 ends too soon";
+  const std::string damaged =
+      "your English entries in " + place().folder() + " are damaged: myej.ix3 ends too soon";
   UserStore open = store();
   std::vector<StoredEntry> found;
   ASSERT_EQ(open.open(kE, UserAccess::kRead).code, "");
