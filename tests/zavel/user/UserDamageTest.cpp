@@ -40,6 +40,10 @@ struct Damage {
   const char* lost;   // what is said of the rest
 };
 
+void PrintTo(const Damage& damage, std::ostream* out) {
+  *out << damage.name << damage.wrong;
+}
+
 constexpr const char* kBlocks = " holds other blocks than its index leads to, or ends too soon";
 constexpr const char* kEntries = " holds other entries than are looked for in it";
 constexpr const char* kShort = " ends too soon";

@@ -340,6 +340,21 @@ TEST_F(UserRecoveryTest, BackupsFromElsewhereTakeNothingBack) {
   }
 }
 
+// The files lack what the backup has because it was deleted, which nothing in either of them tells.
+TEST_F(UserRecoveryTest, ABackupFromElsewhereBringsNoDeletedWordBack) {
+  UserStore open = store();
+  std::vector<StoredEntry> found;
+  ASSERT_EQ(open.open(kE, UserAccess::kWrite).code, "");
+  ASSERT_EQ(open.findStored("bee", &found).code, "");
+  ASSERT_EQ(open.remove(found.at(0)).code, "");
+  ASSERT_EQ(open.close().code, "");
+  mark(kE);
+  put("myej.idx.bkup", before_["myej.idx"]);
+  EXPECT_EQ(run(kE).front(), "backups that your English entries don't need were found in " +
+                                 place().folder() + " and moved to myej.idx.bkup.kept-1");
+  EXPECT_EQ(words(kE), Strings{"ant"});
+}
+
 // Neither the files nor the backups can be used: both are named, and both stay.
 TEST_F(UserRecoveryTest, WhereNothingIsWholeNothingIsTouched) {
   for (const auto work :
