@@ -67,7 +67,8 @@ std::vector<StoredEntry> matching(const std::string& word, const std::vector<Use
   for (const UserEntry& entry : entries) {
     const std::string key = keyOf(entry.language, word);
     const bool alike = !key.empty() && keyOf(entry.language, entry.word) == key;
-    if (alike || (!written.empty() && entry.kanji == written)) found.push_back({entry, {}, {}});
+    if (alike || (!written.empty() && wordAsFiled(entry.kanji) == wordAsFiled(written)))
+      found.push_back({entry, {}, {}});
   }
   return found;
 }

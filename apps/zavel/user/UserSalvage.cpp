@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <set>
 
+#include "QueryText.h"
 #include "engine/ChangeMidasi.h"
 #include "engine/DicFormat.h"
 #include "engine/Entry.h"
@@ -37,6 +38,11 @@ bool remainderOf(std::string_view block, size_t rows, size_t row, std::string* r
   const std::string_view text = block.substr(at, end - at);
   *remainder = text.substr(0, text.find('\0'));
   return text.find('\0') != std::string_view::npos;
+}
+
+// The word as the engine has it.
+std::string filedText(const UserEntry& entry) {
+  return storedText(entry.language == UserLanguage::kEnglish ? entry.word : wordAsFiled(entry.word));
 }
 
 class Salvage {
@@ -102,7 +108,7 @@ class Salvage {
   bool readEntry(uint32_t offset, const std::string& key, StoredEntry* stored) {
     if (readText(offset, stored) == 0) return false;
     std::string own;
-    return ChangeMidasi(storedText(stored->entry.word), type(), &own) == kOk && own == key;
+    return ChangeMidasi(filedText(stored->entry), type(), &own) == kOk && own == key;
   }
 
   UserLanguage language_;
@@ -120,7 +126,7 @@ SalvagedEntries salvageEntries(UserLanguage language, const UserPaths& paths) {
 
 std::vector<std::string> headwordsOf(const std::vector<UserEntry>& entries) {
   std::string list;
-  for (const UserEntry& entry : entries) list += storedText(entry.word) + '\0';
+  for (const UserEntry& entry : entries) list += filedText(entry) + '\0';
   std::vector<std::string> words;
   if (list.empty() || RemoveSameMidasi(&list) != kOk) return words;
   for (size_t at = 0; at < list.size(); at = list.find('\0', at) + 1) {

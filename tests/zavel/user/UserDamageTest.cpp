@@ -203,6 +203,16 @@ TEST_F(UserDamage, OneBadMarkKeepsNoOtherWordFromBeingListed) {
   EXPECT_NE(list.err.find("; the entry \"bee\" can't be read\n"), std::string::npos) << list.err;
 }
 
+// Their spelling is not what they are filed under.
+TEST_F(UserDamage, WordsThatAreSpelledOtherwiseAreReadToo) {
+  ASSERT_EQ(user({"add", "時々", "sometimes", "--reading", "ときどき"}).status, 0);
+  put("mykji.ix3", "");
+  const test::Outcome found = user({"find", "時々"});
+  EXPECT_EQ(found.status, 5);
+  EXPECT_EQ(found.out, "1  時々 (ときどき)  sometimes\n");
+  EXPECT_NE(found.err.find("; each of them can be read\n"), std::string::npos) << found.err;
+}
+
 TEST_F(UserDamage, AnExportFromBeforeTheDamageIsNotReplaced) {
   makeSets();
   const std::string words = this->file("words.tsv");
