@@ -16,17 +16,13 @@
 namespace zavel::engine {
 namespace {
 
-size_t RowSize(uint16_t type) {
-  return type == kTypeKji ? kRowCKji : kRowC;
-}
-
 uint16_t LastFileNo(uint16_t type) {
   return type == kTypeKji ? KjiIdxCount() : 0;
 }
 
 // Where the block offset of a row of table C stands.
 uint8_t* OffsetOfRow(uint16_t type, uint16_t fileNo, uint32_t row) {
-  return IndexInfo(type, kSetUser, fileNo)->tableC + kTableHeadC + RowSize(type) * (row + 1) - 4;
+  return BlockOffsetOf(IndexInfo(type, kSetUser, fileNo), type, static_cast<uint16_t>(row));
 }
 
 // The file header of `from` into the new file, where it must come first.
@@ -93,7 +89,7 @@ Status CarryBlocks(Idx3Offsets* list, uint16_t type, FsObj* stream, const Change
 Idx3Offsets ListIdx3Offsets(uint16_t type) {
   Idx3Offsets list;
   for (uint16_t fileNo = 0; fileNo <= LastFileNo(type); ++fileNo) {
-    const uint32_t rows = RowCount(IndexInfo(type, kSetUser, fileNo)->tableC, RowSize(type));
+    const uint32_t rows = RowCount(IndexInfo(type, kSetUser, fileNo)->tableC, RowSizeC(type));
     for (uint32_t row = 0; row < rows; ++row) {
       list.push_back({readLE32(OffsetOfRow(type, fileNo, row)), fileNo});
     }
@@ -120,7 +116,7 @@ Status ReArrangeIdx2_2(const Idx3Offsets& list, uint16_t type) {
 
 Status ChangeIdx1Data(uint32_t offset, uint16_t fileNo, uint32_t row, uint16_t type) {
   const idx_info_ptr* info = IndexInfo(type, kSetUser, fileNo);
-  if (info == nullptr || info->tableC == nullptr || row >= RowCount(info->tableC, RowSize(type)))
+  if (info == nullptr || info->tableC == nullptr || row >= RowCount(info->tableC, RowSizeC(type)))
     return kInternal;
   writeLE32(OffsetOfRow(type, fileNo, row), offset);
   return kOk;

@@ -32,6 +32,10 @@ inline constexpr size_t kRowCKji = 6;     // u8 high, u8 low; u32 offset
 inline constexpr size_t kTableHead = 8;   // u32 size of the rows; u32 file offset of the next table
 inline constexpr size_t kTableHeadC = 4;  // u32 size of the rows
 
+constexpr size_t RowSizeC(uint16_t type) {
+  return type == kTypeKji ? kRowCKji : kRowC;
+}
+
 // Row numbers are u16, and these two mean something else.
 inline constexpr uint16_t kRowNotFound = 0xFFFF;
 inline constexpr uint16_t kRowBad = 0xFFFE;

@@ -52,6 +52,9 @@ uint32_t RowCount(const uint8_t* table, size_t rowSize);
 // kOk if `row` is below the row count of `table`, else kInternal.
 Status AccessCheck(const uint8_t* table, uint16_t row, size_t rowSize);
 
+// Where row `row` of table C holds the offset of its block (u32, low byte first); null for no such row.
+uint8_t* BlockOffsetOf(const idx_info_ptr* info, uint16_t type, uint16_t row);
+
 }  // namespace zavel::engine
 
 #endif

@@ -52,8 +52,7 @@ Table TableB(const idx_info_ptr* info) {
 
 Table TableC(const idx_info_ptr* info, uint16_t type) {
   if (info == nullptr) return Table{};
-  const bool kanji = type == kTypeKji;
-  return MakeTable(info->tableC, kTableHeadC, kanji ? kRowCKji : kRowC, kanji);
+  return MakeTable(info->tableC, kTableHeadC, RowSizeC(type), type == kTypeKji);
 }
 
 bool HasTableB(uint16_t type) {
@@ -166,6 +165,12 @@ bool UserJLoaded() {
 
 uint32_t RowCount(const uint8_t* table, size_t rowSize) {
   return std::min(static_cast<uint32_t>(readLE32(table) / rowSize), kMaxRowCount);
+}
+
+uint8_t* BlockOffsetOf(const idx_info_ptr* info, uint16_t type, uint16_t row) {
+  const size_t size = RowSizeC(type);
+  if (info == nullptr || AccessCheck(info->tableC, row, size) != kOk) return nullptr;
+  return info->tableC + kTableHeadC + size * row + size - 4;
 }
 
 Status AccessCheck(const uint8_t* table, uint16_t row, size_t rowSize) {

@@ -57,9 +57,9 @@ Status RenewIdx1(index_info* info, uint16_t type) {
     return status == kOk ? AddKanjiIdx(info) : status;
   }
   idx_info_ptr* idx = IndexInfo(type, kSetUser, info->fileNo);
-  const size_t rowSize = type == kTypeKji ? kRowCKji : kRowC;
-  if (idx == nullptr || AccessCheck(idx->tableC, info->pos3, rowSize) != kOk) return kInternal;
-  writeLE32(idx->tableC + kTableHeadC + rowSize * info->pos3 + rowSize - 4, info->ix3Offset);
+  uint8_t* const offset = BlockOffsetOf(idx, type, info->pos3);
+  if (offset == nullptr) return kInternal;
+  writeLE32(offset, info->ix3Offset);
   idx->dirty = 1;
   return kOk;
 }

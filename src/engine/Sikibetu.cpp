@@ -14,10 +14,8 @@ namespace {
 
 // The row of table C that `sikibetu` names holds its block's offset.
 bool NamesItsRow(const sikibetu_data& sikibetu, uint16_t type) {
-  const idx_info_ptr* info = IndexInfo(type, kSetUser, 0);
-  if (AccessCheck(info->tableC, sikibetu.pos3, kRowC) != kOk) return false;
-  const uint8_t* row = info->tableC + kTableHeadC + kRowC * sikibetu.pos3;
-  return sikibetu.ix3Offset != kNoBlockUser && readLE32(row + 1) == sikibetu.ix3Offset;
+  const uint8_t* const offset = BlockOffsetOf(IndexInfo(type, kSetUser, 0), type, sikibetu.pos3);
+  return offset != nullptr && sikibetu.ix3Offset != kNoBlockUser && readLE32(offset) == sikibetu.ix3Offset;
 }
 
 // The block that `sikibetu` names is as it says.
