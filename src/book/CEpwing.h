@@ -7,6 +7,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -164,7 +165,7 @@ class CEpwing : public CSSingleDicObject {
   void Fp_InitCustomCharInformation(int slot);
 
   // Pictures and sounds.
-  BookStatus pictureRecord(uint16_t kind, uint16_t number, std::string* record);
+  BookStatus pictureRecord(uint16_t kind, uint16_t number, std::optional<std::string>* record);
   BookStatus monoPicture(const char* tag, char** name, uint16_t* nameLength, char** data, uint32_t* length);
   BookStatus readMonoPicture(const _SDICADDRESS& start, BitmapInfo* info, char** data);
   BookStatus colorPicture(const char* tag, char** name, uint16_t* nameLength, char** data, uint32_t* length);

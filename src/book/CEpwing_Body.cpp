@@ -61,10 +61,8 @@ bool CEpwing::readWord(const _SDICADDRESS& address, uint16_t* word) {
   return true;
 }
 
-// The address alone may be wrong (a failed read), or what stands there may claim too much (broken).
 BookStatus CEpwing::readOut(const _SDICADDRESS& address, uint64_t size, char** bytes) {
-  if (!holds(address, 1)) return kReadFailed;
-  if (size > kLargestData || !holds(address, size)) return kBroken;
+  if (size > kLargestData || !holds(address, size)) return kReadFailed;
   char* const out = allocateOut(static_cast<size_t>(size));
   if (!out) return kOutOfMemory;
   if (!Fp_ReadBook(&address, static_cast<int64_t>(size), out)) {

@@ -167,10 +167,12 @@ class CEpwing::HeadwordWalk {
   // The first marker up to the closing tag is replaced, and the rest ahead of that tag passed over.
   bool replaceMarker() {
     bool found = false;
-    for (uint64_t at = 0; at < kLongestWalk; at += 2) {
-      char span[kMarkerSpan];
+    for (uint64_t at = 0; scanned_ < kLongestWalk; at += 2, scanned_ += 2) {
+      uint16_t word;
+      if (!read(at, &word)) return false;
+      char span[kMarkerSpan] = {};
       const _SDICADDRESS here = further(start_, passed_ + at);
-      if (!book_->Fp_ReadBook(&here, sizeof span, span)) return false;
+      book_->Fp_ReadBook(&here, sizeof span, span);  // at the end of the book as much of it as there is
       if (codeAt(span) == kNoMarkerHere) return true;
       if (codeAt(span) == kTagAuxOff) {
         passed_ += at;
@@ -250,6 +252,7 @@ class CEpwing::HeadwordWalk {
   size_t length_ = 0;
   size_t cut_ = 0;  // where a note begins; 0 for none
   uint64_t passed_ = 0;
+  uint64_t scanned_ = 0;   // bytes looked at for markers, which may be looked at again
   uint16_t previous_ = 0;  // the tag just passed, 0 behind a character
   bool seen_ = false;      // a character that isn't blank
   bool stop_ = false;
@@ -294,9 +297,9 @@ BookStatus CEpwing::Fn_TruncateHeadword(const char* text, char** out, uint32_t c
                     {kTagEmphasisOn, kTagEmphasisOff, true}};
   std::string copy;
   for (uint32_t counted = 0; copy.size() < 256; text += 2) {
-    if (text[0] == '\0') break;
+    if (text[0] == '\0' || text[1] == '\0') break;
     const uint16_t word = codeAt(text);
-    if (word == 0 || (word >= kFirstCharacter && counted++ == characters)) break;
+    if (word >= kFirstCharacter && counted++ == characters) break;
     copy.append(text, 2);
     for (Style& style : styles) style.open = word == style.on || (style.open && word != style.off);
   }

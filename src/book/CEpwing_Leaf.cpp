@@ -12,6 +12,8 @@ namespace {
 constexpr uint16_t kDigitZero = 0x2330;
 constexpr uint16_t kDigitsEnd = 0x233B;
 constexpr size_t kAddress = 6;
+constexpr uint32_t kLongestHeading = 64u
+                                     << 10;  // bytes; a list without line feeds would be walked to its end
 
 _SDICADDRESS addressAt(const uint8_t* bytes) {
   return {readBE32(bytes), readBE16(bytes + 4)};
@@ -191,7 +193,7 @@ int CEpwing::scanSingle(_SDICITEMADDRESS* hit) {
 // The headwords of a group's members stand one behind the other, each ended by a line feed.
 bool CEpwing::passHeading() {
   m_heading = normalised(m_heading);
-  for (;;) {
+  for (uint32_t passed = 0; passed < kLongestHeading; passed += 2) {
     uint16_t word;
     if (!readWord(m_heading, &word)) return false;
     if (m_heading.offset > kBlock - 3) {
@@ -202,6 +204,7 @@ bool CEpwing::passHeading() {
     }
     if (word == kTagLineFeed) return true;
   }
+  return false;
 }
 
 // A key that is a number has nothing here; it would be looked for without end.

@@ -1,6 +1,7 @@
 // Pictures, and where films are. Tests: tests/book/MediaTest.cpp
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <string>
 
 #include "book/Address.h"
@@ -53,8 +54,9 @@ BookStatus CEpwing::copyName(std::string_view text, char** name, uint16_t* nameL
   return kDone;
 }
 
-// The table at the start of the pictures' region, and in it the data of one record; empty where it has none.
-BookStatus CEpwing::pictureRecord(uint16_t kind, uint16_t number, std::string* record) {
+// The table at the start of the pictures' region, and in it the data of one record; nothing where it has
+// none.
+BookStatus CEpwing::pictureRecord(uint16_t kind, uint16_t number, std::optional<std::string>* record) {
   const int entry = Fp_FindBookControlEntry(lowByte(kind));
   if (entry < 0) return kBroken;
   const _SDICADDRESS start = {m_entries[static_cast<size_t>(entry)].start, 0};
@@ -68,7 +70,7 @@ BookStatus CEpwing::pictureRecord(uint16_t kind, uint16_t number, std::string* r
   for (size_t at = 0; at + 4 <= table.size();) {
     const size_t length = readBE16(bytesOf(table) + at + 2);
     if (readBE16(bytesOf(table) + at) == number) {
-      if (length == 0 || at + 4 + length > table.size()) return kBroken;
+      if (at + 4 + length > table.size()) return kBroken;
       *record = table.substr(at + 4, length);
       return kDone;
     }
@@ -97,13 +99,13 @@ BookStatus CEpwing::monoPicture(const char* tag, char** name, uint16_t* nameLeng
   const TagReader reader(tag);
   const auto title = reader.upTo(12, kTagMonoPictureEnd);
   if (!title) return kBroken;
-  std::string record;
+  std::optional<std::string> record;
   const uint16_t number = static_cast<uint16_t>(reader.bcd(2, 2));
   if (const BookStatus status = pictureRecord(kKindMonoPictures, number, &record)) return status;
-  if (record.empty()) return kBroken;
+  if (!record) return kBroken;
   BitmapInfo info{0, kMonoBitmapHeader, reader.bcd(8, 4), reader.bcd(4, 4), 1, 0, 0};
-  const uint8_t* const fields = bytesOf(record);
-  if (record.size() < kMonoRecord || readBE16(fields) != kMonoMark ||
+  const uint8_t* const fields = bytesOf(*record);
+  if (record->size() < kMonoRecord || readBE16(fields) != kMonoMark ||
       !dotsPerMetre(fields + 4, &info.xPerMetre) || !dotsPerMetre(fields + 7, &info.yPerMetre))
     return kUnsupportedMedia;
   const _SDICADDRESS at = reader.address(12 + title->size() + 2);
@@ -120,7 +122,7 @@ BookStatus CEpwing::readMonoPicture(const _SDICADDRESS& start, BitmapInfo* info,
   const uint64_t rowBytes = (uint64_t{info->width} + 7) / 8;
   const uint64_t stride = (uint64_t{info->width} + 31) / 8 / 4 * 4;
   const uint64_t size = stride * info->height + kMonoBitmapHeader;
-  if (size > kLargestStream || !holds(normalised(start), rowBytes * info->height)) return kBroken;
+  if (size > kLargestStream || !holds(normalised(start), rowBytes * info->height)) return kReadFailed;
   char* const out = allocateOut(static_cast<size_t>(size));
   if (!out) return kOutOfMemory;
   info->fileSize = static_cast<uint32_t>(size);
@@ -144,11 +146,11 @@ BookStatus CEpwing::colorPicture(const char* tag, char** name, uint16_t* nameLen
   const bool inText = reader.word(0) == kTagColorPictureInText;
   const auto title = reader.upTo(20, inText ? kTagColorPictureInTextEnd : kTagColorPictureEnd);
   if (!title) return kBroken;
-  std::string record;
+  std::optional<std::string> record;
   if (const BookStatus status = pictureRecord(kKindColorPictures, reader.word(4), &record)) return status;
-  if (!record.empty()) {
-    const uint8_t* const fields = bytesOf(record);
-    if (record.size() < kColorRecord || readBE16(fields) != kColorMark || fields[2] < 0x11 ||
+  if (record) {
+    const uint8_t* const fields = bytesOf(*record);
+    if (record->size() < kColorRecord || readBE16(fields) != kColorMark || fields[2] < 0x11 ||
         fields[2] > 0x13 || (fields[3] != 0 && fields[3] != 2 && fields[3] != 3))
       return kUnsupportedMedia;
   }

@@ -35,6 +35,14 @@ BookStatus guarded(void* handle, Call&& call) noexcept {
   }
 }
 
+char* iconOf(const char* path, bool large) noexcept {
+  try {
+    return zavel::book::GFnGetDicIconBitmap(path, large);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
+
 }  // namespace
 
 uint32_t SDicOpenDictionary(const char* path, void** handle, const char* altDir, bool keepMissingSound,
@@ -230,10 +238,8 @@ uint32_t SDicSetKillCompare(void* handle, bool kill) {
 }
 
 uint32_t SDicGetDicIconInformation(const char* path, char** large, char** small) {
-  if (large) *large = nullptr;
-  if (small) *small = nullptr;
-  if (large) *large = zavel::book::GFnGetDicIconBitmap(path, true);
-  if (small) *small = zavel::book::GFnGetDicIconBitmap(path, false);
+  if (large) *large = iconOf(path, true);
+  if (small) *small = iconOf(path, false);
   if ((!large || *large) && (!small || *small)) return kDone;
   if (large) std::free(std::exchange(*large, nullptr));
   if (small) std::free(std::exchange(*small, nullptr));
