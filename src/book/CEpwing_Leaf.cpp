@@ -185,7 +185,7 @@ int CEpwing::scanSingle(_SDICITEMADDRESS* hit) {
   hit->body = addressAt(record.behind);
   hit->headword = behind == kLongTrailer ? addressAt(record.behind + kAddress) : hit->body;
   m_groupMiss = 1;
-  // kept: only groups of multi searches ask without flags whether to go on (docs/quirks.md)
+  // In groups of multi searches nothing is passed over; the key has nothing of that kind any more anyhow.
   return judge(named ? m_searchKey.data() : m_rawKey.data(), record,
                m_scanState == 8 ? 0u : uint32_t{kSkipInKey});
 }
