@@ -168,6 +168,29 @@ TEST(ReadBook, NormalisesOffsets) {
   EXPECT_EQ(book.read(0xFFFFFFFF, 2048, 1), "8004100D");
 }
 
+// As long as nothing was read: the text goes on in block 1.
+TEST(ReadBook, TakesBlock0ForZeroesAtFirst) {
+  BookWriter writer;
+  writer.region(0, 1, padded(be16(0x2341) + be16(0x1F03)));
+  OpenBook book(writer);
+  EXPECT_EQ(book.headword(0, 2000), be16(0x2341) + std::string(2, '\0'));
+  EXPECT_EQ(book.headword(0, 2000), "8004100D");  // the place holds another set now
+  EXPECT_EQ(book.read(0, 0, 1), "8004100D");
+}
+
+TEST(ReadBook, HoldsNothingWhereASetFailed) {
+  BookWriter writer;
+  std::string file = blockSetFile(numbered(32));
+  file.replace(68, 4, be32(0x7FFFFFFF));  // where the second set would be
+  writer.file("two", file);
+  writer.record({.kind = 0, .start = 5, .end = 36, .flags = std::string(4, '\0'), .name = "two"});
+  OpenBook book(writer);
+  EXPECT_EQ(book.read(6, 0, 1), "B");
+  EXPECT_EQ(book.read(21, 0, 1), "8004100D");
+  EXPECT_EQ(book.read(6, 0, 1), "B");
+  EXPECT_EQ(book.read(20, 2047, 2), "8004100D");
+}
+
 TEST(ReadBook, FailsOutsideTheRegions) {
   OpenBook book(BookWriter().region(0, 5, numbered(2)));
   EXPECT_EQ(book.read(4, 0, 1), "8004100D");

@@ -137,6 +137,26 @@ TEST(BodyLength, FailsWhereTheTextHasNoEnd) {
   EXPECT_EQ(book.body(1, 0), "8004100D");
 }
 
+// Texts of more than 64 MiB have no end. Films' tags make the way short.
+TEST(BodyLength, EndsTheWalkOfATextWithoutEnd) {
+  const auto film = [](uint32_t sets) {
+    std::string codes, file(64, '\0');
+    for (int i = 0; i < 16384; ++i) codes += code(0, 0, 0x1F) + code(0, 0, 0x39);
+    for (uint32_t i = 0; i < sets; ++i) file += be32(64 + 4 * sets + 4);
+    const std::string set = blockSet(0, codes);
+    file += be32(static_cast<uint32_t>(64 + 4 * sets + 4 + set.size()));  // the last set: ends of texts
+    std::string ends;
+    for (int i = 0; i < 100; ++i) ends += code(0, 0, 0x1F) + code(0, 0, 0x03);
+    BookWriter writer;
+    writer.file("film", file + set + blockSet(0, ends));
+    writer.record(
+        {.kind = 0, .start = 1, .end = sets * 16 + 16, .flags = std::string(4, '\0'), .name = "film"});
+    return OpenBook(writer).body(1, 0).size();
+  };
+  EXPECT_GT(film(100), 100u * 32768);
+  EXPECT_EQ(film(2100), 8u);  // "8004100D"
+}
+
 TEST(Body, CrossesBlocksAndSets) {
   std::string text(32760, '\x23');
   text += words({0x1F0A, 0x1F12, 0x2341, 0x2342, 0x2343, 0x1F03, 0x2344});

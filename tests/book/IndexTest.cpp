@@ -355,6 +355,19 @@ TEST(KeywordGroups, EndWhereTheListCantBeRead) {
   EXPECT_EQ(book.search("▲a"), "ok:");
 }
 
+// Headwords of 64 KiB come to no line feed.
+TEST(KeywordGroups, EndAtAHeadwordWithoutEnd) {
+  IndexBlock leaf(0xF0);
+  leaf.record(head(jis("a"), 4) + place(20, 0)).record("\xC0" + at(2));
+  const auto found = [&](size_t headword) {
+    BookWriter writer = withIndex(0x80, leaf.bytes());
+    writer.region(0x05, 20, std::string(headword, '!') + be16(0x1F0A));
+    return OpenBook(writer).search("▲a");
+  };
+  EXPECT_EQ(found(65534), "ok: 1/2");
+  EXPECT_EQ(found(65536), "ok:");
+}
+
 // Six passes, one for each vowel that the mark may stand for, and a seventh sound that the design carries.
 TEST(Backward, TakesALeadingLongMarkForEachVowel) {
   // Entries are reversed: what is typed "ーき" stands as "き" and what the mark is.

@@ -126,6 +126,26 @@ TEST(NextEntry, IsNoneBehindTheBodysLastBlock) {
   EXPECT_EQ(book.zenbunNext(1, 2040), kNoFurther);
 }
 
+// 64 MiB of zeroes between entries, either way, are more than a book has.
+TEST(Zenbun, GivesUpInAGapWithoutEnd) {
+  const auto nameless = [](uint32_t sets) {
+    const uint32_t table = 64 + 4 * sets;
+    const std::string empty = blockSet(0, "");
+    std::string codes, file(64, '\0');
+    for (const char byte : words({0x1F41, 1, 0x2341, 0x2342, 0x1F03}))
+      codes += code(0, 0, static_cast<uint8_t>(byte));
+    for (uint32_t i = 0; i < sets; ++i)
+      file += be32(i == 0 || i + 1 == sets ? table + static_cast<uint32_t>(empty.size()) : table);
+    BookWriter writer;
+    writer.file("gap", file + empty + blockSet(0, codes));
+    writer.record({.kind = 0, .start = 1, .end = sets * 16, .flags = std::string(4, '\0'), .name = "gap"});
+    Book book(writer);
+    return book.zenbunNext(1, 0) + " " + book.zenbunPrev(sets * 16 - 15, 0);
+  };
+  EXPECT_EQ(nameless(3), "33/0 1/0");
+  EXPECT_EQ(nameless(2100), "8004100E 8004100E");
+}
+
 // Two texts of two entries: 2, 28, the end at 54; zeroes; then 102, 128.
 std::string twoTexts() {
   const std::string text = Text().begin().entry("AB", "CD").entry("EF", "GH").end().bytes();
