@@ -1,0 +1,23 @@
+// Reads a whole book back as a host does, and compares it with its source.
+#ifndef MKBOOK_VERIFYBOOK_H
+#define MKBOOK_VERIFYBOOK_H
+
+#include <string>
+
+#include "mkbook/BookSource.h"
+#include "mkdict/Faults.h"
+#include "mkdict/Progress.h"
+#include "mkdict/Summary.h"
+
+namespace zavel::mkbook {
+
+// Walks from entry to entry of the book in `folder` and compares each with the source's: headword, text,
+// indents, emphasis, and where references lead; then asks for each word of each entry as it is typed, which
+// must lead to the entry. What differs goes into *faults, with the entry's number for an offset. Throws
+// Failure for a book that can't be opened. False when `progress` was cancelled.
+bool verifyBook(const BookSource& source, const std::string& folder, mkdict::Progress& progress,
+                mkdict::Summary* summary, mkdict::Faults* faults);
+
+}  // namespace zavel::mkbook
+
+#endif
