@@ -1,4 +1,4 @@
-// Tests: tests/mkbook/BookFolderTest.cpp
+// Tests: tests/mkbook/BuildTest.cpp
 #include "mkbook/BookFolder.h"
 
 #include <unistd.h>

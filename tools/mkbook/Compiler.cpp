@@ -1,4 +1,4 @@
-// Tests: tests/mkbook/CompilerTest.cpp
+// Tests: tests/mkbook/BuildTest.cpp
 #include "mkbook/Compiler.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Tests: tests/mkbook/VerifyTest.cpp
+// Tests: tests/mkbook/BuildTest.cpp
 #include "mkbook/VerifyBook.h"
 
 #include <algorithm>

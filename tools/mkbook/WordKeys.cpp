@@ -1,4 +1,4 @@
-// Tests: tests/mkbook/CompilerTest.cpp
+// Tests: tests/mkbook/BuildTest.cpp
 #include "mkbook/WordKeys.h"
 
 #include "book/BookFormat.h"
