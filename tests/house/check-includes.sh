@@ -31,7 +31,7 @@ for room in "${!may[@]}"; do
     if [[ "$include" == *'"'* && "$target" != */* ]]; then
       echo "$file:$line: include \"$target\" must name its folder"
       status=1
-    elif [[ "$target" == base/* || "$target" == loop/* || "$target" == desktop/* || "$target" == zavel/* || "$target" == mkdict/* ]]; then
+    elif [[ "$target" == base/* || "$target" == loop/* || "$target" == desktop/* || "$target" == zavel/* || "$target" == mkdict/* || "$target" == mkbook/* ]]; then
       echo "$file:$line: src/$room may not include the port or a host: $target"
       status=1
     elif [[ "$folder" =~ ^($rooms)$ && "$folder" != "$room" && " ${may[$room]} " != *" $folder "* ]]; then

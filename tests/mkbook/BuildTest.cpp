@@ -286,6 +286,44 @@ TEST_F(Build, LeavesNothingBehindWhenItFails) {
   }
 }
 
+// Whatever operation of the disk fails, once or from then on: the old book or the new one, each of them
+// whole.
+TEST_F(Build, KeepsTheOldBookWhenTheDiskFails) {
+  const auto all = [this] {
+    std::string out;
+    for (const std::string& name : bookFileNames()) out += name + read(name);
+    return out;
+  };
+  EXPECT_EQ(run().status, 0);
+  const std::string old = all();
+  options_.title = "New";
+  options_.target = folder_.file("new");
+  EXPECT_EQ(run().status, 0);
+  const std::string renewed = all();
+  options_.target = folder_.file("book");
+  for (const auto repeat : {test::FaultyStorage::kOnce, test::FaultyStorage::kForEver}) {
+    long faults = 1;
+    for (long n = 1; faults > 0; ++n) {
+      options_.title = "Small Words";
+      ASSERT_EQ(run().status, 0);
+      options_.title = "New";
+      mkdict::Outcome outcome;
+      {
+        test::FaultyStorage disk;
+        disk.failAt(n, repeat);
+        outcome = run();
+        faults = disk.faults();
+      }
+      const std::string now = all();
+      EXPECT_TRUE(now == old || now == renewed) << n;
+      EXPECT_TRUE(outcome.status == 0 ? now == renewed : outcome.status == 3 || outcome.status == 5) << n;
+      if (outcome.hint.starts_with("What stood there before is unchanged")) {
+        EXPECT_EQ(now, old) << n;
+      }
+    }
+  }
+}
+
 TEST_F(Build, StopsWhenItIsTold) {
   EXPECT_EQ(run().status, 0);
   const std::string before = read(kCatalogFile);

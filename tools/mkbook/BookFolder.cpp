@@ -89,24 +89,28 @@ void BookFolder::write(const std::string& name, std::string_view bytes) const {
     throw writeFailure("writing " + path(name));
 }
 
-// Where an older book stands the two folders change places, in one step where the system can.
+// Two renames, where the system can't let two folders change places in one step.
+void BookFolder::swapByRenaming() const {
+  const std::string aside = target_ + ".old-" + std::to_string(::getpid());
+  if (!storage().rename(target_, aside)) throw writeFailure("putting the book in place as " + target_);
+  if (!storage().rename(partial_, target_)) {
+    const Failure failure = writeFailure("putting the book in place as " + target_);
+    if (storage().rename(aside, target_)) throw failure;
+    throw Failure(failure.status(), failure.code(), failure.what(),
+                  "What stood there before is now " + aside + "; give it its name back.");
+  }
+  removeBook(aside);
+}
+
 void BookFolder::putInPlace() {
   errno = 0;
   if (!storage().syncFolder(partial_)) throw writeFailure("putting " + partial_ + " on the disk");
-  const std::string aside = target_ + ".old-" + std::to_string(::getpid());
   if (!storage().isFolder(target_)) {
     if (!storage().rename(partial_, target_)) throw writeFailure("putting the book in place as " + target_);
   } else if (storage().exchange(partial_, target_)) {
     removeBook(partial_);
   } else {
-    if (!storage().rename(target_, aside)) throw writeFailure("putting the book in place as " + target_);
-    if (!storage().rename(partial_, target_)) {
-      const int reason = errno;
-      storage().rename(aside, target_);
-      errno = reason;
-      throw writeFailure("putting the book in place as " + target_);
-    }
-    removeBook(aside);
+    swapByRenaming();
   }
   unfinished_ = false;
   if (!storage().syncFolder(fs::path(target_).parent_path().string()))

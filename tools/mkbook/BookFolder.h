@@ -40,6 +40,7 @@ class BookFolder {
 
  private:
   void check() const;
+  void swapByRenaming() const;
 
   std::string target_;   // absolute
   std::string partial_;  // the folder being filled

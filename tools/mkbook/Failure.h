@@ -14,7 +14,7 @@ namespace zavel::mkbook {
 class Failure : public std::runtime_error {
  public:
   // `status` as in mkdict/ExitStatus.h; `code` for programs, such as "missing_input"; `hint` says what to do.
-  Failure(int status, const char* code, const std::string& message, const std::string& hint)
+  Failure(int status, const std::string& code, const std::string& message, const std::string& hint)
       : std::runtime_error(message), status_(status), code_(code), hint_(hint) {}
 
   int status() const { return status_; }
