@@ -128,9 +128,10 @@ BookStatus CEpwing::readMonoPicture(const _SDICADDRESS& start, BitmapInfo* info,
   info->fileSize = static_cast<uint32_t>(size);
   writeBitmapHeader(*info, out);
   writePalette(kWhiteBlack, out);
-  for (uint64_t row = 0; row < info->height; ++row) {
+  const uint64_t rows = rowBytes > 0 ? info->height : 0;  // a height alone may be anything
+  for (uint64_t row = 0; row < rows; ++row) {
     const _SDICADDRESS at = further(start, row * rowBytes);
-    char* const to = out + kMonoBitmapHeader + (info->height - 1 - row) * stride;
+    char* const to = out + kMonoBitmapHeader + (rows - 1 - row) * stride;
     if (!Fp_ReadBook(&at, static_cast<int64_t>(rowBytes), to)) {
       std::free(out);
       return kReadFailed;

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <ctime>
+
 #include "OpenBook.h"
 #include "Words.h"
 
@@ -156,7 +158,13 @@ TEST(MonoPicture, IsReadOrNothing) {
   EXPECT_EQ(picture(book, monoTag(1, 8, 1, "", 1, 2047)).code, "00000000");
   EXPECT_EQ(picture(book, monoTag(1, 8, 2, "", 1, 2047)).code, "8004100D");
   EXPECT_EQ(picture(book, monoTag(1, 99999999, 99999999, "", 1, 0)).code, "8004100D");
+}
+
+TEST(MonoPicture, WithoutWidthTakesNoTimeForItsRows) {
+  OpenBook book(monoBook(record(1, resolution(0, 1, 0, 1))));
+  const std::clock_t begin = std::clock();
   EXPECT_EQ(picture(book, monoTag(1, 0, 99999999, "", 1, 0)).data.size(), 62u);
+  EXPECT_LT(std::clock() - begin, CLOCKS_PER_SEC / 10);
 }
 
 TEST(Picture, IsOfATagForOne) {
