@@ -29,6 +29,9 @@ constexpr const char* kDefaultName = "\xCA\xA3\xB9\xE7\xB8\xA1\xBA\xF7%d";
 // Entries and sub-entries of all definitions. They come from the book: what has more has none.
 constexpr size_t kMostRecords = 65536;
 
+// Definitions: each has its name looked for in the publisher's file.
+constexpr uint16_t kMostForms = 1024;
+
 constexpr int kDeepestChoice = 64;
 constexpr int kMostChoices = 65536;
 constexpr int kLongestChoice = 4096;  // bytes up to the tag that ends its name
@@ -104,10 +107,11 @@ class CEpwing::ChoiceReader {
 };
 
 void CEpwing::Fp_AddMultiSearch(const _EPBOOKCONTROLENTRY& entry) {
+  if (m_multiCount >= kMostForms) return;
   auto block = std::make_unique<_EPMULTISEARCHBLOCK>();
   block->index = static_cast<int16_t>(m_multiCount);
-  Fp_ConstructMultiSearchName(block.get());
   if (!readMultiSearch(entry.start, block.get())) return;
+  Fp_ConstructMultiSearchName(block.get());
   if (foundation::avlt_add(&m_multiTree, block.get(), Fp_CompareMultiBlockIdx) == foundation::kAvltAdded)
     block.release();
   m_multiCount = static_cast<uint16_t>(foundation::avlt_renumber(m_multiTree) + 1);

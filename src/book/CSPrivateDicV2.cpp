@@ -20,6 +20,7 @@ namespace {
 constexpr const char* kInfoFile = "EXINFO.INI";
 constexpr const char* kInfoSection = "GENERAL";
 constexpr size_t kInfoText = 256;
+constexpr int64_t kLargestInfo = 64 << 10;  // it is read once for each form of the book
 
 // Two books whose catalogs name them wrongly. Titles are Shift_JIS.
 constexpr uint32_t kRetitledBook = 0x59;
@@ -54,6 +55,16 @@ bool staysBelow(std::string_view name) {
 
 std::unique_ptr<StorageFile> openFile(const std::string& folder, const std::string& name) {
   return storage().open(folder + "/" + name, OpenMode::kRead);
+}
+
+// One value of the publisher's file, cut to the buffer. False when it isn't told.
+bool readInfo(const std::string& folder, const char* key, char* out, size_t size) {
+  out[0] = '\0';
+  const std::unique_ptr<StorageFile> file = openFile(folder, kInfoFile);
+  const int64_t length = file ? file->size() : -1;
+  if (length < 0 || length > kLargestInfo) return false;
+  const std::string path = folder + "/" + kInfoFile;
+  return foundation::ECGetString(kInfoSection, key, nullptr, out, size, path.c_str()) == 0;
 }
 
 // A folder opens and can't be read.
@@ -203,19 +214,16 @@ void CSPrivateDicV2::addRegion(const Record& record) {
 }
 
 void CSPrivateDicV2::readPublisher() {
-  const std::string path = m_bookDir + "/" + kInfoFile;
   char text[kInfoText];
-  if (foundation::ECGetString(kInfoSection, "SRCINFO", nullptr, text, sizeof text, path.c_str()) == 0)
-    m_publisherInfo = text;
-  if (foundation::ECGetString(kInfoSection, "SRCVER", nullptr, text, sizeof text, path.c_str()) == 0)
+  if (readInfo(m_bookDir, "SRCINFO", text, sizeof text)) m_publisherInfo = text;
+  if (readInfo(m_bookDir, "SRCVER", text, sizeof text))
     m_publisherVersion = static_cast<int32_t>(std::strtol(text, nullptr, 10));
 }
 
 void CSPrivateDicV2::Fp_ConstructMultiSearchName(_EPMULTISEARCHBLOCK* block) {
   char key[16];
   std::snprintf(key, sizeof key, "MUL%XNAME", static_cast<unsigned>(block->index));
-  const std::string path = m_bookDir + "/" + kInfoFile;
-  foundation::ECGetString(kInfoSection, key, nullptr, block->name, sizeof block->name, path.c_str());
+  readInfo(m_bookDir, key, block->name, sizeof block->name);
   if (block->name[0] == '\0') CEpwing::Fp_ConstructMultiSearchName(block);
 }
 

@@ -2,6 +2,7 @@
 
 #include "OpenBook.h"
 #include "Words.h"
+#include "support/SmallBook.h"
 
 namespace zavel::book {
 namespace {
@@ -186,6 +187,26 @@ TEST(MultiSearch, BoundsFieldsOfAllDefinitions) {
   OpenBook book(writer);
   EXPECT_EQ(countOf(book), "1");
   EXPECT_EQ(entriesOf(book, 0), "255");
+}
+
+TEST(MultiSearch, BoundsForms) {
+  const TempFolder folder;
+  folder.write("r1", packed("body"));
+  folder.write("form", packed(form({})));
+  folder.write("EXINFO.INI", "[GENERAL]\nMUL3FFNAME=Last\n");
+  BookWriter writer;
+  writer.record({.kind = 0, .start = 1, .end = 1, .flags = std::string(4, '\0'), .name = "r1"});
+  for (uint32_t i = 0; i < 1100; ++i)
+    writer.record(
+        {.kind = 0xFF, .start = 2 + i, .end = 2 + i, .flags = std::string(4, '\0'), .name = "form"});
+  OpenBook book(writer);
+  EXPECT_EQ(book.status, 0x80041006u);  // none of its files
+  SDicCloseDictionary(book.handle);
+  book.handle = nullptr;
+  const std::string path = writer.write(folder);
+  ASSERT_EQ(SDicOpenDictionary(path.c_str(), &book.handle, nullptr, false, false), 0u);
+  EXPECT_EQ(countOf(book), "1024");
+  EXPECT_EQ(nameOf(book, 1023), "Last");
 }
 
 TEST(MultiSearch, ShowsAtMost255Fields) {
