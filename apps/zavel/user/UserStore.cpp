@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <chrono>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
 #include <unordered_set>
 #include <utility>
 
@@ -14,12 +16,13 @@
 #include "Places.h"
 #include "QueryText.h"
 #include "engine/ChangeMidasi.h"
+#include "engine/DicFormat.h"
 #include "engine/EngineStatus.h"
 #include "engine/Shim.h"
-#include "foundation/ByteReader.h"
 #include "foundation/Storage.h"
 #include "user/UserMarker.h"
 #include "user/UserRecovery.h"
+#include "user/UserRows.h"
 #include "user/UserStatus.h"
 #include "user/UserText.h"
 
@@ -29,7 +32,6 @@ namespace {
 using engine::kOk;
 
 constexpr size_t kLongestPrefix = 1000;  // bytes; file names come behind it
-constexpr unsigned char kSeparator = 0x1B;
 
 std::string takeBytes(Handle list) {
   if (!list) return {};
@@ -37,24 +39,6 @@ std::string takeBytes(Handle list) {
   GlobalUnlock(list);
   GlobalFree(list);
   return bytes;
-}
-
-// Readings out of the texts of a search: the headword line of each has reading, separator, written form.
-std::vector<std::string> readingsIn(std::string_view block) {
-  std::vector<std::string> readings;
-  while (block.size() > 4) {
-    const uint32_t length = readLE32(reinterpret_cast<const uint8_t*>(block.data()));
-    const std::string_view text = block.substr(4, length);
-    const std::string_view line = text.substr(0, text.find('\n'));
-    const size_t end = line.find(static_cast<char>(kSeparator));
-    if (line.size() > 2)
-      readings.push_back(
-          textOfStored(std::string(line.substr(2, end == std::string_view::npos ? end : end - 2))));
-    block.remove_prefix(std::min<size_t>(block.size(), size_t{4} + length));
-  }
-  std::sort(readings.begin(), readings.end());
-  readings.erase(std::unique(readings.begin(), readings.end()), readings.end());
-  return readings;
 }
 
 std::string keyOfKanji(const std::string& written) {
@@ -103,6 +87,12 @@ Failure UserStore::open(UserLanguage language, UserAccess access) {
 
 // None where there really is nothing.
 Failure UserStore::unreadable() const {
+  std::error_code error;
+  const auto there = std::filesystem::status(place_.folder(), error);
+  if (std::filesystem::exists(there) && !std::filesystem::is_directory(there)) {
+    return {kExitEnvironment, "unreadable", place_.folder() + " is no folder; your entries stand in one",
+            "Give what is there another name."};
+  }
   if (::access(place_.folder().c_str(), R_OK | X_OK) == 0 || errno == ENOENT) return {};
   return {kExitEnvironment, "unreadable",
           "the folder " + place_.folder() + " can't be read: " + std::strerror(errno),
@@ -220,26 +210,25 @@ Failure UserStore::findStored(const std::string& word, std::vector<StoredEntry>*
   uint16_t count = 0;
   Handle list = nullptr;
   const std::string sjis = storedText(english() ? word : wordAsFiled(word));
-  const uint16_t status = english() ? SerchUserDicE(sjis.c_str(), nullptr, &count, &list)
-                                    : SerchUserDicJ(sjis.c_str(), nullptr, &count, &list);
-  const std::string bytes = takeBytes(list);
+  uint16_t status = english() ? SerchUserDicE(sjis.c_str(), nullptr, &count, &list)
+                              : SerchUserDicJ(sjis.c_str(), nullptr, &count, &list);
+  std::string bytes = takeBytes(list);
+  // Of a word shorter than its prefix the engine gives no more, whatever there is.
+  if (status == kOk && count == engine::kMaxRows) status = serialEntriesOf(language_, sjis, &bytes, &count);
   if (status != kOk) return searchFailure(status, "searching \"" + word + "\"");
   return readSerial(bytes, count, language_, found) ? Failure{} : failureOf(engine::kInternal, "searching");
 }
 
-// The engine gives entries with their places by reading alone: the readings are looked up first.
+// Entries stand with their places in the index of readings alone: the readings are looked up first.
 Failure UserStore::findByKanji(const std::string& word, std::vector<StoredEntry>* found) {
-  if (!session_) return {};
-  uint32_t size = 0;
-  Handle list = nullptr;
-  std::string sjis = storedText(wordAsFiled(word));
-  const uint16_t status = SerchImiJ(sjis.data(), nullptr, 0, &size, &list, 2);
-  const std::string bytes = takeBytes(list);
-  if (status != kOk) return searchFailure(status, "searching \"" + word + "\"");
   const std::string key = keyOfKanji(word);
-  for (const std::string& reading : readingsIn(bytes)) {
+  if (!session_ || key.empty()) return {};
+  std::vector<std::string> readings;
+  const uint16_t status = readingsOf(storedText(wordAsFiled(word)), &readings);
+  if (status != kOk) return searchFailure(status, "searching \"" + word + "\"");
+  for (const std::string& reading : readings) {
     std::vector<StoredEntry> all;
-    if (Failure failure = findStored(reading, &all)) return failure;
+    if (Failure failure = findStored(textOfStored(reading), &all)) return failure;
     for (StoredEntry& stored : all) {
       if (!stored.entry.kanji.empty() && keyOfKanji(stored.entry.kanji) == key)
         found->push_back(std::move(stored));
@@ -287,6 +276,10 @@ Failure UserStore::remove(const StoredEntry& old) {
   changed_ = true;
   const uint16_t status = english() ? DelUserDicE(&old.place) : DelUserDicJ(&old.place, &old.kanji);
   return failureOf(status, "deleting \"" + old.entry.title() + "\"");
+}
+
+Failure UserStore::findAgain(StoredEntry* stored) const {
+  return searchFailure(findPlace(stored), "searching \"" + stored->entry.title() + "\"");
 }
 
 Failure UserStore::arrange() {

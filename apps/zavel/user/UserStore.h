@@ -47,7 +47,7 @@ class UserStore {
   // written form.
   Failure find(const std::string& word, std::vector<StoredEntry>* found);
 
-  // Entries of exactly this word, as stored.
+  // Entries filed with this word, as stored, however many there are.
   Failure findStored(const std::string& word, std::vector<StoredEntry>* found);
 
   // Whether the files belong together, as far as that shows without taking each entry apart. open() has
@@ -68,6 +68,8 @@ class UserStore {
   Failure add(const UserEntry& entry);
   Failure replace(const StoredEntry& old, const UserEntry& entry);
   Failure remove(const StoredEntry& old);
+  // Finds an entry anew that was found in this session.
+  Failure findAgain(StoredEntry* stored) const;
   // Where this fails, the entries are as they were before, and the session is over.
   Failure arrange();
 

@@ -83,6 +83,64 @@ TEST_F(UserStoreTest, JapaneseEntriesAreFoundByReadingAndByKanji) {
   EXPECT_EQ(find(kJ, "猫"), std::vector<UserEntry>{});
 }
 
+// The engine's searches end at the fiftieth of a word that is shorter than what its index goes by.
+TEST_F(UserStoreTest, AShortWordHasAllItsEntries) {
+  std::vector<UserEntry> english, japanese;
+  for (int i = 0; i < 120; ++i) {
+    english.push_back(this->english(i % 2 ? "go" : "GO", "意味" + std::to_string(i)));
+    japanese.push_back(this->japanese("き", "木"));
+    japanese.back().meaning = "tree " + std::to_string(i);
+  }
+  ASSERT_EQ(add(english), "");
+  ASSERT_EQ(add(japanese), "");
+  EXPECT_EQ(find(kE, "go"), english);
+  EXPECT_EQ(find(kJ, "き"), japanese);
+  EXPECT_EQ(find(kJ, "木"), japanese);
+
+  for (const UserLanguage language : {kE, kJ}) {
+    UserStore open = store();
+    std::vector<UserEntry> all;
+    EXPECT_EQ(open.readAll(open.open(language, UserAccess::kRead), &all).code, "");
+    EXPECT_EQ(all.size(), 120u);
+  }
+}
+
+TEST_F(UserStoreTest, EntriesBehindTheFiftiethAreChangedAndDeleted) {
+  std::vector<UserEntry> entries;
+  for (int i = 0; i < 60; ++i) {
+    entries.push_back(japanese("き", "木"));
+    entries.back().meaning = "tree " + std::to_string(i);
+  }
+  ASSERT_EQ(add(entries), "");
+  UserStore open = store();
+  std::vector<StoredEntry> found;
+  ASSERT_EQ(open.open(kJ, UserAccess::kWrite).code, "");
+  ASSERT_EQ(open.findStored("き", &found).code, "");
+  ASSERT_EQ(found.size(), 60u);
+  ASSERT_EQ(open.remove(found[59]).code, "");
+  EXPECT_EQ(open.remove(found[58]).code, "refused");  // its neighbour is gone
+  ASSERT_EQ(open.findAgain(&found[58]).code, "");
+  ASSERT_EQ(open.remove(found[58]).code, "");
+  EXPECT_EQ(open.findAgain(&found[58]).code, "refused");
+  UserEntry changed = entries[57];
+  changed.meaning = "wood";
+  ASSERT_EQ(open.findAgain(&found[57]).code, "");
+  ASSERT_EQ(open.replace(found[57], changed).code, "");
+  ASSERT_EQ(open.close().code, "");
+  entries.resize(58);
+  entries[57] = changed;
+  EXPECT_EQ(find(kJ, "木"), entries);
+}
+
+// Both readings are filed under the same kana.
+TEST_F(UserStoreTest, EntriesOfOneWrittenFormComeOnceEach) {
+  const std::vector<UserEntry> dogs = {japanese("いぬ", "犬"), japanese("イヌ", "犬"),
+                                       japanese("いヌ", "犬")};
+  ASSERT_EQ(add(dogs), "");
+  EXPECT_EQ(find(kJ, "犬"), dogs);
+  EXPECT_EQ(find(kJ, "いぬ"), dogs);
+}
+
 TEST_F(UserStoreTest, ReplacingGoesOverToAnotherKeyAndAnotherForm) {
   ASSERT_EQ(add({kRich, english("bank", "土手")}), "");
   UserEntry shore = kRich;
