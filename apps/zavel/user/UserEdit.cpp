@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <optional>
 
 #include "Interrupt.h"
@@ -24,6 +25,7 @@ namespace zavel::host {
 namespace {
 
 constexpr size_t kLongestForm = 1 << 20;
+constexpr int kInterrupt = 128 + SIGINT;  // as exit statuses have it
 
 std::string editor() {
   for (const char* name : {"VISUAL", "EDITOR"}) {
@@ -33,9 +35,18 @@ std::string editor() {
   return "editor";
 }
 
-// Runs the editor on a file and waits. False when it could not be run, said that it failed, or is not awaited
-// any longer because of a signal to this process.
-bool runEditor(const std::string& file) {
+enum class Edited { kDone, kFailed, kInterrupted };
+
+// How the editor ended: interrupted also where a shell that ran it says so.
+Edited endOf(int status) {
+  if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return Edited::kDone;
+  const bool interrupt = WIFSIGNALED(status) ? WTERMSIG(status) == SIGINT : WEXITSTATUS(status) == kInterrupt;
+  return interrupt ? Edited::kInterrupted : Edited::kFailed;
+}
+
+// Runs the editor on a file and waits. Failed when it could not be run or said so; interrupted also when it
+// is not awaited any longer because of a signal to this process.
+Edited runEditor(const std::string& file) {
   const std::string command = editor() + " \"$1\"";
   const pid_t child = fork();
   if (child == 0) {
@@ -43,7 +54,7 @@ bool runEditor(const std::string& file) {
     execl("/bin/sh", "sh", "-c", command.c_str(), "sh", file.c_str(), static_cast<char*>(nullptr));
     _exit(127);
   }
-  if (child < 0) return false;
+  if (child < 0) return Edited::kFailed;
   // Keys that mean something to the editor are not for this process.
   struct sigaction ignore = {}, interrupt = {}, quit = {};
   ignore.sa_handler = SIG_IGN;
@@ -54,7 +65,7 @@ bool runEditor(const std::string& file) {
   while (!ended && !interrupted()) ended = waitpid(child, &status, 0) == child || errno != EINTR;
   sigaction(SIGINT, &interrupt, nullptr);
   sigaction(SIGQUIT, &quit, nullptr);
-  return ended && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+  return ended ? endOf(status) : Edited::kInterrupted;
 }
 
 // A form in a file that stays until its entry is stored, so that nothing typed is lost.
@@ -76,10 +87,15 @@ class FormFile {
   // What was typed stays; an editor that is still open may have more to write.
   Failure keeping(Failure failure) {
     std::string text;
+    std::error_code error;
+    const bool there = std::filesystem::is_regular_file(path_, error);
     const bool untouched = readWholeFile(path_, kLongestForm, &text) && text == form_;
-    keep_ = !untouched || interrupted();
-    failure.hint = keep_ ? "What you typed is in " + path_
-                         : "Set VISUAL or EDITOR to an editor that runs, or give --set FIELD=TEXT.";
+    keep_ = !there || !untouched || interrupted();
+    const bool ran = failure.code != "editor";
+    failure.hint = !there  ? "The editor left no file there."
+                   : keep_ ? "What you typed is in " + path_
+                   : ran   ? "Run it again to change the entry."
+                           : "Set VISUAL or EDITOR to an editor that runs, or give --set FIELD=TEXT.";
     if (interrupted()) failure.status = static_cast<ExitStatus>(interruptedStatus());
     return failure;
   }
@@ -103,14 +119,14 @@ Failure noForm() {
 }
 
 Failure interruptedEdit() {
-  return {kExitEnvironment, "interrupted", "interrupted; nothing was stored", ""};
+  return {static_cast<ExitStatus>(kInterrupt), "interrupted", "interrupted; nothing was stored", ""};
 }
 
 // What the editor left in the form. A failure also where it is no entry: *wrong then tells why.
 Failure readEdited(const FormFile& file, UserLanguage language, UserEntry* entry, std::string* wrong) {
-  const bool edited = runEditor(file.path());
-  if (interrupted()) return interruptedEdit();
-  if (!edited) return {kExitEnvironment, "editor", "the editor failed: " + editor(), ""};
+  const Edited edited = runEditor(file.path());
+  if (interrupted() || edited == Edited::kInterrupted) return interruptedEdit();
+  if (edited == Edited::kFailed) return {kExitEnvironment, "editor", "the editor failed: " + editor(), ""};
   std::string text;
   if (!readWholeFile(file.path(), kLongestForm, &text)) {
     return {kExitEnvironment, "editor", "the form can't be read, or has more than 1 MB: " + file.path(), ""};
