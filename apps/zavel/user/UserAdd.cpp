@@ -12,6 +12,8 @@
 namespace zavel::host {
 namespace {
 
+constexpr size_t kLongestLookedUp = 255;  // bytes in Shift_JIS, the limit of look-ups
+
 std::string takeExamples(const char* name, const std::vector<std::string>& texts,
                          std::vector<UserExample>* examples) {
   for (const std::string& text : texts) {
@@ -84,6 +86,16 @@ void show(const UserEntry& entry, const char* status, const std::string& folder,
               entryText(entry).c_str());
 }
 
+// A word that is longer is found by `find` alone.
+void tellTooLongToLookUp(const UserEntry& entry) {
+  const auto isLong = [](const std::string& text) { return storedText(text).size() > kLongestLookedUp; };
+  if (!isLong(entry.word) || (!entry.kanji.empty() && !isLong(entry.kanji))) return;
+  std::fprintf(
+      stderr,
+      "zavel: the word has more than 255 bytes in Shift_JIS: `zavel user find` finds it, `zavel look` "
+      "takes no words so long\n");
+}
+
 int tellPresent(const UserEntry& entry, const std::string& folder, bool asJson) {
   if (asJson) show(entry, "present", folder, true);
   std::fflush(stdout);
@@ -112,6 +124,8 @@ int runUserAdd(const UserOptions& options) {
   if (Failure notStored = store->close(); notStored && !failure) failure = notStored;
   if (failure) return report(failure, options.json);
   show(entry, "added", store->place().folder(), options.json);
+  std::fflush(stdout);
+  tellTooLongToLookUp(entry);
   return kExitFound;
 }
 
