@@ -46,6 +46,20 @@ bool areOptions(CLI::App& command, const std::string& word) {
   return true;
 }
 
+// The first option of several letters that the command doesn't have: its value may have taken the place of
+// another word, which is then what the parser has left over first. Empty when there is none.
+std::string unknownOption(CLI::App& app, const CommandLine& line) {
+  CLI::App& command = *commandOf(app, line);
+  for (size_t i = 0; i < line.rest.size() && line.rest[i] != "--"; ++i) {
+    const std::string& word = line.rest[i];
+    if (!word.starts_with("--")) continue;
+    const std::string name = word.substr(0, word.find('='));
+    if (!command.get_option_no_throw(name) && !app.get_option_no_throw(name)) return name;
+    i += takesValue(command, word) ? 1 : 0;
+  }
+  return {};
+}
+
 }  // namespace
 
 CLI::App* subcommand(CLI::App& app, const std::string& name) {
@@ -101,7 +115,7 @@ std::string strayWord(CLI::App& app, const CommandLine& line) {
   return {};
 }
 
-std::string usageMessage(const CLI::ParseError& error) {
+std::string usageMessage(CLI::App& app, const CommandLine& line, const CLI::ParseError& error) {
   const std::string said = error.what();
   const auto ahead = [&said](std::string_view rest) { return said.substr(0, said.find(rest)); };
   const auto behind = [&said](std::string_view start) {
@@ -109,6 +123,8 @@ std::string usageMessage(const CLI::ParseError& error) {
     return at == std::string::npos ? said : said.substr(at + start.size());
   };
   if (is<CLI::ExtrasError>(error)) {
+    const std::string option = unknownOption(app, line);
+    if (!option.empty()) return "there is no option " + option;
     const std::string extra = behind(": ");
     return extra.starts_with('-') ? "there is no option " + extra : "there is no place for: " + extra;
   }

@@ -28,7 +28,7 @@ CLI::App* subcommand(CLI::App& app, const std::string& name);
 std::string joined(const std::vector<std::string>& words);
 
 // What is wrong with a line that the parser refuses, in the words of this program's other messages.
-std::string usageMessage(const CLI::ParseError& error);
+std::string usageMessage(CLI::App& app, const CommandLine& line, const CLI::ParseError& error);
 
 // The failure of a line with an unknown command, which is never run, however near a known one is.
 Failure unknownCommand(CLI::App& app, const CommandLine& line);

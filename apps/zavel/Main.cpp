@@ -211,7 +211,7 @@ int run(const std::vector<std::string>& words) {
   } catch (const CLI::ParseError& error) {
     const std::string stray = strayWord(app, line);
     if (!stray.empty() && !line.commands.empty()) return report(strayOption(line.commands, stray), line.json);
-    return report(wrongUsage(line.commands, usageMessage(error)), line.json);
+    return report(wrongUsage(line.commands, usageMessage(app, line, error)), line.json);
   }
   if (line.commands.empty() && !line.rest.empty()) {
     return report(wrongUsage({}, "the command is missing"), line.json);
