@@ -3,6 +3,9 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
+#include <list>
+#include <map>
 
 #include "Interrupt.h"
 #include "JsonWriter.h"
@@ -10,13 +13,55 @@
 #include "Utf8.h"
 #include "user/UserJson.h"
 #include "user/UserPrompt.h"
+#include "user/UserText.h"
 #include "user/UserView.h"
 
 namespace zavel::host {
 namespace {
 
+constexpr size_t kMostNamed = 5;
+
 Failure noEntry(const std::string& word) {
   return {kExitNothing, "no_entry", "you have no entry \"" + printable(word) + "\"", "See: zavel user list"};
+}
+
+// Whether an entry has the word as it was typed, as far as the dictionary tells its characters apart.
+bool isSpelledSo(const UserEntry& entry, const std::string& word) {
+  const bool english = entry.language == UserLanguage::kEnglish;
+  std::string asWord = word, asWritten = word;
+  if (settleText(english ? TextKind::kEnglishWord : TextKind::kReading, &asWord).empty() &&
+      entry.word == asWord)
+    return true;
+  return !english && settleText(TextKind::kWritten, &asWritten).empty() && entry.kanji == asWritten;
+}
+
+// `found` are filed like the word, and none is spelled so.
+Failure otherSpellings(const std::string& word, const std::vector<StoredEntry>& found) {
+  std::vector<std::string> titles;
+  for (const StoredEntry& stored : found) {
+    const std::string title = stored.entry.kanji.empty() ? stored.entry.word : stored.entry.title();
+    if (std::find(titles.begin(), titles.end(), title) == titles.end()) titles.push_back(title);
+  }
+  std::string named;
+  for (size_t i = 0; i < std::min(titles.size(), kMostNamed); ++i)
+    named += (i > 0 ? ", " : "") + inQuotes(titles[i]);
+  if (titles.size() > kMostNamed) named += " and " + grouped(titles.size() - kMostNamed) + " others";
+  return {kExitNothing, "other_spelling", "you have no entry " + inQuotes(word) + ", but " + named,
+          "Nothing was deleted. Give the word as it is spelled there."};
+}
+
+// Unasked, only what is spelled as it was typed goes. A number is one of those that `find` shows.
+std::vector<StoredEntry> meant(const UserOptions& options, const std::vector<StoredEntry>& found,
+                               Failure* failure) {
+  if (options.number > 0) return choose(options, found, true, failure);
+  std::vector<StoredEntry> exact;
+  std::copy_if(found.begin(), found.end(), std::back_inserter(exact),
+               [&options](const StoredEntry& stored) { return isSpelledSo(stored.entry, options.word); });
+  const bool asked = canAsk(options) && !options.yes;
+  if (asked && (exact.empty() || (exact.size() > 1 && !options.all))) return askWhich(found, true, failure);
+  if (!exact.empty()) return choose(options, exact, true, failure);
+  *failure = otherSpellings(options.word, found);
+  return {};
 }
 
 // Reads what there is, and has the user say what is meant, without keeping others out meanwhile.
@@ -32,7 +77,7 @@ std::vector<StoredEntry> chosen(const UserOptions& options, UserLanguage languag
     *failure = noEntry(options.word);
     return {};
   }
-  std::vector<StoredEntry> all = choose(options, found, true, failure);
+  std::vector<StoredEntry> all = meant(options, found, failure);
   if (all.size() < 2 || options.yes || !canAsk(options)) return all;
   const std::string answer = ask("Delete " + std::to_string(all.size()) + " entries [y/N]? ");
   if (answer == "y" || answer == "yes") return all;
@@ -40,22 +85,25 @@ std::vector<StoredEntry> chosen(const UserOptions& options, UserLanguage languag
   return {};
 }
 
-// One that is the same, as it stands now: each deletion moves its neighbours.
-Failure removeOne(UserStore* store, const UserEntry& entry, bool* gone) {
-  std::vector<StoredEntry> found;
-  if (Failure failure = store->findStored(entry.word, &found)) return failure;
-  const auto again = std::find_if(found.begin(), found.end(),
-                                  [&entry](const StoredEntry& stored) { return stored.entry == entry; });
-  *gone = again != found.end();
-  return *gone ? store->remove(*again) : Failure{};
-}
-
+// Those that are the same: others may have changed the dictionary meanwhile. Each word is searched once, as
+// it would be read as often as it has entries.
 Failure removeAll(UserStore* store, const std::vector<StoredEntry>& entries,
                   std::vector<UserEntry>* removed) {
-  for (const StoredEntry& stored : entries) {
-    bool gone = false;
-    if (Failure failure = removeOne(store, stored.entry, &gone)) return failure;
-    if (gone) removed->push_back(stored.entry);
+  std::map<std::string, std::list<StoredEntry>> words;
+  for (const StoredEntry& wanted : entries) {
+    const auto [word, isNew] = words.try_emplace(wanted.entry.word);
+    std::vector<StoredEntry> found;
+    if (isNew) {
+      if (Failure failure = store->findStored(wanted.entry.word, &found)) return failure;
+      word->second.assign(std::make_move_iterator(found.begin()), std::make_move_iterator(found.end()));
+    }
+    const auto again = std::find_if(word->second.begin(), word->second.end(),
+                                    [&wanted](const StoredEntry& one) { return one.entry == wanted.entry; });
+    if (again == word->second.end()) continue;
+    if (Failure failure = store->findAgain(&*again)) return failure;
+    if (Failure failure = store->remove(*again)) return failure;
+    removed->push_back(wanted.entry);
+    word->second.erase(again);
   }
   return {};
 }

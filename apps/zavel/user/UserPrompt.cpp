@@ -33,21 +33,6 @@ size_t numberIn(const std::string& answer, size_t most) {
   return error == std::errc() && stop == end && number <= most ? number : 0;
 }
 
-std::vector<StoredEntry> askWhich(const std::vector<StoredEntry>& found, bool manyAllowed, Failure* failure) {
-  for (size_t i = 0; i < found.size(); ++i) std::fputs(entryText(found[i].entry, i + 1).c_str(), stderr);
-  const char* question =
-      manyAllowed ? "Which one (a for all, Enter for none)? " : "Which one (Enter for none)? ";
-  for (;;) {
-    const std::string answer = ask(question);
-    if (answer.empty()) break;
-    if (manyAllowed && (answer == "a" || answer == "all")) return found;
-    if (const size_t number = numberIn(answer, found.size()); number > 0) return {found[number - 1]};
-    std::fprintf(stderr, "%s is no number from 1 to %zu\n", inQuotes(answer).c_str(), found.size());
-  }
-  *failure = {kExitNothing, "none_chosen", "nothing was changed", "Run it again to choose."};
-  return {};
-}
-
 }  // namespace
 
 bool canAsk(const UserOptions& options) {
@@ -69,6 +54,21 @@ std::optional<std::string> askLine(const std::string& question) {
 
 std::string ask(const std::string& question) {
   return askLine(question).value_or("");
+}
+
+std::vector<StoredEntry> askWhich(const std::vector<StoredEntry>& found, bool manyAllowed, Failure* failure) {
+  for (size_t i = 0; i < found.size(); ++i) std::fputs(entryText(found[i].entry, i + 1).c_str(), stderr);
+  const char* question =
+      manyAllowed ? "Which one (a for all, Enter for none)? " : "Which one (Enter for none)? ";
+  for (;;) {
+    const std::string answer = ask(question);
+    if (answer.empty()) break;
+    if (manyAllowed && (answer == "a" || answer == "all")) return found;
+    if (const size_t number = numberIn(answer, found.size()); number > 0) return {found[number - 1]};
+    std::fprintf(stderr, "%s is no number from 1 to %zu\n", inQuotes(answer).c_str(), found.size());
+  }
+  *failure = {kExitNothing, "none_chosen", "nothing was changed", "Run it again to choose."};
+  return {};
 }
 
 std::vector<StoredEntry> choose(const UserOptions& options, const std::vector<StoredEntry>& found,

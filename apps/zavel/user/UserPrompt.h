@@ -21,6 +21,9 @@ std::optional<std::string> askLine(const std::string& question);
 // The same; empty for nothing.
 std::string ask(const std::string& question);
 
+// Shows `found` and asks which are meant. Empty, with *failure, for none.
+std::vector<StoredEntry> askWhich(const std::vector<StoredEntry>& found, bool manyAllowed, Failure* failure);
+
 // Which of `found` are meant: by number, all, or, where there are several, whoever sits at the terminal says.
 // Empty where nobody could say, or said none; *failure then tells why.
 std::vector<StoredEntry> choose(const UserOptions& options, const std::vector<StoredEntry>& found,

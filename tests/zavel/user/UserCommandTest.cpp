@@ -5,6 +5,7 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -159,6 +160,125 @@ TEST_F(UserCommandTest, DeletingOneOfSeveralNeedsItsNumber) {
   run({"add", "犬", "dog", "--reading", "いぬ"});
   EXPECT_EQ(out({"delete", "犬"}), "Deleted:\n犬 (いぬ)  dog\n");
   EXPECT_EQ(run({"delete", "犬"}).err, "zavel: you have no entry \"犬\"\nSee: zavel user list\n");
+}
+
+// What is filed alike is found together, and deleted by its own spelling.
+TEST_F(UserCommandTest, UnaskedOnlyTheSpellingThatIsGivenIsDeleted) {
+  for (const char* word : {"cant", "can't", "Polish", "polish", "polish", "ice cream"})
+    run({"add", "-f", word, "x"});
+  for (const char* word : {"いぬ", "イヌ"}) run({"add", "犬", "dog", "--reading", word});
+  EXPECT_EQ(out({"delete", "cant", "--all", "-y"}), "Deleted:\ncant  [noun]  x\n");
+  EXPECT_EQ(out({"find", "cant"}), "1  can't  [noun]  x\n");
+  const Outcome capitals = run({"delete", "POLISH", "--all", "--no-input"});
+  EXPECT_EQ(capitals.status, 1);
+  EXPECT_EQ(capitals.err,
+            "zavel: you have no entry \"POLISH\", but \"Polish\", \"polish\"\n"
+            "Nothing was deleted. Give the word as it is spelled there.\n");
+  const Outcome joined = run({"delete", "icecream", "-y"});
+  EXPECT_EQ(joined.status, 1);
+  EXPECT_TRUE(joined.err.starts_with("zavel: you have no entry \"icecream\", but \"ice cream\"\n"))
+      << joined.err;
+  EXPECT_EQ(Json::parse(out({"delete", "icecream", "--json"}))["error"]["code"], "other_spelling");
+  EXPECT_EQ(run({"delete", "polish"}).err,
+            "zavel: there are 2 entries of this word\nSay which: --number N, or --all.\n");
+  EXPECT_EQ(out({"delete", "polish", "--all"}), "Deleted 2 entries:\npolish  [noun]  x\npolish  [noun]  x\n");
+  EXPECT_EQ(out({"delete", "polish", "--number", "1"}),
+            "Deleted:\nPolish  [noun]  x\n");  // as `find` shows it
+  EXPECT_EQ(out({"delete", "イヌ"}), "Deleted:\n犬 (イヌ)  dog\n");
+  EXPECT_EQ(run({"delete", "イヌ"}).err,
+            "zavel: you have no entry \"イヌ\", but \"犬 (いぬ)\"\n"
+            "Nothing was deleted. Give the word as it is spelled there.\n");
+  EXPECT_EQ(out({"delete", "犬"}), "Deleted:\n犬 (いぬ)  dog\n");
+  EXPECT_EQ(out({"list"}), "can't\nice cream\n");
+}
+
+TEST_F(UserCommandTest, AnotherSpellingIsAskedAbout) {
+  run({"add", "ice cream", "x"});
+  const Outcome none = user({"delete", "icecream"}).terminal(24, 80).typed("\n").run();
+  EXPECT_EQ(none.status, 1);
+  EXPECT_NE(none.out.find("1  ice cream  [noun]  x\n"), std::string::npos) << none.out;
+  EXPECT_EQ(out({"list"}), "ice cream\n");
+  EXPECT_EQ(user({"delete", "icecream"}).terminal(24, 80).typed("1\n").run().status, 0);
+  EXPECT_EQ(out({"list"}), "");
+}
+
+TEST_F(UserCommandTest, AllEntriesOfAShortWordAreShownAndDeleted) {
+  std::string table = "word\tmeaning\n";
+  for (int i = 0; i < 130; ++i) table += "go\t意味" + std::to_string(i) + "\n";
+  folder_.write("go.tsv", table);
+  EXPECT_EQ(out({"import", file("go.tsv")}), "130 entries added\n");
+  EXPECT_EQ(out({"import", file("go.tsv")}), "0 entries added, 130 there already\n");
+  EXPECT_EQ(run({"add", "go", "意味129"}).status, 1);
+  EXPECT_EQ(out({"export", file("out.tsv")}), "130 entries written to " + file("out.tsv") + "\n");
+  EXPECT_EQ(Json::parse(out({"find", "go", "--json"}))["entries"].size(), 130u);
+  const Json looked = Json::parse(inRoot({"look", "--json", "go"}).run().out)["entries"];
+  EXPECT_EQ(std::count_if(looked.begin(), looked.end(), [](const Json& one) { return one.contains("user"); }),
+            130);
+  EXPECT_EQ(out({"delete", "go", "--number", "130"}), "Deleted:\ngo  [noun]  意味129\n");
+  EXPECT_TRUE(out({"delete", "go", "--all", "-y"}).starts_with("Deleted 129 entries:\n"));
+  EXPECT_EQ(run({"find", "go"}).status, 1);
+  EXPECT_EQ(out({"list"}), "");
+}
+
+TEST_F(UserCommandTest, AWordTooLongForLookUpsIsToldSo) {
+  const std::string most(255, 'w');
+  EXPECT_EQ(run({"add", most, "x"}).err, "");
+  const Outcome longer = run({"add", most + "w", "x"});
+  EXPECT_EQ(longer.status, 0);
+  EXPECT_EQ(
+      longer.err,
+      "zavel: the word has more than 255 bytes in Shift_JIS: `zavel user find` finds it, `zavel look` takes "
+      "no words so long\n");
+  const std::string kana = repeated("き", 128);
+  EXPECT_EQ(run({"add", kana, "x", "--kanji", "木"}).err, "");
+  EXPECT_EQ(run({"add", kana, "x"}).err, longer.err);
+}
+
+TEST_F(UserCommandTest, AFileInThePlaceOfTheFolderIsNoFolder) {
+  std::filesystem::create_directories(root());
+  std::ofstream(users()) << "x";
+  for (const char* command : {"list", "export"}) {
+    const Outcome outcome = run({command});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_EQ(
+        outcome.err,
+        "zavel: " + users() + " is no folder; your entries stand in one\nGive what is there another name.\n");
+  }
+}
+
+TEST_F(UserCommandTest, AnOptionOfAnotherCommandIsNamed) {
+  const Outcome outcome = run({"import", "--format", "json", "f"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, "zavel: there is no option --format\nRun: zavel user import --help\n");
+}
+
+TEST_F(UserCommandTest, AFormThatTheEditorTookAwayIsNotPromised) {
+  run({"add", "bank", "銀行"});
+  const std::string remover = script(file("remover"), "rm \"$1\"\n");
+  const std::string folder = script(file("folder"), "rm \"$1\"; mkdir \"$1\"\n");
+  for (const std::string& editor : {remover, folder}) {
+    const Outcome outcome = user({"edit", "bank"}).env("EDITOR", editor).run();
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_TRUE(outcome.err.starts_with("zavel: the form can't be read, or has more than 1 MB: "))
+        << outcome.err;
+    EXPECT_TRUE(outcome.err.ends_with("\nThe editor left no file there.\n")) << outcome.err;
+  }
+  EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  銀行\n");
+}
+
+TEST_F(UserCommandTest, AnEditorThatCtrlCEndedIsAnInterruptedEdit) {
+  run({"add", "bank", "銀行"});
+  const std::string killed = script(file("killed"), "sed -i 's/銀行/土手/' \"$1\"; kill -INT $$\n");
+  const std::string says = script(file("says"), "sed -i 's/銀行/土手/' \"$1\"; exit 130\n");
+  for (const std::string& editor : {killed, says}) {
+    const Outcome outcome = user({"edit", "bank"}).env("EDITOR", editor).run();
+    EXPECT_EQ(outcome.status, 130);
+    EXPECT_TRUE(outcome.err.starts_with("zavel: interrupted; nothing was stored\nWhat you typed is in "))
+        << outcome.err;
+  }
+  EXPECT_EQ(user({"edit", "bank"}).env("EDITOR", script(file("quits"), "exit 130\n")).run().err,
+            "zavel: interrupted; nothing was stored\nRun it again to change the entry.\n");
+  EXPECT_EQ(out({"find", "bank"}), "1  bank  [noun]  銀行\n");
 }
 
 TEST_F(UserCommandTest, FieldsAreSetWithoutAnEditor) {
