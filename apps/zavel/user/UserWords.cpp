@@ -16,6 +16,7 @@
 #include "engine/ChangeMidasi.h"
 #include "engine/MidasiCheck.h"
 #include "foundation/Utf8.h"
+#include "user/UserStatus.h"
 #include "user/UserText.h"
 
 namespace zavel::host {
@@ -66,6 +67,17 @@ Match matchOf(const UserEntry& entry, const std::string& word) {
     return kanaDistance(foldedQuery(text), folded) < 2;
   };
   return written(entry.word) || (!entry.kanji.empty() && written(entry.kanji)) ? Match::kExact : Match::kNear;
+}
+
+// Whether the entry can be what inflects as `base` does. A verb ends in hiragana, however the rest is
+// written; with ル in katakana it is another word, as ググル, the name, is beside ググる. Adjectives are
+// written either way: ヤバイ.
+bool inflectsAs(const UserEntry& entry, const std::string& base) {
+  constexpr size_t kKana = 3;  // bytes
+  if (entry.language == UserLanguage::kEnglish || base.size() < kKana) return true;
+  const std::string ending = base.substr(base.size() - kKana);
+  const bool hiragana = ending >= "ぁ" && ending <= "ん";
+  return !hiragana || ending == "い" || entry.word.ends_with(ending) || entry.kanji.ends_with(ending);
 }
 
 bool isWrittenSo(const UserEntry& entry, const std::string& word) {
@@ -164,7 +176,7 @@ bool UserWords::open(UserStore* store, UserLanguage language) {
 // Told once: what keeps one entry from being read mostly keeps others as well.
 void UserWords::keepFailure(UserLanguage language, const Failure& failure) {
   Failure& kept = readings_[indexOf(language)].failure;
-  if (kept.message != failure.message) warn(failure.message + "; they are left out");
+  if (kept.message != failure.message) warn(failure.message + "; " + entriesOf(language) + " are left out");
   kept = failure;
 }
 
@@ -187,6 +199,7 @@ std::vector<UserWords::Found> UserWords::lookUp(const UserQuery& query, const Fi
         std::vector<std::string> via = road.via(entry);
         const bool hasForm = road.inflected.ways.empty() || !via.empty();
         if (!hasForm || matchOf(entry, road.word) != Match::kExact || isThere(entry)) continue;
+        if (!inflectsAs(entry, road.word)) continue;
         found.push_back({std::move(entry), road.match, std::move(via), road.base});
       }
     }

@@ -65,6 +65,17 @@ TEST_F(UserLookTest, InflectedFormsLeadToOwnEntries) {
   EXPECT_TRUE(run({"look", "grokking"}).out.starts_with("grokking: progressive of grok\n"));
 }
 
+// ル in katakana makes a name of it; adjectives are written so all the same.
+TEST_F(UserLookTest, WhatIsWrittenAsANameDoesNotInflectAsAVerb) {
+  add({"ググル", "(n) Google"});
+  add({"ヤバイ", "awful"});
+  EXPECT_EQ(plain("ググった"), "");
+  EXPECT_EQ(plain("ググル"), "ググル\tググル\t\t\t(n) Google\t\tuser\n");
+  EXPECT_EQ(plain("ヤバかった"), "ヤバかった\tヤバイ\t\t\tawful\t\tuser\n");
+  add({"ググる", "to google"});
+  EXPECT_EQ(plain("ググった"), "ググった\tググる\t\t\tto google\t\tuser\n");
+}
+
 struct Way {
   const char* query;
   const char* answer;  // headword, match and via of each entry of the user's; "" for none
@@ -238,7 +249,8 @@ TEST_F(UserLookTest, WhileTheyAreWrittenTheRestIsShown) {
   close(fd);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "happy\thappy\t\tadj\t幸せな\t\n");
-  EXPECT_EQ(outcome.err, "zavel: your entries are in use: another process; they are left out\n");
+  EXPECT_EQ(outcome.err,
+            "zavel: your entries are in use: another process; your English entries are left out\n");
 }
 
 // An addition by another process takes a few milliseconds, and on a slow disk some hundred.
@@ -338,7 +350,7 @@ TEST_F(UserLookTest, DamagedOnesAreLeftOut) {
   const Outcome outcome = run({"look", "--plain", "happy"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "happy\thappy\t\tadj\t幸せな\t\n");
-  EXPECT_TRUE(outcome.err.ends_with("; they are left out\n")) << outcome.err;
+  EXPECT_TRUE(outcome.err.ends_with("; your English entries are left out\n")) << outcome.err;
 }
 
 }  // namespace
