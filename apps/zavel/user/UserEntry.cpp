@@ -26,6 +26,14 @@ constexpr std::array<PosNames, 9> kPos = {{
     {"conjunction", {"conj", "接", "接続詞", ""}},
 }};
 
+// Private use, U+E000 to U+F8FF, and pictures, from U+10000 on up to the kanji of U+20000. Beside letters
+// they are what is wrong with the word, not these.
+bool isOfNoLanguage(std::string_view character) {
+  const uint8_t lead = static_cast<uint8_t>(character[0]);
+  const uint8_t second = character.size() > 1 ? static_cast<uint8_t>(character[1]) : 0;
+  return lead == 0xEE || (lead == 0xEF && second < 0xA4) || (lead == 0xF0 && second < 0xA0);
+}
+
 }  // namespace
 
 const char* languageCode(UserLanguage language) {
@@ -54,8 +62,9 @@ UserLanguage guessLanguage(std::string_view word) {
     const bool folded = small || std::any_of(std::begin(kFolded), std::end(kFolded),
                                              [word](auto bytes) { return word.starts_with(bytes); });
     const bool latin = lead < 0xCD;  // é: refused with its name as English
-    if (!folded && !latin) return UserLanguage::kJapanese;
-    word.remove_prefix(std::min<size_t>(lead < 0x80 ? 1 : latin ? 2 : 3, word.size()));
+    if (!folded && !latin && !isOfNoLanguage(word)) return UserLanguage::kJapanese;
+    const size_t length = lead < 0x80 ? 1 : latin ? 2 : lead < 0xF0 ? 3 : 4;
+    word.remove_prefix(std::min(length, word.size()));
   }
   return UserLanguage::kEnglish;
 }

@@ -14,6 +14,15 @@ TEST(UserEntryTest, LanguageIsGuessedFromTheFirstForeignCharacter) {
   }
 }
 
+TEST(UserEntryTest, WhatIsOfNoLanguageLeavesTheGuessToTheRest) {
+  for (const char* word : {"bad\xEE\x80\x80", "bad\xEF\xA3\xBF", "bad😀", "😀bad"}) {
+    EXPECT_EQ(guessLanguage(word), UserLanguage::kEnglish) << word;
+  }
+  for (const char* word : {"😀犬", "\xEE\x80\x80いぬ", "𠮟る", "豈"}) {
+    EXPECT_EQ(guessLanguage(word), UserLanguage::kJapanese) << word;
+  }
+}
+
 TEST(UserEntryTest, PartsOfSpeechHaveThreeKindsOfNames) {
   const char* names[][3] = {
       {"noun", "n", "名"},          {"pronoun", "pron", "代"},     {"adjective", "adj", "形"},
