@@ -80,7 +80,8 @@ int runUserExport(const UserOptions& options) {
         {kExitEnvironment, "not_written", "the file " + options.file + " can't be written", kWriteHint},
         options.json);
   }
-  std::printf("%s entries written to %s\n", grouped(entries.size()).c_str(), options.file.c_str());
+  std::printf(entries.size() == 1 ? "%s entry written to %s\n" : "%s entries written to %s\n",
+              grouped(entries.size()).c_str(), options.file.c_str());
   return damage ? report(damage, false) : kExitFound;
 }
 

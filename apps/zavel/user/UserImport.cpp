@@ -69,8 +69,11 @@ Failure readJson(std::string_view text, const UserLanguage* language, std::vecto
     });
     return {};
   }
-  if (!readJsonDocument(text, language, &read))
-    return noTable("the JSON has neither entries nor a list of them");
+  if (!readJsonDocument(text, language, &read)) {
+    const std::string fault = jsonFault(text);
+    return noTable(fault.empty() ? "the JSON has neither entries nor a list of them"
+                                 : "it breaks off at " + fault);
+  }
   for (size_t i = 0; i < read.size(); ++i)
     addItem(i + 1, std::move(read[i].entry), std::move(read[i].wrong), items);
   return {};
@@ -92,6 +95,10 @@ Failure readImport(std::string_view text, const UserLanguage* language, std::vec
                    bool* byLine) {
   *byLine = true;
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  using namespace std::string_view_literals;
+  if (text.starts_with("\xFF\xFE\0\0"sv) || text.starts_with("\0\0\xFE\xFF"sv)) {
+    return {kExitUsage, "not_entries", "this is UTF-32 text, not UTF-8", "Save it as UTF-8, then try again."};
+  }
   if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF")) {
     return {kExitUsage, "not_entries", "this is UTF-16 text, not UTF-8", "Save it as UTF-8, then try again."};
   }

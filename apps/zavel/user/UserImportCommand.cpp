@@ -1,8 +1,11 @@
 // `zavel user import`. Tests: tests/zavel/user/UserExchangeTest.cpp
+#include <unistd.h>
+
 #include <cstdio>
 
 #include "Interrupt.h"
 #include "JsonWriter.h"
+#include "Terminal.h"
 #include "Utf8.h"
 #include "user/UserImport.h"
 #include "user/UserView.h"
@@ -15,10 +18,12 @@ constexpr size_t kLongestInput = size_t{512} << 20;
 bool readInput(const std::string& file, std::string* text) {
   std::FILE* in = file == "-" ? stdin : std::fopen(file.c_str(), "rb");
   if (!in) return false;
+  if (in == stdin && isTerminal(STDIN_FILENO))
+    std::fprintf(stderr, "Reading entries from the terminal; Ctrl-D ends them\n");
   char piece[65536];
-  size_t length = 0;
-  while (text->size() <= kLongestInput && (length = std::fread(piece, 1, sizeof piece, in)) > 0) {
-    text->append(piece, length);
+  // What ends a terminal's input once would be waited for again.
+  while (text->size() <= kLongestInput && !std::feof(in) && !std::ferror(in)) {
+    text->append(piece, std::fread(piece, 1, sizeof piece, in));
   }
   const bool whole = !std::ferror(in) && text->size() <= kLongestInput;
   if (in != stdin) std::fclose(in);

@@ -1,6 +1,8 @@
 // Tests: tests/zavel/user/UserJsonTest.cpp
 #include "user/UserJson.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <nlohmann/json.hpp>
 #include <utility>
 
@@ -10,6 +12,8 @@ namespace zavel::host {
 namespace {
 
 using Json = nlohmann::json;
+
+constexpr const char* kBlanks = " \t\r\n";
 
 void textOrNull(JsonWriter& json, const char* key, const std::string& text) {
   if (text.empty()) {
@@ -80,6 +84,21 @@ std::string takeEntry(const Json& object, const UserLanguage* language, UserEntr
   return "pos: " + inQuotes(pos) + " is none; it is one of " + posNames();
 }
 
+// What a parser's complaint says behind the place, without the text that led there.
+std::string reasonIn(const std::string& complaint) {
+  const size_t dash = complaint.find(" - "), start = dash == std::string::npos ? 0 : dash + 3;
+  return complaint.substr(start, complaint.find("; last read:", start) - start);
+}
+
+// The complaint and the byte, counted from 1, at which a text stops being JSON; 0 for JSON.
+size_t findFault(std::string_view text, std::string* complaint) try {
+  return Json::parse(text).is_discarded() ? 1 : 0;
+} catch (const Json::exception& error) {
+  *complaint = reasonIn(error.what());
+  const auto* const parse = dynamic_cast<const Json::parse_error*>(&error);
+  return parse ? std::clamp<size_t>(parse->byte, 1, text.size() + 1) : 1;
+}
+
 JsonEntry entryOf(const Json& object, const UserLanguage* language) {
   JsonEntry read;
   read.wrong = takeEntry(object, language, &read.entry);
@@ -103,7 +122,7 @@ void writeEntry(JsonWriter& json, const UserEntry& entry, size_t number) {
 
 JsonEntry readJsonEntry(std::string_view object, const UserLanguage* language) {
   const Json json = Json::parse(object, nullptr, false);
-  if (json.is_discarded()) return {{}, "it is no JSON"};
+  if (json.is_discarded()) return {{}, "it is no JSON: " + jsonFault(object)};
   return entryOf(json, language);
 }
 
@@ -124,7 +143,32 @@ bool readJsonDocument(std::string_view text, const UserLanguage* language, std::
 }
 
 bool isJsonDocument(std::string_view text) {
-  return Json::accept(text);
+  if (Json::accept(text)) return true;
+  const size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) return false;
+  if (text[first] == '[') return true;
+  const size_t end = text.find('\n', first);
+  const size_t next = text.find_first_not_of(kBlanks, end);
+  if (next == std::string_view::npos || Json::accept(text.substr(next, text.find('\n', next) - next)))
+    return false;
+  const std::string_view line = text.substr(first, end - first);
+  std::string complaint;
+  return findFault(line, &complaint) > line.find_last_not_of(kBlanks) + 1;
+}
+
+std::string jsonFault(std::string_view text) {
+  std::string complaint;
+  const size_t byte = findFault(text, &complaint);
+  if (byte == 0) return {};
+  const std::string_view ahead = text.substr(0, byte - 1);
+  const auto isFirst = [](char c) { return (static_cast<uint8_t>(c) & 0xC0) != 0x80; };
+  const size_t start = ahead.rfind('\n') + 1;
+  const auto line = std::count(ahead.begin(), ahead.end(), '\n') + 1;
+  const auto column =
+      std::count_if(ahead.begin() + static_cast<std::ptrdiff_t>(start), ahead.end(), isFirst) + 1;
+  const bool oneLine = text.find('\n') == std::string_view::npos;
+  return (oneLine ? "" : "line " + std::to_string(line) + ", ") + "column " + std::to_string(column) + ": " +
+         complaint;
 }
 
 }  // namespace zavel::host

@@ -27,8 +27,13 @@ JsonEntry readJsonEntry(std::string_view object, const UserLanguage* language);
 // these.
 bool readJsonDocument(std::string_view text, const UserLanguage* language, std::vector<JsonEntry>* entries);
 
-// Whether the text is one whole JSON value, so that it is a document and not one entry a line.
+// Whether the text is meant as one JSON value, not as one entry a line: it is one, or begins a list, or its
+// first line goes on in the next, which is no value either.
 bool isJsonDocument(std::string_view text);
+
+// Where and why a text is no JSON value: "line 3, column 12: ...", a text of one line without its number.
+// Empty for JSON.
+std::string jsonFault(std::string_view text);
 
 }  // namespace zavel::host
 

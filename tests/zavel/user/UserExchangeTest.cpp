@@ -139,7 +139,7 @@ TEST_F(UserExchangeTest, JsonTellsTheSame) {
       json,
       Json::parse(
           R"({"schema":1,"status":"partly","added":1,"replaced":0,"present":0,"skipped":0,)"
-          R"("refused":[{"line":2,"reason":"meaning: it is empty"},{"line":3,"reason":"it is no JSON"}]})"));
+          R"("refused":[{"line":2,"reason":"meaning: it is empty"},{"line":3,"reason":"it is no JSON: column 2: invalid literal"}]})"));
 }
 
 TEST_F(UserExchangeTest, EntriesOfADocumentAreCounted) {
@@ -220,6 +220,58 @@ TEST_F(UserExchangeTest, WhatIsNoListOfEntriesIsRefused) {
   EXPECT_EQ(missing.err, "zavel: the file " + file("none") +
                              " can't be read\nGive a file that can be read, of at most 512 MB.\n");
   EXPECT_FALSE(std::filesystem::exists(root() + "/user"));
+}
+
+TEST_F(UserExchangeTest, ABrokenDocumentIsToldWithThePlace) {
+  const std::string broken =
+      "{\"schema\":1,\"entries\":[\n{\"word\":\"ant\",\"meaning\":\"蟻\"},\n{\"word\":\"bee\",\"meaning\":"
+      "\"\\ud800\"}\n]}\n";
+  const std::string hint =
+      "A table begins with names of columns, parted by tabs, as `zavel user export` writes them; JSON with { "
+      "or [.\n";
+  const Outcome surrogate = import(broken);
+  EXPECT_EQ(surrogate.status, 2);
+  EXPECT_EQ(
+      surrogate.err,
+      "zavel: this is no list of entries: it breaks off at line 3, column 32: invalid string: surrogate "
+      "U+D800..U+DBFF must be followed by U+DC00..U+DFFF\n" +
+          hint);
+  EXPECT_EQ(import("[{\"word\":\"ant\",\"meaning\":\"蟻\"},]").err,
+            "zavel: this is no list of entries: it breaks off at column 31: unexpected ']'; expected '[', "
+            "'{', or a "
+            "literal\n" +
+                hint);
+}
+
+TEST_F(UserExchangeTest, Utf32IsToldByItsName) {
+  for (const std::string& text :
+       {std::string("\xFF\xFE\0\0w\0\0\0", 8), std::string("\0\0\xFE\xFF\0\0\0w", 8)}) {
+    const Outcome outcome = import(text);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "zavel: this is UTF-32 text, not UTF-8\nSave it as UTF-8, then try again.\n");
+  }
+}
+
+// One Ctrl-D at the beginning of a line ends it.
+TEST_F(UserExchangeTest, ATerminalIsReadUpToItsFirstEnd) {
+  for (const bool named : {false, true}) {
+    test::Command command = named ? user({"import", "-"}) : user({"import"});
+    const Outcome outcome = command.terminal(24, 80).typed("word\tmeaning\nbank\t銀行\n\x04").run();
+    EXPECT_EQ(outcome.status, named ? 1 : 0) << outcome.out;
+    EXPECT_NE(outcome.out.find("Reading entries from the terminal; Ctrl-D ends them\n"), std::string::npos)
+        << outcome.out;
+  }
+}
+
+TEST_F(UserExchangeTest, OneEntryIsOne) {
+  import("word\tmeaning\nbank\t銀行\n");
+  EXPECT_EQ(out({"export", file("x.tsv")}), "1 entry written to " + file("x.tsv") + "\n");
+}
+
+TEST_F(UserExchangeTest, TheCharacterThatCantStandThereIsBlamed) {
+  EXPECT_TRUE(import("word\tmeaning\nbad\xEE\x80\x80\tx\n")
+                  .err.starts_with(
+                      "standard input:2: word: \"\xEE\x80\x80\" (U+E000), character 4, can't stand here"));
 }
 
 TEST_F(UserExchangeTest, MarksAndLineEndsOfOtherSystemsAreTaken) {

@@ -35,8 +35,8 @@ TEST(UserJsonTest, KeysMayBeAbsentAndOthersThere) {
 }
 
 TEST(UserJsonTest, WhatIsNoEntrySaysWhy) {
-  EXPECT_EQ(wrongOf("{"), "it is no JSON");
-  EXPECT_EQ(wrongOf("\"\xFF\""), "it is no JSON");
+  EXPECT_EQ(wrongOf("{"), "it is no JSON: column 2: unexpected end of input; expected string literal");
+  EXPECT_EQ(wrongOf("\"\xFF\""), "it is no JSON: column 2: invalid string: ill-formed UTF-8 byte");
   EXPECT_EQ(wrongOf("1"), "it is no object");
   EXPECT_EQ(wrongOf(R"({"word":1})"), "word: it is no string");
   EXPECT_EQ(wrongOf(R"({"word":"a","lang":"fr"})"), "lang: \"fr\" is neither en nor ja");
@@ -60,6 +60,24 @@ TEST(UserJsonTest, ADocumentIsAListOrHasOne) {
   EXPECT_FALSE(readJsonDocument("3", nullptr, &entries));
   EXPECT_TRUE(isJsonDocument(kDog));
   EXPECT_FALSE(isJsonDocument(std::string(kDog) + "\n" + kDog));
+}
+
+TEST(UserJsonTest, FaultsHaveTheirPlaces) {
+  EXPECT_EQ(jsonFault("[1,\n2]"), "");
+  EXPECT_EQ(jsonFault("[1,]"), "column 4: unexpected ']'; expected '[', '{', or a literal");
+  EXPECT_EQ(jsonFault("[\n\"犬\", x]"), "line 2, column 6: invalid literal");
+  EXPECT_EQ(
+      jsonFault("[\"; last read: ', \n'\",\n}"),
+      "line 1, column 19: invalid string: control character U+000A (LF) must be escaped to \\u000A or \\n");
+}
+
+TEST(UserJsonTest, ABrokenDocumentIsStillOne) {
+  for (const char* document : {"[", "[1,]", "{\n\"entries\":[", "{\"entries\":[\n{\"word\":\"a\"},\n{}]"}) {
+    EXPECT_TRUE(isJsonDocument(document)) << document;
+  }
+  for (const char* lines : {"", "{", "{\"a\n{}", "{}\n{\n{}", "{x}\n{"}) {
+    EXPECT_FALSE(isJsonDocument(lines)) << lines;
+  }
 }
 
 TEST(UserJsonTest, DeepNestingIsNoDanger) {
