@@ -172,6 +172,7 @@ TEST_F(Build, GivesTheSameBytesEachTime) {
   options_.target = folder_.file("again");
   EXPECT_EQ(run().status, 0);
   for (const std::string& name : bookFileNames()) {
+    if (name == kMultiFile) continue;  // this source has no form
     std::string one, other;
     EXPECT_TRUE(readWholeFile(first + "/" + name, 1 << 24, &one)) << name;
     EXPECT_TRUE(readWholeFile(options_.target + "/" + name, 1 << 24, &other)) << name;
@@ -291,7 +292,8 @@ TEST_F(Build, LeavesNothingBehindWhenItFails) {
 TEST_F(Build, KeepsTheOldBookWhenTheDiskFails) {
   const auto all = [this] {
     std::string out;
-    for (const std::string& name : bookFileNames()) out += name + read(name);
+    for (const std::string& name : bookFileNames())
+      if (name != kMultiFile) out += name + read(name);
     return out;
   };
   EXPECT_EQ(run().status, 0);

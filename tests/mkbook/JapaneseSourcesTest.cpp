@@ -147,6 +147,24 @@ TEST_F(Kanjidic, IsFoundByReadingsAndMeanings) {
       "radical 1, classical radical 7, grade 8, frequency 1509, level 1, JIS 3021, Unicode 4e9c");
 }
 
+TEST_F(Kanjidic, HasAFormOfFiveFields) {
+  const KanjidicSource source(
+      file(std::string(kAsia) + "犬 3824 B94 G1 S4 いぬ {dog}\n本 4B5C B75 G1 S15 もと {book}\n"), &summary_);
+  const MultiSearch form = source.multiSearch();
+  ASSERT_EQ(form.fields.size(), 5u);
+  EXPECT_EQ(form.name, "Kanji");
+  EXPECT_EQ(form.fields[1].label, "Strokes");
+  EXPECT_EQ(form.fields[1].choices, (std::vector<std::string>{"4", "7", "15"}));
+  EXPECT_FALSE(form.fields[1].byBeginning);
+  EXPECT_TRUE(form.fields[3].byBeginning);
+  EXPECT_EQ(source.fieldValues(0),
+            (std::vector<std::vector<std::string>>{{"1"},
+                                                   {"7"},
+                                                   {"8"},
+                                                   {"あ", "ア", "つぐ", "ツグ", "つぎ", "ツギ", "や", "ヤ"},
+                                                   {"Asia", "rank next"}}));
+}
+
 TEST_F(Kanjidic, RefusesOtherFiles) {
   EXPECT_EQ(failureOf<KanjidicSource>(file("犬 [いぬ] /(n) dog/\n")),
             "5 " + folder_.file("source") + " is no KANJIDIC file: 1 of 1 lines are of another form");

@@ -47,9 +47,9 @@ Failure badTarget(const std::string& message) {
 }  // namespace
 
 const std::vector<std::string>& bookFileNames() {
-  static const std::vector<std::string> names = {kCatalogFile,  kUniFile,      kInfoFile,
-                                                 kBodyFile,     kExactFile,    kForwardFile,
-                                                 kBackwardFile, kFullFontFile, kHalfFontFile};
+  static const std::vector<std::string> names = {kCatalogFile,  kUniFile,     kInfoFile,     kBodyFile,
+                                                 kExactFile,    kForwardFile, kBackwardFile, kMultiFile,
+                                                 kFullFontFile, kHalfFontFile};
   return names;
 }
 

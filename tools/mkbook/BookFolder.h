@@ -16,6 +16,7 @@ inline constexpr const char* kBodyFile = "BODY.DAT";
 inline constexpr const char* kExactFile = "EXACT.DAT";
 inline constexpr const char* kForwardFile = "FORWARD.DAT";
 inline constexpr const char* kBackwardFile = "BACKWARD.DAT";
+inline constexpr const char* kMultiFile = "MULTI.DAT";
 inline constexpr const char* kFullFontFile = "FULL16.FNT";
 inline constexpr const char* kHalfFontFile = "HALF16.FNT";
 

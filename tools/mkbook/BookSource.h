@@ -28,6 +28,18 @@ struct BookEntry {
   std::vector<Line> lines;
 };
 
+// A field of a form: entries are found by what they have in it.
+struct SearchField {
+  std::string label;                 // at most 15 characters
+  bool byBeginning = false;          // else by the whole of it
+  std::vector<std::string> choices;  // what may be asked for; empty where anything may
+};
+
+struct MultiSearch {
+  std::string name;  // ASCII
+  std::vector<SearchField> fields;
+};
+
 class BookSource {
  public:
   virtual ~BookSource() = default;
@@ -36,6 +48,12 @@ class BookSource {
 
   // Entry number `number` (from 0, below size()), the same each time.
   virtual BookEntry entry(size_t number) const = 0;
+
+  // The form that the book can be searched by; without fields there is none.
+  virtual MultiSearch multiSearch() const { return {}; }
+
+  // What an entry has in each field of the form. Readings in each script that they are typed in.
+  virtual std::vector<std::vector<std::string>> fieldValues(size_t) const { return {}; }
 
   virtual std::string title() const = 0;      // UTF-8
   virtual std::string publisher() const = 0;  // source and licence in one line, UTF-8

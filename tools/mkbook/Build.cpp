@@ -78,6 +78,8 @@ Outcome build(const Options& options, mkdict::Progress& progress, mkdict::Summar
         options.verify ? verify(options, progress, summary, faults) : compile(options, progress, summary);
   } catch (const Failure& failure) {
     outcome = {failure.status(), failure.code(), failure.what(), failure.hint()};
+  } catch (const std::length_error& error) {
+    outcome = {mkdict::kExitDamaged, "damaged_input", error.what(), "Is the source what it should be?"};
   } catch (const std::bad_alloc&) {
     outcome = {mkdict::kExitEnvironment, "no_memory", "not enough memory",
                "Close other programs, then try again."};

@@ -13,6 +13,7 @@
 #include "mkbook/CustomCharacters.h"
 #include "mkbook/Failure.h"
 #include "mkbook/IndexBuilder.h"
+#include "mkbook/MultiSearchWriter.h"
 #include "mkbook/WordKeys.h"
 #include "mkdict/ToShiftJis.h"
 #include "platform/Platform.h"
@@ -39,7 +40,13 @@ class Compilation {
  public:
   Compilation(const BookSource& source, const Unifont& font, BookFolder& folder, mkdict::Progress& progress,
               mkdict::Summary* summary)
-      : source_(source), folder_(folder), progress_(progress), summary_(summary), characters_(font) {}
+      : source_(source),
+        folder_(folder),
+        progress_(progress),
+        summary_(summary),
+        characters_(font),
+        form_(source.multiSearch()),
+        fields_(form_, characters_) {}
 
   bool run(const BookIdentity& identity);
 
@@ -48,6 +55,7 @@ class Compilation {
   bool layOut();
   bool writeText();
   bool writeIndexes();
+  void writeForm();
   void fileWords(const BookEntry& entry, const _SDICADDRESS& address);
   void writeFonts();
   void writeCatalog(const BookIdentity& identity);
@@ -61,6 +69,8 @@ class Compilation {
   mkdict::Progress& progress_;
   mkdict::Summary* summary_;
   CustomCharacters characters_;
+  MultiSearch form_;
+  MultiSearchWriter fields_;
   WordTable words_;
   // General indexes alone: a search that begins with kana asks an index for kana where there is one, and
   // would miss the words that only begin so.
@@ -100,6 +110,7 @@ bool Compilation::layOut() {
     const BookEntry entry = source_.entry(i);
     place += writer.entry(entry).size();
     fileWords(entry, addressOf(i));
+    fields_.add(source_.fieldValues(i), addressOf(i));
     countReferences(entry);
     progress_.advance(i + 1);
   }
@@ -175,7 +186,17 @@ bool Compilation::writeIndexes() {
     addRecord(index->kind(), file.blocks(), index->flags(), name);
   }
   summary_->figure("keys", exact_.size());
+  if (!form_.fields.empty()) writeForm();
   return true;
+}
+
+void Compilation::writeForm() {
+  fields_.settle();
+  RegionFile file(folder_.path(kMultiFile), fields_.blocks());
+  fields_.write(nextBlock_, file);
+  file.finish();
+  addRecord(kKindMultiSearch, file.blocks(), {}, kMultiFile);
+  summary_->figure("fields of the search form", form_.fields.size());
 }
 
 void Compilation::addRecord(uint16_t kind, uint32_t blocks, const IndexFlags& flags, const char* name) {
@@ -204,8 +225,9 @@ void Compilation::writeCatalog(const BookIdentity& identity) {
   catalog.records = records_;
   catalog.largeIcon = largeBookIcon();
   catalog.smallIcon = smallBookIcon();
-  folder_.write(kInfoFile,
-                "[GENERAL]\nSRCINFO=" + firstCharacters(source_.publisher(), kLongestInfo) + "\nSRCVER=1\n");
+  folder_.write(kInfoFile, "[GENERAL]\nSRCINFO=" + firstCharacters(source_.publisher(), kLongestInfo) +
+                               "\nSRCVER=1\n" +
+                               (form_.fields.empty() ? "" : "MUL0NAME=" + form_.name + "\n"));
   folder_.write(kCatalogFile, catalog.bytes());
 }
 

@@ -71,6 +71,12 @@ IndexBuilder::IndexBuilder(uint16_t kind, const IndexFlags& flags) : kind_(kind)
   if ((flags[1] & 0x0C) != 0) throw std::invalid_argument("an index whose keys keep signs can't be searched");
 }
 
+IndexBuilder IndexBuilder::ofField(uint16_t kind) {
+  IndexBuilder builder(kind);
+  builder.asTyped_ = true;
+  return builder;
+}
+
 std::string IndexBuilder::keyOf(uint16_t kind, const IndexFlags& flags, std::string_view word) {
   const std::string query = asQueried(word, kind);
   const _EPBOOKCONTROLENTRY index{.kind = kind,
@@ -87,7 +93,7 @@ std::string IndexBuilder::keyOf(uint16_t kind, const IndexFlags& flags, std::str
 }
 
 bool IndexBuilder::add(std::string_view word, const _SDICADDRESS& body, const _SDICADDRESS& headword) {
-  const std::string key = keyOf(kind_, flags_, word);
+  const std::string key = asTyped_ ? asStored(asQueried(word, kind_)) : keyOf(kind_, flags_, word);
   if (key.empty()) return false;
   records_.push_back({keys_.size(), static_cast<uint8_t>(key.size()), body, headword});
   keys_ += key;
@@ -117,13 +123,17 @@ void IndexBuilder::settle() {
   layLeaves();
 }
 
+bool IndexBuilder::isGrouped() const {
+  return kind_ == kKindGrouped;
+}
+
 bool IndexBuilder::hasHeadwords() const {
-  return kind_ == kKindBackward || kind_ == kKindBackwardAlphabetic || kind_ == kKindForward ||
+  return isGrouped() || kind_ == kKindBackward || kind_ == kKindBackwardAlphabetic || kind_ == kKindForward ||
          kind_ == kKindForwardAlphabetic;
 }
 
 size_t IndexBuilder::recordSize(const Record& record) const {
-  return 1 + size_t{record.length} + (hasHeadwords() ? kLongTrailer : kShortTrailer);
+  return (isGrouped() ? 2 : 1) + size_t{record.length} + (hasHeadwords() ? kLongTrailer : kShortTrailer);
 }
 
 void IndexBuilder::layLeaves() {
@@ -191,13 +201,15 @@ std::string IndexBuilder::leaf(size_t number) const {
   const size_t first = number == 0 ? 0 : ends[number - 1];
   std::string content;
   for (size_t i = first; i < ends[number]; ++i) {
+    if (isGrouped()) content += static_cast<char>(kGroupSingle);
     content += static_cast<char>(records_[i].length);
     content += keyAt(i);
     appendAddress(&content, records_[i].body);
     if (hasHeadwords()) appendAddress(&content, records_[i].headword);
   }
   const bool last = number + 1 == ends.size();
-  return block(static_cast<uint8_t>(kIndexLeaf | (last ? kIndexLast : 0)), 0, ends[number] - first, content);
+  const unsigned flags = kIndexLeaf | (last ? kIndexLast : 0u) | (isGrouped() ? kIndexGroups : 0u);
+  return block(static_cast<uint8_t>(flags), 0, ends[number] - first, content);
 }
 
 void IndexBuilder::write(uint32_t first, RegionFile& file) const {

@@ -20,10 +20,14 @@ inline constexpr IndexFlags kPlainKeys = {0, 0x31, 0x7F, 0x7F};
 
 class IndexBuilder {
  public:
-  // `kind`: 0x30, 0x40, 0x60 whole words; 0x70 to 0x72 word ends; 0x90 to 0x92 word beginnings. `flags` must
-  // drop ・ ’ － (flags[1] & 0x0C is 0): keys that hold them are looked for at places that depend on them and
-  // compared as if they were not there. Throws std::invalid_argument otherwise.
+  // `kind`: 0x30, 0x40, 0x60 whole words; 0x70 to 0x72 word ends; 0x90 to 0x92 word beginnings; 0xA1 values
+  // of a form's field. `flags` must drop ・ ’ － (flags[1] & 0x0C is 0): keys that hold them are looked for
+  // at places that depend on them and compared as if they were not there. Throws std::invalid_argument
+  // otherwise.
   explicit IndexBuilder(uint16_t kind, const IndexFlags& flags = kPlainKeys);
+
+  // An index of a form's field, where keys are looked for as they are typed, signs and all.
+  static IndexBuilder ofField(uint16_t kind);
 
   // Files a word, in JIS (custom characters are codes as others). A search takes in 62 characters: of a
   // longer word the first ones are filed, for word ends the last 127. False for a word that leaves no key:
@@ -60,6 +64,7 @@ class IndexBuilder {
   std::string_view keyAt(size_t record) const;
   size_t recordSize(const Record& record) const;
   bool hasHeadwords() const;
+  bool isGrouped() const;
   void layLeaves();
   void layInner();
   size_t lastRecord(size_t level, size_t block) const;
@@ -68,6 +73,7 @@ class IndexBuilder {
 
   uint16_t kind_;
   IndexFlags flags_;
+  bool asTyped_ = false;
   std::string keys_;
   std::vector<Record> records_;
   std::vector<Level> levels_;  // the leaves first

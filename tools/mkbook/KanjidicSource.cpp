@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <set>
 
 #include "mkbook/EucLines.h"
 #include "mkdict/Utf8.h"
@@ -33,6 +34,19 @@ std::string plainReading(std::string_view reading) {
   std::string out;
   for (const char c : reading)
     if (c != '.' && c != '-') out += c;
+  return out;
+}
+
+// Kana as hiragana or as katakana.
+std::string inScript(std::string_view kana, bool katakana) {
+  std::string out;
+  for (size_t at = 0; at < kana.size();) {
+    char32_t character = 0;
+    mkdict::takeUtf8(kana, &at, &character);
+    if (katakana && character >= 0x3041 && character <= 0x3096) character += 0x60;
+    if (!katakana && character >= 0x30A1 && character <= 0x30F6) character -= 0x60;
+    mkdict::appendUtf8(out, character);
+  }
   return out;
 }
 
@@ -156,6 +170,38 @@ BookEntry KanjidicSource::entry(size_t number) const {
   addLine(&out, "as a radical", joined(kanji.radicalNames, "、"));
   out.lines.push_back({2, {{Span::Kind::kPlain, numbers(kanji), ""}}});
   return out;
+}
+
+MultiSearch KanjidicSource::multiSearch() const {
+  return {"Kanji",
+          {{"Radical", false, choicesOf(&Kanji::radical)},
+           {"Strokes", false, choicesOf(&Kanji::strokes)},
+           {"Grade", false, choicesOf(&Kanji::grade)},
+           {"Reading", true, {}},
+           {"Meaning", true, {}}}};
+}
+
+// The values of a number that kanji have, the least first.
+std::vector<std::string> KanjidicSource::choicesOf(std::string Kanji::*number) const {
+  std::set<std::pair<size_t, std::string>> values;
+  for (const Kanji& kanji : kanji_)
+    if (const std::string& value = kanji.*number; !value.empty()) values.insert({value.size(), value});
+  std::vector<std::string> out;
+  for (const auto& [size, value] : values) out.push_back(value);
+  return out;
+}
+
+std::vector<std::vector<std::string>> KanjidicSource::fieldValues(size_t number) const {
+  const Kanji& kanji = kanji_[number];
+  std::vector<std::string> readings;
+  for (const auto* const some : {&kanji.on, &kanji.kun, &kanji.names}) {
+    for (const std::string& reading : *some) {
+      const std::string plain = plainReading(reading);
+      readings.push_back(inScript(plain, false));
+      readings.push_back(inScript(plain, true));
+    }
+  }
+  return {{kanji.radical}, {kanji.strokes}, {kanji.grade}, readings, kanji.meanings};
 }
 
 std::string KanjidicSource::publisher() const {

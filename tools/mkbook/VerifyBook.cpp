@@ -9,6 +9,7 @@
 #include "book/Address.h"
 #include "book/BookFormat.h"
 #include "book/BookStatus.h"
+#include "book/IndexKey.h"
 #include "book/SDic.h"
 #include "foundation/ByteReader.h"
 #include "foundation/Storage.h"
@@ -53,18 +54,22 @@ bool isToken(uint16_t code) {
          code == kTokenAnd || code == kTokenOr;
 }
 
-// Of a word what a host asks for: not the signs that a query has for its own ends, and not the signs and
-// blanks at its ends: a key that ends in a blank, once signs are dropped, finds no word that doesn't.
-std::string asQuery(std::string_view word) {
+// Of a word what a host asks for: not the signs that a query has for its own ends, and not what is nothing by
+// itself at its ends: a key that ends in a blank, once signs are dropped, finds no word that doesn't.
+std::string asQuery(std::string_view word, bool (*isNothing)(uint16_t code)) {
   std::string out;
   for (size_t at = 0; at + 2 <= word.size() && out.size() < kSearched; at += 2)
     if (!isToken(codeAt(word, at))) out += word.substr(at, 2);
-  const auto idle = [](const std::string& code) {
-    return IndexBuilder::keyOf(kKindExact, kPlainKeys, code).empty();
-  };
-  while (!out.empty() && idle(out.substr(out.size() - 2))) out.resize(out.size() - 2);
-  while (!out.empty() && idle(out.substr(0, 2))) out.erase(0, 2);
+  while (!out.empty() && isNothing(codeAt(out, out.size() - 2))) out.resize(out.size() - 2);
+  while (!out.empty() && isNothing(codeAt(out, 0))) out.erase(0, 2);
   return out;
+}
+
+// Indexes of words drop signs, those of forms don't.
+bool isNothingInWords(uint16_t code) {
+  std::string text;
+  appendBE16(text, code);
+  return IndexBuilder::keyOf(kKindExact, kPlainKeys, text).empty();
 }
 
 class Verification {
@@ -83,9 +88,11 @@ class Verification {
   bool walkBack();
   bool compareTexts();
   bool askWords();
+  bool askFields();
+  void askField(size_t number, size_t field, const std::string& value);
   void compareText(size_t number);
   std::string queryFor(const std::string& word) const;
-  bool leadsTo(const std::string& key, const _SDICADDRESS& address);
+  bool leadsTo(const std::string& query, const _SDICADDRESS& address);
   int64_t numberAt(const _SDICADDRESS& address) const;
   void fault(size_t entry, const std::string& message) { faults_->add(kBodyFile, entry, message); }
 
@@ -97,7 +104,7 @@ class Verification {
   CustomTable table_;
   std::vector<_SDICADDRESS> places_;
   WordTable words_;
-  uint64_t asked_ = 0;
+  uint64_t asked_ = 0, fieldsAsked_ = 0;
 };
 
 void Verification::open() {
@@ -180,10 +187,8 @@ bool Verification::compareTexts() {
   return true;
 }
 
-bool Verification::leadsTo(const std::string& key, const _SDICADDRESS& address) {
+bool Verification::leadsTo(const std::string& query, const _SDICADDRESS& address) {
   long count = 0, first = 0;
-  std::string query = "\x22\x21";
-  query += key;
   if (SDicExecIndexSearch(book_.get(), query.c_str(), false, false, &count, &first) != kDone) return false;
   for (long i = 0; i < count; ++i) {
     _SDICITEMADDRESS hit{};
@@ -196,7 +201,7 @@ bool Verification::leadsTo(const std::string& key, const _SDICADDRESS& address) 
 // A word with characters that can't be typed is asked for as it is typed.
 std::string Verification::queryFor(const std::string& word) const {
   const std::string typed = typedForm(word);
-  return asQuery(typed.empty() ? codesOf(word, table_) : typed);
+  return asQuery(typed.empty() ? codesOf(word, table_) : typed, isNothingInWords);
 }
 
 // In the order of the words, so that neighbours in the index are asked for one after the other.
@@ -210,17 +215,41 @@ bool Verification::askWords() {
   progress_.stage("asking for words", queries.size());
   for (const auto& [query, number] : queries) {
     if (progress_.cancelled()) return false;
-    if (!leadsTo(query, places_[number]))
+    if (!leadsTo("\x22\x21" + query, places_[number]))
       fault(number, "a word of \"" + source_.entry(number).headword + "\" isn't found");
     progress_.advance(++asked_);
   }
   return true;
 }
 
+// Each field by itself: what an entry has in it must lead there.
+bool Verification::askFields() {
+  if (source_.multiSearch().fields.empty()) return true;
+  progress_.stage("asking by fields", places_.size());
+  for (size_t i = 0; i < places_.size(); ++i) {
+    if (progress_.cancelled()) return false;
+    const std::vector<std::vector<std::string>> values = source_.fieldValues(i);
+    for (size_t field = 0; field < values.size(); ++field)
+      for (const std::string& value : values[field]) askField(i, field, value);
+    progress_.advance(i + 1);
+  }
+  return true;
+}
+
+void Verification::askField(size_t number, size_t field, const std::string& value) {
+  const std::string key = asQuery(codesOf(value, table_), isPassedOver);
+  if (key.empty()) return;
+  std::string query = "\x22\x26\x23\x30\x22\x27\x23";
+  query += static_cast<char>('0' + field);
+  ++fieldsAsked_;
+  if (!leadsTo(query + key, places_[number])) fault(number, "\"" + value + "\" in its field leads elsewhere");
+}
+
 bool Verification::run(mkdict::Summary* summary) {
-  if (!walk() || !walkBack() || !compareTexts() || !askWords()) return false;
+  if (!walk() || !walkBack() || !compareTexts() || !askWords() || !askFields()) return false;
   summary->figure("entries", places_.size());
   summary->figure("words asked for", asked_);
+  if (fieldsAsked_ > 0) summary->figure("values of fields asked for", fieldsAsked_);
   return true;
 }
 
