@@ -48,11 +48,17 @@ void closeReference(std::string* out, int64_t entry) {
   *out += "|" + std::to_string(entry) + kReferenceEnds;
 }
 
-std::string withoutLastBlanks(std::string text) {
-  while (!text.empty() && text.back() == '\n') text.pop_back();
-  while (text.ends_with("　") || text.ends_with(" ")) text.resize(text.size() - (text.back() == ' ' ? 1 : 3));
-  while (!text.empty() && text.back() == '\n') text.pop_back();
-  return text + "\n";
+std::string withoutLastBlanks(std::string_view text) {
+  constexpr std::string_view kWide = "　";
+  for (;;) {
+    if (text.ends_with(' ') || text.ends_with('\n')) {
+      text.remove_suffix(1);
+    } else if (text.ends_with(kWide)) {
+      text.remove_suffix(kWide.size());
+    } else {
+      return std::string(text) + "\n";
+    }
+  }
 }
 
 // One character as the book has it: of several ways to write a sign the one that its code stands for.
@@ -133,7 +139,7 @@ std::string expectedText(const BookEntry& entry, const CustomTable& table,
     beginLine(&out, std::min(line.indent, 9999u));
     append(line.spans);
   }
-  return withoutLastBlanks(std::move(out));
+  return withoutLastBlanks(out);
 }
 
 std::string decodedText(std::string_view bytes, const CustomTable& table,
@@ -187,7 +193,7 @@ std::string decodedText(std::string_view bytes, const CustomTable& table,
         out += tag;
     }
   }
-  return withoutLastBlanks(std::move(out));
+  return withoutLastBlanks(out);
 }
 
 }  // namespace zavel::mkbook
