@@ -8,7 +8,7 @@ mkdir -p "$logs"
 # The tests' libraries are among them: configuring asks for them, whatever is built.
 packages_build="g++ cmake ninja-build pkg-config libplist-dev libglib2.0-dev libcli11-dev zlib1g-dev scdoc libgtest-dev nlohmann-json3-dev"
 packages_data="dict-freedict-eng-jpn edict enamdict wordnet-base"
-packages_test="file dbus"
+packages_test="file dbus kanjidic unifont"
 packages_bench="libsqlite3-dev sdcv"
 packages_fuzz="clang libclang-rt-14-dev libgtest-dev"
 
