@@ -111,13 +111,18 @@ Failure readImport(std::string_view text, const UserLanguage* language, std::vec
 UserImport::UserImport(const UserOptions& options, std::vector<ImportItem>* items)
     : options_(options), items_(*items), progress_("Importing", sound(*items), options.progress) {}
 
+// Damage of one language's entries is none of the other's.
 Failure UserImport::run() {
+  Failure damage;
   for (const UserLanguage language : {UserLanguage::kEnglish, UserLanguage::kJapanese}) {
     if (interrupted()) break;
-    if (Failure failure = runLanguage(language)) return failure;
+    const Failure failure = runLanguage(language);
+    if (failure && failure.status != kExitDamaged) return damage ? damage : failure;
+    if (damage && failure) damage.message += "; " + failure.message;
+    if (!damage) damage = failure;
   }
   counts_.refused = items_.size() - sound(items_);
-  return {};
+  return damage;
 }
 
 Failure UserImport::runLanguage(UserLanguage language) {

@@ -37,7 +37,8 @@ class UserImport {
   UserImport(const UserOptions& options, std::vector<ImportItem>* items);
 
   // Ends early at a signal, and at what no further entry could be stored after; what is in until then is
-  // stored. Counts have only what is.
+  // stored. Counts have only what is. Where the entries of one language are damaged, those of the other are
+  // stored all the same.
   Failure run();
 
   const ImportCounts& counts() const { return counts_; }
