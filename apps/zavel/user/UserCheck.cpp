@@ -5,17 +5,21 @@
 
 #include "engine/DicFormat.h"
 #include "engine/Index3.h"
-#include "engine/UserEntry.h"
 #include "foundation/ByteReader.h"
-#include "user/UserRecords.h"
+#include "user/UserCheckForm.h"
 
 namespace zavel::host {
 namespace {
 
 using namespace engine;
 
-constexpr size_t kWindow = 4096;
+constexpr size_t kBlocksWindow = kMaxIx3;
+constexpr size_t kEntriesWindow = size_t{4} * kMaxEntry;
 constexpr std::string_view kEntryMark = "\xF5\xD1";
+constexpr const char* kWrongBlocks = " holds other blocks than its index leads to, or ends too soon";
+constexpr const char* kWrongEntries = " holds other entries than are looked for in it";
+constexpr const char* kOtherKanji = " leads to other entries than mykna.ix3";
+constexpr const char* kCutEntry = " holds an entry that was cut or changed";
 constexpr const char* kShort = " ends too soon";
 
 const uint8_t* bytesOf(std::string_view text) {
@@ -33,7 +37,8 @@ uint16_t typeOf(const std::string& index, UserLanguage language) {
 
 }  // namespace
 
-WindowFile::WindowFile(const std::string& path) : file_(storage().open(path, OpenMode::kRead)) {
+WindowFile::WindowFile(const std::string& path, size_t window)
+    : file_(storage().open(path, OpenMode::kRead)), least_(window) {
   if (file_) size_ = file_->size();
 }
 
@@ -41,7 +46,7 @@ std::string_view WindowFile::at(uint64_t offset, size_t length) {
   if (failed_ || size_ < 0 || offset >= size()) return {};
   length = static_cast<size_t>(std::min<uint64_t>(length, size() - offset));
   if (offset < start_ || offset + length > start_ + window_.size()) {
-    window_.resize(std::max(length, kWindow));
+    window_.resize(std::max(length, least_));
     const int64_t got = file_->readAt(offset, window_.data(), window_.size());
     failed_ = got < 0;
     window_.resize(failed_ ? 0 : static_cast<size_t>(got));
@@ -64,19 +69,26 @@ uint32_t entryOfRow(std::string_view block, size_t rows, size_t row) {
   return readLE32(bytesOf(block) + block.size() - 4 * (rows - row));
 }
 
-UserCheck::UserCheck(UserLanguage language, const UserPaths& paths, Depth depth)
-    : language_(language), paths_(paths) {
+bool remainderOfRow(std::string_view block, size_t rows, size_t row, std::string_view* remainder) {
+  const size_t start = kIx3Head + 2 * rows, end = block.size() - 4 * rows;
+  const size_t at = start + readLE16(bytesOf(block) + kIx3Head + 2 * row) + 2;
+  if (at >= end) return false;
+  const std::string_view text = block.substr(at, end - at);
+  *remainder = text.substr(0, text.find('\0'));
+  return remainder->size() < text.size();
+}
+
+UserCheck::UserCheck(UserLanguage language, const UserPaths& paths, Depth depth, BrokenOff broken)
+    : language_(language), paths_(paths), broken_(broken) {
   if (!filesThere() || !readIndexes() || depth == kIndexes) return;
   const bool english = language == UserLanguage::kEnglish;
   std::vector<const UserIndex*> kanji;
   for (size_t i = 1; i < indexes_.size(); ++i) kanji.push_back(&indexes_[i].second);
-  std::vector<uint32_t> written;
-  if (!checkBlocks(english ? "ej.ix3" : "kna.ix3", {&indexes_[0].second}, &entries_)) return;
+  FiledRows words, written;
+  if (!checkBlocks(english ? "ej.ix3" : "kna.ix3", {&indexes_[0].second}, &words)) return;
   if (!english && !checkBlocks("kji.ix3", kanji, &written)) return;
-  if (!checkEntries(entries_)) return;
-  if (!std::includes(entries_.begin(), entries_.end(), written.begin(), written.end())) {
-    fail("kji.ix3", " leads to other entries than mykna.ix3");
-  }
+  if (!checkEntries(words, written)) return;
+  for (const Filed& word : words) entries_.push_back(word.entry);
 }
 
 bool UserCheck::fail(const std::string& name, const char* what) {
@@ -118,55 +130,104 @@ bool UserCheck::readIndexes() {
 }
 
 bool UserCheck::checkBlocks(const std::string& name, const std::vector<const UserIndex*>& indexes,
-                            std::vector<uint32_t>* entries) {
-  WindowFile file(paths_(name));
+                            FiledRows* filed) {
+  WindowFile file(paths_(name), kBlocksWindow);
   if (!file.open()) return cantRead(name);
   if (file.size() < kUserHeader) return fail(name, kShort);
-  std::vector<uint32_t> offsets;
+  std::vector<const UserIndex::Row*> rows;
   for (const UserIndex* index : indexes) {
-    for (const UserIndex::Row& row : index->rows()) offsets.push_back(row.block);
+    for (const UserIndex::Row& row : index->rows()) rows.push_back(&row);
   }
-  std::sort(offsets.begin(), offsets.end());  // the way a window goes best
+  std::sort(rows.begin(), rows.end(),  // the way a window goes best
+            [](const UserIndex::Row* a, const UserIndex::Row* b) { return a->block < b->block; });
   uint64_t end = kUserHeader;
-  for (const uint32_t offset : offsets) {
-    size_t rows = 0;
-    const std::string_view block = blockAt(&file, offset, &rows);
+  for (const UserIndex::Row* row : rows) {
+    size_t count = 0;
+    const std::string_view block = blockAt(&file, row->block, &count);
     if (file.failed()) return cantRead(name);
-    if (block.empty() && offset + uint64_t{kIx3Head} > file.size()) return fail(name, kShort);
-    if (block.empty() || CheckIdx3Data(bytesOf(block), block.size()) != kOk)
-      return fail(name, " holds other blocks than its index leads to, or ends too soon");
-    for (size_t row = 0; row < rows; ++row) entries->push_back(entryOfRow(block, rows, row));
-    end = std::max(end, uint64_t{offset} + block.size());
+    if (block.empty() && row->block + uint64_t{kIx3Head} > file.size()) return fail(name, kShort);
+    // Blocks share no bytes.
+    if (block.empty() || row->block < end || !takeBlock(block, count, row->key, filed))
+      return fail(name, kWrongBlocks);
+    end = uint64_t{row->block} + block.size();
   }
-  std::sort(entries->begin(), entries->end());
-  entries->erase(std::unique(entries->begin(), entries->end()), entries->end());
+  std::sort(filed->begin(), filed->end(), [](const Filed& a, const Filed& b) { return a.entry < b.entry; });
   ends_.emplace_back(name, end);
   return true;
 }
 
-bool UserCheck::checkEntries(const std::vector<uint32_t>& offsets) {
+// Searches halve a block, so that rows out of order hide each other.
+bool UserCheck::takeBlock(std::string_view block, size_t rows, const std::string& prefix, FiledRows* filed) {
+  if (CheckIdx3Data(bytesOf(block), block.size()) != kOk) return false;
+  std::string_view before;
+  for (size_t row = 0; row < rows; ++row) {
+    std::string_view remainder;
+    if (!remainderOfRow(block, rows, row, &remainder) || remainder < before) return false;
+    before = remainder;
+    const size_t length = prefix.size() + remainder.size();
+    filed->push_back({entryOfRow(block, rows, row), static_cast<uint32_t>(length), keys_.size()});
+    keys_.append(prefix).append(remainder);
+  }
+  return true;
+}
+
+// An entry with a written form is filed under both words, any other under its one, and none twice.
+bool UserCheck::checkEntries(const FiledRows& words, const FiledRows& written) {
   const std::string& name = userFiles(language_).back();
-  WindowFile file(paths_(name));
+  WindowFile file(paths_(name), kEntriesWindow);
   if (!file.open()) return cantRead(name);
   if (file.size() < kUserHeader) return fail(name, kShort);
   uint64_t end = kUserHeader;
-  for (const uint32_t offset : offsets) {
-    const std::string_view mark = file.at(offset, kEntryMark.size());
-    if (file.failed()) return cantRead(name);
-    if (mark.size() < kEntryMark.size()) return fail(name, kShort);
-    if (mark != kEntryMark || offset < kUserHeader)
-      return fail(name, " holds other entries than are looked for in it");
+  auto kanji = written.begin();
+  for (const Filed& word : words) {
+    const bool both = kanji != written.end() && kanji->entry == word.entry;
+    if (word.entry < end) return fail(name, kWrongEntries);
+    if (!checkEntry(&file, word, both ? &*kanji : nullptr, &word == &words.back() ? nullptr : &word + 1,
+                    &end))
+      return false;
+    if (both) ++kanji;
   }
-  if (!offsets.empty()) {
-    const std::string_view text = file.at(offsets.back(), kMaxEntry);
-    if (file.failed()) return cantRead(name);
-    const size_t length = entryEnd(text);
-    StoredEntry last;
-    if (!readEntryText(text.substr(0, length), language_, &last)) return fail(name, kShort);
-    end = offsets.back() + length;
-  }
+  if (kanji != written.end()) return fail("kji.ix3", kOtherKanji);
+  end = endOfWhole(&file, end);
+  if (file.failed()) return cantRead(name);
   ends_.emplace_back(name, end);
   return true;
+}
+
+bool UserCheck::checkEntry(WindowFile* file, const Filed& word, const Filed* written, const Filed* next,
+                           uint64_t* end) {
+  const std::string& name = userFiles(language_).back();
+  const std::string_view text = file->at(word.entry, kMaxEntry);
+  if (file->failed()) return cantRead(name);
+  if (text.size() < kEntryMark.size()) return fail(name, kShort);
+  const EntryForm entry = formOfEntry(text, language_);
+  const bool filed =
+      isFiledUnder(keyOf(word), entry.word, language_ == UserLanguage::kEnglish ? kTypeE : kTypeKana);
+  // What broke off may have left anything behind the last one.
+  const bool torn = !next && entry.sound > 0 && word.entry + entry.sound >= broken_.from;
+  if (entry.length == 0 && !torn)
+    return fail(name, entry.tooSoon ? kShort : filed ? kCutEntry : kWrongEntries);
+  if (!filed) return fail(name, kWrongEntries);
+  if (entry.kanji.empty() != (written == nullptr)) return fail("kji.ix3", kOtherKanji);
+  if (written && !isFiledUnder(keyOf(*written), entry.kanji, kTypeKji)) return fail("kji.ix3", kOtherKanji);
+  *end = word.entry + entry.sound;
+  // Anything else than another entry may be what is left of a further line.
+  const bool good = torn || *end == file->size() || (next && *end == next->entry) ||
+                    beginsEntry(file->at(*end, kEntryMark.size()));
+  return file->failed() ? cantRead(name) : good || fail(name, kCutEntry);
+}
+
+std::string_view UserCheck::keyOf(const Filed& filed) const {
+  return std::string_view(keys_).substr(filed.key, filed.length);
+}
+
+uint64_t UserCheck::endOfWhole(WindowFile* file, uint64_t end) {
+  while (end < broken_.keep) {
+    const size_t length = formOfEntry(file->at(end, kMaxEntry), language_).length;
+    if (length == 0) break;
+    end += length;
+  }
+  return end;
 }
 
 }  // namespace zavel::host

@@ -35,6 +35,85 @@ bool takeTable(std::string_view bytes, size_t* offset, std::string_view* rows) {
   return true;
 }
 
+// The rows that every index of English words or of readings has from its making on: for each beginning of
+// letters or kana, shorter ones included. Of them only the offsets of blocks ever change.
+constexpr size_t kLetters = 26, kLettersOrEnd = kLetters + 1;
+constexpr size_t kUnderLetter = 1 + kLetters * kLettersOrEnd;  // rows of table C under one of table A
+constexpr size_t kKana = 83, kKanaOrEnd = kKana + 1;
+constexpr uint8_t kFirstKana = 0x9F;
+
+uint8_t keyAt(std::string_view table, size_t rowSize, size_t row) {
+  return static_cast<uint8_t>(table[row * rowSize]);
+}
+
+// The first child of a row of table A or B.
+size_t childAt(std::string_view table, size_t rowSize, size_t row) {
+  return readLE16(bytesOf(table) + (row + 1) * rowSize - 2);
+}
+
+// The end of a word, which is 0, comes ahead of the letters.
+uint8_t letterOrEnd(size_t row) {
+  return row == 0 ? 0 : static_cast<uint8_t>('a' + row - 1);
+}
+
+// It comes behind the kana: they are negative as signed bytes.
+uint8_t kanaOrEnd(size_t row) {
+  return row == kKana ? 0 : static_cast<uint8_t>(kFirstKana + row);
+}
+
+bool hasAllLetters(std::string_view a, std::string_view b, std::string_view c) {
+  if (a.size() != kLetters * kRowAE || b.size() != kLetters * kLettersOrEnd * kRowB) return false;
+  if (c.size() != kLetters * kUnderLetter * kRowC) return false;
+  for (size_t row = 0; row < kLetters; ++row) {
+    if (keyAt(a, kRowAE, row) != letterOrEnd(row + 1)) return false;
+    if (childAt(a, kRowAE, row) != row * kLettersOrEnd) return false;
+  }
+  for (size_t row = 0; row < kLetters * kLettersOrEnd; ++row) {
+    const size_t first = row / kLettersOrEnd, second = row % kLettersOrEnd;
+    const size_t child = first * kUnderLetter + (second == 0 ? 0 : 1 + (second - 1) * kLettersOrEnd);
+    if (keyAt(b, kRowB, row) != letterOrEnd(second) || childAt(b, kRowB, row) != child) return false;
+  }
+  for (size_t row = 0; row < kLetters * kUnderLetter; ++row) {
+    const size_t under = row % kUnderLetter;
+    const uint8_t key = under == 0 ? 0 : letterOrEnd((under - 1) % kLettersOrEnd);
+    if (keyAt(c, kRowC, row) != key) return false;
+  }
+  return true;
+}
+
+bool hasAllKana(std::string_view a, std::string_view c) {
+  if (a.size() != kKana * kRowAE || c.size() != kKana * kKanaOrEnd * kRowC) return false;
+  for (size_t row = 0; row < kKana; ++row) {
+    if (keyAt(a, kRowAE, row) != kanaOrEnd(row) || childAt(a, kRowAE, row) != row * kKanaOrEnd) return false;
+  }
+  for (size_t row = 0; row < kKana * kKanaOrEnd; ++row) {
+    if (keyAt(c, kRowC, row) != kanaOrEnd(row % kKanaOrEnd)) return false;
+  }
+  return true;
+}
+
+// Whether the rows from `from` to `to` rise by their two bytes.
+bool rises(std::string_view table, size_t rowSize, size_t from, size_t to) {
+  for (size_t row = from + 1; row < to; ++row) {
+    if (table.substr((row - 1) * rowSize, 2) >= table.substr(row * rowSize, 2)) return false;
+  }
+  return true;
+}
+
+// Rows of kanji are made as they are wanted: in order, each of table A with children of its own.
+bool isInOrder(std::string_view a, std::string_view c) {
+  const size_t rowsA = a.size() / kRowAKji, rowsC = c.size() / kRowCKji;
+  if (a.size() % kRowAKji != 0 || c.size() % kRowCKji != 0 || (rowsA == 0) != (rowsC == 0)) return false;
+  if (rowsC > kUserKjiRows || !rises(a, kRowAKji, 0, rowsA)) return false;
+  for (size_t row = 0, child = 0; row < rowsA; ++row) {
+    const size_t end = row + 1 < rowsA ? childAt(a, kRowAKji, row + 1) : rowsC;
+    if (childAt(a, kRowAKji, row) != child || end <= child || end > rowsC) return false;
+    if (!rises(c, kRowCKji, child, end)) return false;
+    child = end;
+  }
+  return true;
+}
+
 // The last row of a table whose first child is not behind `child`; children stand in the order of parents.
 size_t parentOf(std::string_view table, size_t rowSize, size_t child, size_t from) {
   size_t row = from;
@@ -71,7 +150,10 @@ bool UserIndex::read(const std::string& bytes, uint16_t type) {
   const ByteReader file(bytesOf(bytes), bytes.size());
   uint32_t size = 0;
   if (!file.readLE32At(table, &size) || !file.contains(table + kTableHeadC, size)) return false;
-  readRows(a, b, std::string_view(bytes).substr(table + kTableHeadC, size), type);
+  const std::string_view c = std::string_view(bytes).substr(table + kTableHeadC, size);
+  if (!(type == kTypeE ? hasAllLetters(a, b, c) : type == kTypeKana ? hasAllKana(a, c) : isInOrder(a, c)))
+    return false;
+  readRows(a, b, c, type);
   return true;
 }
 

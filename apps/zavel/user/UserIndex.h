@@ -17,7 +17,8 @@ class UserIndex {
 
   // Whether the file could be read, whatever is in it.
   bool readable() const { return readable_; }
-  // Whether its tables lie inside it.
+  // Whether its tables lie inside it and have the rows that they must have, in order. Readings and English
+  // words have all rows from the beginning.
   bool sound() const { return sound_; }
   // The number that the header of a first kanji index has for further ones.
   uint16_t furtherIndexes() const { return further_; }

@@ -43,6 +43,11 @@ bool isStray(std::string_view name, UserLanguage language) {
   return false;
 }
 
+// The engine moves the first index of kanji aside, and no other.
+bool areMoved(const std::vector<std::string>& names) {
+  return names == std::vector<std::string>{kFirstKanji};
+}
+
 bool isEmptyData(const std::string& path) {
   std::error_code error;
   const uintmax_t size = std::filesystem::file_size(path, error);
@@ -107,6 +112,15 @@ UserPaths UserRecovery::pathsWith(const std::vector<std::string>& suffixes) cons
   };
 }
 
+// Without a word of where a change began, all that is whole counts as from before it.
+UserCheck UserRecovery::check(const UserPaths& paths) const {
+  BrokenOff broken;
+  if (marker_.work == UserMarker::kUnknown) broken = {0, UINT64_MAX};
+  if (marker_.work == UserMarker::kChanging) broken = {marker_.entriesEnd, marker_.entriesEnd};
+  if (marker_.work == UserMarker::kArranging) broken = {marker_.entriesEnd, UINT64_MAX};
+  return UserCheck(language_, paths, UserCheck::kAll, broken);
+}
+
 // A backup of another session than the one that broke off: it is neither the index with which that began nor
 // one that leads to anything it added, or the files lead to something stored before it that the backup lacks.
 bool UserRecovery::countsAsSaved(const UserCheck& backup, const UserCheck& files) const {
@@ -123,6 +137,7 @@ bool UserRecovery::countsAsSaved(const UserCheck& backup, const UserCheck& files
 // whole is the newer.
 bool UserRecovery::counts(const char* suffix, const UserCheck& backup, const UserCheck& files) const {
   if (marker_.work == UserMarker::kNone || !backup.whole()) return false;
+  if (suffix == kMoving && !areMoved(withSuffix(suffix))) return false;
   if (marker_.work == UserMarker::kUnknown) return !files.whole();
   if (suffix == kArranging) {
     const bool own = marker_.indexHash == 0 || backup.indexHash() == marker_.indexHash;
@@ -169,9 +184,10 @@ bool UserRecovery::keep(const std::string& file, std::string* name) const {
 Failure UserRecovery::moveAway(const char* suffix, std::vector<std::string>* told) {
   const std::vector<std::string> names = withSuffix(suffix);
   // The engine itself leaves these behind, once they are worth nothing, when it ends ahead of removing them.
-  const bool leftOver = suffix == kMoving || !there(firstIndex() + suffix);
-  if (leftOver && marker_.work != UserMarker::kNone)
-    return removeAll(names, suffix) ? Failure{} : notWritten();
+  // What says nothing of a change isn't known to be the marker of one.
+  const bool known = marker_.work == UserMarker::kChanging || marker_.work == UserMarker::kArranging;
+  const bool leftOver = suffix == kMoving ? areMoved(names) : !there(firstIndex() + suffix);
+  if (known && leftOver) return removeAll(names, suffix) ? Failure{} : notWritten();
   std::string kept;
   for (const std::string& name : names) {
     std::string as;
@@ -186,7 +202,7 @@ Failure UserRecovery::moveAway(const char* suffix, std::vector<std::string>* tol
 Failure UserRecovery::settle(const char* suffix, std::vector<std::string>* told) {
   if (withSuffix(suffix).empty()) return {};
   const UserCheck files = filesAsTheyAre();
-  const UserCheck backup(language_, pathsWith({suffix}));
+  const UserCheck backup = check(pathsWith({suffix}));
   if (files.unreadable() || backup.unreadable()) return failureOf(files.unreadable() ? files : backup);
   if (counts(suffix, backup, files)) return putBack(suffix, told);
   return files.whole() ? moveAway(suffix, told) : Failure{};

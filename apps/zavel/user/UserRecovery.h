@@ -50,7 +50,9 @@ class UserRecovery {
  private:
   // The files with backups of these suffixes in their places, where there are any.
   UserPaths pathsWith(const std::vector<std::string>& suffixes) const;
-  UserCheck filesAsTheyAre() const { return UserCheck(language_, pathsWith({})); }
+  // Of what a change that broke off may have left, as its marker says.
+  UserCheck check(const UserPaths& paths) const;
+  UserCheck filesAsTheyAre() const { return check(pathsWith({})); }
   std::string path(const std::string& name) const { return place_.file(name); }
   std::string firstIndex() const { return userFiles(language_).front(); }
   bool there(const std::string& name) const;

@@ -8,8 +8,9 @@
 #include "engine/ChangeMidasi.h"
 #include "engine/DicFormat.h"
 #include "engine/Entry.h"
+#include "engine/Index3.h"
 #include "engine/ListUserDic.h"
-#include "foundation/ByteReader.h"
+#include "user/UserCheckForm.h"
 #include "user/UserRecords.h"
 #include "user/UserText.h"
 
@@ -20,24 +21,15 @@ using namespace engine;
 
 constexpr unsigned char kKanaLead = 0x82;  // what keys leave out of each kana
 constexpr size_t kMostNamed = 5;
+constexpr size_t kTagSize = 2;
+constexpr size_t kEntriesWindow = size_t{4} * kMaxEntry;
 
 // A key as readers write it.
-std::string keyText(const std::string& key, UserLanguage language) {
-  if (language == UserLanguage::kEnglish) return key;
+std::string keyText(const std::string& key, uint16_t type) {
+  if (type != kTypeKana) return type == kTypeE ? key : textOfStored(key);
   std::string kana;
   for (const char c : key) kana += {static_cast<char>(kKanaLead), c};
   return textOfStored(kana);
-}
-
-// The remainder of the key in a row of a block; false where the block has none there.
-bool remainderOf(std::string_view block, size_t rows, size_t row, std::string* remainder) {
-  const auto* data = reinterpret_cast<const uint8_t*>(block.data());
-  const size_t start = kIx3Head + 2 * rows, end = block.size() - 4 * rows;
-  const size_t at = start + readLE16(data + kIx3Head + 2 * row) + 2;
-  if (at >= end) return false;
-  const std::string_view text = block.substr(at, end - at);
-  *remainder = text.substr(0, text.find('\0'));
-  return text.find('\0') != std::string_view::npos;
 }
 
 // The word as the engine has it.
@@ -48,14 +40,20 @@ std::string filedText(const UserEntry& entry) {
 class Salvage {
  public:
   Salvage(UserLanguage language, const UserPaths& paths)
-      : language_(language),
-        index_(paths(userFiles(language).front()), type()),
-        blocks_(paths(english() ? "ej.ix3" : "kna.ix3")),
-        entries_(paths(userFiles(language).back())) {}
+      : language_(language), paths_(paths), entries_(paths(userFiles(language).back()), kEntriesWindow) {}
 
   SalvagedEntries run() {
-    if (!index_.sound()) takeAll();
-    for (const UserIndex::Row& row : index_.rows()) takeBlock(row);
+    const UserIndex index(paths_(userFiles(language_).front()), type());
+    if (!index.sound()) {
+      takeAll();
+      return std::move(found_);
+    }
+    const char* const blocks = english() ? "ej.ix3" : "kna.ix3";
+    eachRow(blocks, index, [this](std::string_view block, size_t rows, size_t row) {
+      starts_.insert(entryOfRow(block, rows, row));
+    });
+    takeBlocks(blocks, index, type());
+    if (!english()) takeWritten();
     return std::move(found_);
   }
 
@@ -68,53 +66,96 @@ class Salvage {
     found_.byFile = true;
     for (uint64_t at = kUserHeader; at < entries_.size();) {
       StoredEntry stored;
-      const size_t length = readText(at, &stored);
+      std::string key;
+      const size_t length = readText(at, &stored, type(), &key);
       if (length > 0) found_.entries.push_back(std::move(stored.entry));
+      if (length == 0) found_.gaps = true;
       const std::string_view rest = entries_.at(at + std::max<size_t>(length, 1), kMaxEntry);
       const size_t next = FindEntryTag(rest, 0);
+      if (length > 0 && next != 0 && !rest.empty()) found_.gaps = true;
       at += std::max<size_t>(length, 1) + std::min(next, std::max<size_t>(rest.size(), 1));
     }
   }
 
-  void takeBlock(const UserIndex::Row& row) {
-    size_t rows = 0;
-    const std::string block(blockAt(&blocks_, row.block, &rows));
-    if (block.empty()) found_.lost.push_back(keyText(row.key, language_) + "...");
-    for (size_t i = 0; !block.empty() && i < rows; ++i) {
-      std::string remainder;
-      const bool named = remainderOf(block, rows, i, &remainder);
-      StoredEntry stored;
-      const uint32_t offset = entryOfRow(block, rows, i);
-      if (!seen_.insert(offset).second) continue;
-      if (named && readEntry(offset, row.key + remainder, &stored)) {
-        found_.entries.push_back(std::move(stored.entry));
-      } else {
-        found_.lost.push_back(keyText(row.key + remainder, language_) + (named ? "" : "..."));
-      }
+  // Entries that are written in kanji have two ways to them. The second is of use where the first is lost.
+  void takeWritten() {
+    int further = 0;
+    for (int number = 0; number <= further; ++number) {
+      const UserIndex index(paths_(number == 0 ? "kji.idx" : kanjiIndexName(number)), kTypeKji);
+      if (!index.sound()) continue;
+      if (number == 0) further = std::min<int>(index.furtherIndexes(), kMostKanjiIndexes);
+      takeBlocks("kji.ix3", index, kTypeKji);
     }
   }
 
-  // As the engine reads it. Bytes of its text, 0 where none can be read.
-  size_t readText(uint64_t offset, StoredEntry* stored) {
-    std::string text(entries_.at(offset, kMaxEntry));
-    if (FindEntryTag(text, 0) != 0) return 0;
-    text.resize(std::min(text.size(), EntryLength(text)));
-    text.resize(entryEnd(text));
-    std::replace(text.begin(), text.end(), '\0', ' ');
-    return readEntryText(text, language_, stored) ? text.size() : 0;
+  template <typename Take>
+  void eachRow(const std::string& name, const UserIndex& index, const Take& take) {
+    WindowFile blocks(paths_(name));
+    for (const UserIndex::Row& row : index.rows()) {
+      size_t rows = 0;
+      const std::string block(blockAt(&blocks, row.block, &rows));
+      for (size_t i = 0; !block.empty() && i < rows; ++i) take(block, rows, i);
+    }
   }
 
-  // One that is filed where it belongs.
-  bool readEntry(uint32_t offset, const std::string& key, StoredEntry* stored) {
-    if (readText(offset, stored) == 0) return false;
+  void takeBlocks(const std::string& name, const UserIndex& index, uint16_t type) {
+    WindowFile blocks(paths_(name));
+    for (const UserIndex::Row& row : index.rows()) {
+      size_t rows = 0;
+      const std::string block(blockAt(&blocks, row.block, &rows));
+      const bool whole = CheckIdx3Data(reinterpret_cast<const uint8_t*>(block.data()), block.size()) == kOk;
+      for (size_t i = 0; !block.empty() && i < rows; ++i) takeRow(block, rows, i, row.key, type);
+      if (!whole && type != kTypeKji) lose(keyText(row.key, type) + "...");
+    }
+  }
+
+  void takeRow(std::string_view block, size_t rows, size_t row, const std::string& prefix, uint16_t type) {
+    std::string_view remainder;
+    const bool named = remainderOfRow(block, rows, row, &remainder);
+    const std::string key = prefix + std::string(remainder);
+    const uint32_t offset = entryOfRow(block, rows, row);
     std::string own;
-    return ChangeMidasi(filedText(stored->entry), type(), &own) == kOk && own == key;
+    StoredEntry stored;
+    const bool first = !seen_.contains(offset);
+    const bool readable = readText(offset, &stored, type, &own) > 0;
+    if (named && readable && own == key) {
+      if (first) found_.entries.push_back(std::move(stored.entry));
+      if (!first && type != kTypeKji) lose(keyText(key, type));
+      seen_.insert(offset);
+    } else if (type != kTypeKji) {
+      loseRow(prefix, key, named, own);
+    }
+  }
+
+  // The row or its entry was changed. Which of them, nothing tells: both are named.
+  void loseRow(const std::string& prefix, const std::string& key, bool named, const std::string& own) {
+    const bool otherBlock = !own.empty() && !own.starts_with(prefix);
+    lose(keyText(named && !otherBlock ? key : prefix, type()) + (named && !otherBlock ? "" : "..."));
+    if (!own.empty() && !otherBlock) lose(keyText(own, type()));
+  }
+
+  void lose(const std::string& word) {
+    if (named_.insert(word).second) found_.lost.push_back(word);
+  }
+
+  // Bytes of its text, 0 where none can be read whole; and the key under which it is to be filed.
+  size_t readText(uint64_t offset, StoredEntry* stored, uint16_t type, std::string* key) {
+    const std::string_view text = entries_.at(offset, kMaxEntry);
+    const EntryForm entry = formOfEntry(text, language_);
+    if (entry.length == 0 || !readEntryText(text.substr(0, entry.length), language_, stored)) return 0;
+    const std::string_view word = type == kTypeKji ? entry.kanji : entry.word;
+    if (ChangeMidasi(word, type, key) != kOk || !isFiledUnder(*key, word, type)) return 0;
+    const std::string_view next = entries_.at(offset + entry.length, kTagSize);
+    const bool ends = next.empty() || beginsEntry(next) || starts_.contains(offset + entry.length);
+    return ends ? entry.length : 0;
   }
 
   UserLanguage language_;
-  UserIndex index_;
-  WindowFile blocks_, entries_;
+  UserPaths paths_;
+  WindowFile entries_;
+  std::set<uint64_t> starts_;  // of entries, as the rows have them
   std::set<uint32_t> seen_;
+  std::set<std::string> named_;  // of the lost
   SalvagedEntries found_;
 };
 
@@ -138,7 +179,8 @@ std::vector<std::string> headwordsOf(const std::vector<UserEntry>& entries) {
 std::string lostText(const SalvagedEntries& entries) {
   const std::vector<std::string>& lost = entries.lost;
   if (entries.byFile && !entries.entries.empty())
-    return "entries that you deleted or changed may be among those that can be read";
+    return std::string("entries that you deleted or changed may be among those that can be read") +
+           (entries.gaps ? ", and others can't be read" : "");
   if (lost.empty()) return entries.entries.empty() ? "" : "each of them can be read";
   std::string text;
   for (size_t i = 0; i < std::min(lost.size(), kMostNamed); ++i)

@@ -13,12 +13,14 @@ namespace zavel::host {
 
 struct SalvagedEntries {
   std::vector<UserEntry> entries;  // in the order of the index
-  // The words of those that can't be read, as far as the index spells them: in small letters, in hiragana. A
-  // beginning alone, with "..." behind it, where all words that begin so can't be.
+  // The words of those that can't be read whole, as far as the index spells them: in small letters, in
+  // hiragana. A beginning alone, with "..." behind it, where words that begin so can't be.
   std::vector<std::string> lost;
   // That the first index is none: the entries are all that their file holds, in the order in which they were
   // added, among them those that were deleted or changed later.
   bool byFile = false;
+  // That there is more in that file than entries that can be read.
+  bool gaps = false;
 };
 
 SalvagedEntries salvageEntries(UserLanguage language, const UserPaths& paths);

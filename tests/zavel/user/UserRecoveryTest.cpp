@@ -317,7 +317,7 @@ TEST_F(UserRecoveryTest, BackupsFromElsewhereTakeNothingBack) {
            {UserMarker::kNone, UserMarker::kUnknown, UserMarker::kChanging, UserMarker::kArranging}) {
         restoreAll();
         auto expected = now;
-        const bool kept = first || work == UserMarker::kNone;
+        const bool kept = first || work <= UserMarker::kUnknown;
         for (const std::string& name : list) {
           const std::string old = older.at(name);
           const std::string bytes = content == std::string("stale")   ? old
@@ -403,6 +403,75 @@ TEST_F(UserRecoveryTest, WhatIsKeptIsNeverReplaced) {
                              place().folder() + " and moved to myej.idx.bkup.kept-2"});
   EXPECT_EQ(bytes("myej.idx.bkup.kept-1"), "first");
   EXPECT_EQ(bytes("myej.idx.bkup.kept-2"), "second");
+}
+
+// The engine moves the first index of kanji aside and nothing else; and what says nothing is not the marker
+// of a change that may have done so.
+TEST_F(UserRecoveryTest, WhatIsNeverMovedAsideIsKept) {
+  const Strings told = {"backups that your English entries don't need were found in " + place().folder() +
+                        " and moved to myej.idx.Bkup.kept-1, myej.dic.Bkup.kept-1"};
+  for (const bool known : {false, true}) {
+    restoreAll();
+    put(".changing-en", "garbage");
+    if (known) mark(kE);
+    put("myej.idx.Bkup", "one");
+    put("myej.dic.Bkup", "two");
+    EXPECT_EQ(run(kE), told);
+    EXPECT_EQ(bytes("myej.idx.Bkup.kept-1"), "one");
+    EXPECT_EQ(bytes("myej.dic.Bkup.kept-1"), "two");
+  }
+  restoreAll();
+  put(".changing-ja", "garbage");
+  put("mykji.idx.Bkup", before_["mykji.idx"]);
+  EXPECT_EQ(run(kJ), Strings{"backups that your Japanese entries don't need were found in " +
+                             place().folder() + " and moved to mykji.idx.Bkup.kept-1"});
+  EXPECT_EQ(bytes("mykji.idx.Bkup.kept-1"), before_["mykji.idx"]);
+}
+
+TEST_F(UserRecoveryTest, OneThatIsNeverMadeIsNotPutOverDamagedFiles) {
+  mark(kE);
+  put("myej.idx.Bkup", before_["myej.idx"]);
+  put("myej.idx", "");
+  EXPECT_EQ(run(kE), Strings{"! damaged_user_dictionary"});
+  EXPECT_EQ(bytes("myej.idx"), "");
+}
+
+// Nothing of a damaged dictionary is cut off: what nothing leads to may be what the damage hides.
+TEST_F(UserRecoveryTest, NothingIsCutOffDamagedFiles) {
+  std::string index = before_["myej.idx"];
+  put("myej.idx", index.replace(index.find('\x80', 900), 4096, std::string(4096, '\0')));
+  put(".changing-en", "x");
+  EXPECT_EQ(run(kE), Strings{"! damaged_user_dictionary"});
+  EXPECT_EQ(bytes("myej.dic"), before_["myej.dic"]);
+  EXPECT_EQ(bytes("myej.ix3"), before_["myej.ix3"]);
+  EXPECT_TRUE(exists(".changing-en"));
+}
+
+// Where nothing tells when the change began, a whole entry may be an older one.
+TEST_F(UserRecoveryTest, WithoutAWordOfTheMarkersWholeEntriesAreNotCutOff) {
+  const auto files = after(kE);
+  restoreAll();
+  put("myej.dic", files.at("myej.dic") + "\xF5\xD1half");
+  put(".changing-en", "");
+  EXPECT_EQ(run(kE), Strings{"a change of your English entries had broken off: 6 bytes of it that nothing "
+                             "leads to were removed"});
+  EXPECT_EQ(bytes("myej.dic"), files.at("myej.dic"));
+}
+
+// Entries that were deleted ahead of the change stay like all others of that time, and what it added goes.
+TEST_F(UserRecoveryTest, WhatWasThereWhenTheChangeBeganIsNotCutOff) {
+  UserStore open = store();
+  std::vector<StoredEntry> found;
+  ASSERT_EQ(open.open(kE, UserAccess::kWrite).code, "");
+  ASSERT_EQ(open.findStored("bee", &found).code, "");
+  ASSERT_EQ(open.remove(found.at(0)).code, "");
+  ASSERT_EQ(open.close().code, "");
+  mark(kE);
+  const std::string dic = bytes("myej.dic");
+  put("myej.dic", dic + dic.substr(128));
+  run(kE);
+  EXPECT_EQ(bytes("myej.dic"), dic);
+  EXPECT_EQ(words(kE), Strings{"ant"});
 }
 
 TEST_F(UserRecoveryTest, AReaderPutsThingsRightToo) {
