@@ -16,7 +16,9 @@ using namespace engine;
 
 constexpr std::string_view kSeparator = "\x1B";
 constexpr std::string_view kLaterMark = "/";
-constexpr uint8_t kDelete = 0x7F;
+
+// English texts have single bytes alone.
+enum Text { kSingle, kMixed };
 
 // Goes through a text from its start. Once something isn't there that must be, nothing further is taken.
 class Form {
@@ -43,13 +45,14 @@ class Form {
     return tagHere(&tag) && tag == wanted;
   }
   bool is(std::string_view wanted) const { return good_ && rest().starts_with(wanted); }
-  // Whole characters up to a tag or a control character, at least one.
-  std::string_view characters() {
+  // Characters that the engine takes into such a text, up to a tag or any other; at least one.
+  std::string_view characters(Text text) {
     const size_t start = at_;
     for (uint16_t tag = 0; good_ && at_ < text_.size() && !tagHere(&tag);) {
       const auto byte = static_cast<uint8_t>(text_[at_]);
-      if (byte < ' ' || byte == kDelete || (_ismbblead(byte) && !isPair(byte))) break;
-      at_ += _ismbblead(byte) ? 2 : 1;
+      const bool pair = _ismbblead(byte) != 0;
+      if (pair ? text == kSingle || !isPair(byte) : !_isprint(byte)) break;
+      at_ += pair ? 2 : 1;
     }
     if (at_ == start) fail(atEnd());
     return text_.substr(start, at_ - start);
@@ -69,7 +72,7 @@ class Form {
            IsTag(static_cast<uint8_t>(text_[at_]), static_cast<uint8_t>(text_[at_ + 1]), tag);
   }
   bool isPair(uint8_t lead) const {
-    return at_ + 1 < text_.size() && _ismbclegal(lead * 256u + static_cast<uint8_t>(text_[at_ + 1]));
+    return at_ + 1 < text_.size() && _ismbcprint(lead * 256u + static_cast<uint8_t>(text_[at_ + 1]));
   }
 
   std::string_view text_;
@@ -79,29 +82,30 @@ class Form {
   bool endedTooSoon_ = false;
 };
 
-void takeLine(Form& form, uint16_t tag) {
+void takeLine(Form& form, uint16_t tag, Text text) {
   form.tag(tag);
-  form.characters();
+  form.characters(text);
   form.literal("\n");
 }
 
 void takeBold(Form& form, uint16_t tag, std::string_view* text) {
   form.tag(tag);
   form.tag(kTagBold);
-  *text = form.characters();
+  *text = form.characters(kSingle);
   form.tag(kTagRoman);
   form.literal("\n");
 }
 
-void takePairs(Form& form, uint16_t tag, std::string_view firstMark, std::string_view laterMark) {
+void takePairs(Form& form, uint16_t tag, std::string_view firstMark, std::string_view laterMark, Text first,
+               Text second) {
   form.enough();
   for (std::string_view mark = firstMark; form.good() && form.isTag(tag); mark = laterMark) {
     form.tag(tag);
     form.literal(mark);
-    form.characters();
+    form.characters(first);
     form.tag(kTagOtherSide);
     form.literal(" ");
-    form.characters();
+    form.characters(second);
     form.literal("\n");
     form.enough();
   }
@@ -110,7 +114,7 @@ void takePairs(Form& form, uint16_t tag, std::string_view firstMark, std::string
 void takePartOfSpeech(Form& form) {
   form.tag(kTagHinsi);
   form.literal("-");
-  const std::string_view label = form.characters();
+  const std::string_view label = form.characters(kMixed);
   for (uint16_t number = 1; number <= kLastHinsi; ++number) {
     if (label == HinsiText(number)) return static_cast<void>(form.literal("\n"));
   }
@@ -122,21 +126,21 @@ void takeEnglish(Form& form, EntryForm* entry) {
   const bool phrase = form.isTag(kTagPhrase);
   std::string_view text;
   phrase ? takeBold(form, kTagPhrase, &text) : takePartOfSpeech(form);
-  takeLine(form, phrase ? kTagPhraseImi : kTagImi);
-  takePairs(form, phrase ? kTagPhraseYourei : kTagYourei, "", "");
+  takeLine(form, phrase ? kTagPhraseImi : kTagImi, kMixed);
+  takePairs(form, phrase ? kTagPhraseYourei : kTagYourei, "", "", kSingle, kMixed);
 }
 
 void takeJapanese(Form& form, EntryForm* entry) {
   form.tag(kTagEntry);
-  entry->word = form.characters();
+  entry->word = form.characters(kMixed);
   if (form.is(kSeparator)) {
     form.literal(kSeparator);
-    entry->kanji = form.characters();
+    entry->kanji = form.characters(kMixed);
   }
   form.literal("\n");
-  takeLine(form, kTagImi);
-  takePairs(form, kTagYourei, kKureiMark, kLaterMark);
-  takePairs(form, kTagPhrase, kBunreiMark, kLaterMark);
+  takeLine(form, kTagImi, kSingle);
+  takePairs(form, kTagYourei, kKureiMark, kLaterMark, kMixed, kSingle);
+  takePairs(form, kTagPhrase, kBunreiMark, kLaterMark, kMixed, kSingle);
 }
 
 }  // namespace

@@ -111,6 +111,13 @@ TEST(UserCheckForm, AWordIsFiledUnderItsKeyAlone) {
   EXPECT_FALSE(isFiledUnder("\x8C\xA3", "\x8C\xA2", 3));
 }
 
+TEST(UserCheckForm, EnglishTextsHaveNoPairs) {
+  std::string other = kMeaning;
+  EXPECT_EQ(read(other.replace(other.find("run-up\xF5\xD8"), 2, "\x82\xA0"), kE).length, 0u);
+  other = kKana;
+  EXPECT_EQ(read(other.replace(other.find("dog"), 2, "\x82\xA0"), kJ).length, 0u);
+}
+
 TEST(UserCheckForm, OneLanguageIsNotTheOther) {
   EXPECT_EQ(read(kMeaning, kJ).length, 0u);
   EXPECT_EQ(read(kWritten, kE).length, 0u);
