@@ -20,6 +20,8 @@ constexpr std::string_view kLaterMark = "/";
 // English texts have single bytes alone.
 enum Text { kSingle, kMixed };
 
+constexpr uint8_t kFirstTag = 0xF4;  // lead byte
+
 // Goes through a text from its start. Once something isn't there that must be, nothing further is taken.
 class Form {
  public:
@@ -68,7 +70,8 @@ class Form {
  private:
   std::string_view rest() const { return text_.substr(at_); }
   bool tagHere(uint16_t* tag) const {
-    return at_ + 1 < text_.size() &&
+    // Quickly for most characters, which begin below all tags.
+    return at_ + 1 < text_.size() && static_cast<uint8_t>(text_[at_]) >= kFirstTag &&
            IsTag(static_cast<uint8_t>(text_[at_]), static_cast<uint8_t>(text_[at_ + 1]), tag);
   }
   bool isPair(uint8_t lead) const {
