@@ -5,8 +5,8 @@
 
 #include "book/Address.h"
 #include "book/CEpwing.h"
+#include "book/JisCode.h"
 #include "book/OutBuffer.h"
-#include "foundation/ByteReader.h"
 
 namespace zavel::book {
 namespace {
@@ -36,10 +36,6 @@ constexpr Marker kMarkers[] = {
     {"\x4E\x72\x3B\x4B\x32\x3E\x33\x2B", 0x2179}, {"\x4E\x72\x3B\x4B\x32\x3E\x3D\x2A", 0x217A}};
 constexpr size_t kMarkerSpan = 10;
 constexpr uint16_t kNoMarkerHere = 0x3E4A;
-
-uint16_t codeAt(const char* text) {
-  return readBE16(reinterpret_cast<const uint8_t*>(text));
-}
 
 void putCode(uint16_t code, char* out) {
   out[0] = static_cast<char>(code >> 8);

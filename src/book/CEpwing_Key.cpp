@@ -2,29 +2,9 @@
 // Tests: tests/book/KeyTest.cpp, tests/book/IndexTest.cpp
 #include "book/CEpwing.h"
 #include "book/IndexKey.h"
-#include "foundation/ByteReader.h"
+#include "book/JisCode.h"
 
 namespace zavel::book {
-namespace {
-
-uint16_t codeAt(const char* text) {
-  return readBE16(reinterpret_cast<const uint8_t*>(text));
-}
-
-// A pair of which the text's end leaves nothing or a half is the end.
-bool atEnd(const char* text) {
-  return text[0] == '\0' || text[1] == '\0';
-}
-
-bool isBetween(uint16_t code, uint16_t first, uint16_t last) {
-  return code >= first && code <= last;
-}
-
-bool isKana(uint16_t code) {
-  return code >> 8 == 0x24 || code >> 8 == 0x25;
-}
-
-}  // namespace
 
 void CEpwing::Fp_FormatKeyString(char* out, const char* in, bool keepFirstMark) const {
   formatIndexKey(m_index, out, in, keepFirstMark);

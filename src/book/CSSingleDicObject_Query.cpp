@@ -6,7 +6,7 @@
 #include "book/BookFormat.h"
 #include "book/CSSingleDicObject.h"
 #include "book/ItemAddress.h"
-#include "foundation/ByteReader.h"
+#include "book/JisCode.h"
 
 namespace zavel::book {
 namespace {
@@ -39,10 +39,6 @@ bool copyItems(_avltree* from, _avltree* other, Copying::Which which, _avltree**
   Copying copying = {other, which, result};
   foundation::avlt_output_data(from, &copying, copyItem);
   return !copying.outOfMemory;
-}
-
-uint16_t codeAt(const char* text) {
-  return readBE16(reinterpret_cast<const uint8_t*>(text));
 }
 
 }  // namespace

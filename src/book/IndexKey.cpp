@@ -6,30 +6,13 @@
 #include <iterator>
 
 #include "book/BookFormat.h"
-#include "foundation/ByteReader.h"
+#include "book/JisCode.h"
 #include "foundation/KanjiConversion.h"
 
 namespace zavel::book {
 namespace {
 
 constexpr size_t kLongestInput = 256;
-
-uint16_t codeAt(const char* text) {
-  return readBE16(reinterpret_cast<const uint8_t*>(text));
-}
-
-// A pair of which the text's end leaves nothing or a half is the end.
-bool atEnd(const char* text) {
-  return text[0] == '\0' || text[1] == '\0';
-}
-
-bool isBetween(uint16_t code, uint16_t first, uint16_t last) {
-  return code >= first && code <= last;
-}
-
-bool isKana(uint16_t code) {
-  return code >> 8 == 0x24 || code >> 8 == 0x25;
-}
 
 // Signs that stay in keys: middle dot, question mark, sound marks, signs of repetition and others that stand
 // for letters, the long vowel mark, apostrophe, hyphen.
