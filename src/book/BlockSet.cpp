@@ -16,14 +16,38 @@ constexpr size_t kWide = 16;            // bytes that one step copies, whatever 
 constexpr size_t kMostCodes = kSet;     // each gives one byte at least
 constexpr size_t kOverrun = 2 * kWide;  // what the last steps may write behind the set
 
-// The source of the match begins `back` bytes ahead of where it goes. Closer than a wide step it repeats
-// itself byte by byte. One that doesn't begin ahead at all reads what isn't written yet: zeroes.
-void copyClose(uint8_t* out, ptrdiff_t back, size_t length) {
-  if (back <= 0) {
-    std::memset(out, 0, length);
-    return;
+static_assert(kLongestMatch < kWide, "one step copies a match whole");
+
+// What it copies beyond the match is written over by what comes next, whatever it was.
+void copyWide(uint8_t* out, const uint8_t* from) {
+  uint8_t step[kWide];
+  std::memcpy(step, from, kWide);
+  std::memcpy(out, step, kWide);
+}
+
+// A match that is longer than it lies `back`, so that it repeats itself: each step copies twice as many bytes
+// rightly as the one before.
+void copyRepeating(uint8_t* out, size_t back, size_t length) {
+  const uint8_t* const from = out - back;
+  size_t right = back;
+  for (copyWide(out, from); length > right; copyWide(out, from)) {
+    out += right;
+    length -= right;
+    right *= 2;
   }
-  for (size_t i = 0; i < length; ++i) out[i] = out[static_cast<ptrdiff_t>(i) - back];
+}
+
+// The match begins `back` bytes ahead of where it goes, and longer ago than it is long: seldom otherwise, so
+// that the processor guesses well. Runs of one byte are the most of the rest. A match that doesn't begin
+// ahead at all reads what isn't written yet: zeroes.
+void copyMatch(uint8_t* out, ptrdiff_t back, size_t length) {
+  if (back >= static_cast<ptrdiff_t>(length)) {
+    copyWide(out, out - back);
+  } else if (back > 1) {
+    copyRepeating(out, static_cast<size_t>(back), length);
+  } else {
+    std::memset(out, back == 1 ? out[-1] : 0, kWide);
+  }
 }
 
 bool readAll(StorageFile& file, uint64_t offset, void* out, size_t length) {
@@ -42,11 +66,7 @@ void decodeBlockSet(uint8_t* destination, const uint8_t* codes, uint32_t count, 
   for (; codes != codesEnd && out < end; codes += kCode) {
     const ptrdiff_t back = static_cast<ptrdiff_t>(kWindow) - (codes[0] << 4 | codes[1] >> 4);
     const size_t length = codes[1] & kLongestMatch;
-    if (back >= static_cast<ptrdiff_t>(kWide)) {
-      std::memcpy(out, out - back, kWide);
-    } else {
-      copyClose(out, back, length);
-    }
+    copyMatch(out, back, length);
     out[length] = codes[2];
     out += length + 1;
   }

@@ -103,6 +103,32 @@ TEST(BlockSet, AgreesWithAByteWiseLoop) {
   }
 }
 
+// Every length from places all through the window, and from each of those that are near, repeat themselves or
+// aren't written yet.
+TEST(BlockSet, AgreesWithAByteWiseLoopWhereverAMatchBegins) {
+  std::mt19937 random(12);
+  for (unsigned field = 0; field < 4096; field += field < 4040 ? 101 : 1) {
+    std::string codes;
+    for (unsigned i = 0; i < 4000; ++i) {
+      const unsigned length = i % 2 == 0 ? i / 2 % 16 : random() % 4;
+      codes += code(i % 2 == 0 ? field : random() % 4080, length, static_cast<uint8_t>(random()));
+    }
+    ASSERT_EQ(decoded(codes, 0x5A), plainly(codes, 0x5A)) << field;
+  }
+}
+
+// The last match ends with the set or goes on behind it, by up to 14 bytes.
+TEST(BlockSet, AgreesWithAByteWiseLoopAtTheSetsEnd) {
+  for (unsigned field : {0u, 4064u, 4065u, 4072u, 4077u, 4078u, 4079u, 4080u, 4095u}) {
+    for (unsigned missing = 1; missing <= 16; ++missing) {
+      std::string codes;
+      for (size_t i = 0; i < 32768 - missing; ++i) codes += code(0, 0, static_cast<uint8_t>(i * 7));
+      codes += code(field, 15, '!') + code(field, 15, '?');
+      ASSERT_EQ(decoded(codes, 0x5A), plainly(codes, 0x5A)) << field << " " << missing;
+    }
+  }
+}
+
 class BlockSetFile : public testing::Test {
  protected:
   bool decode(std::string_view bytes, uint32_t set) {
