@@ -6,6 +6,7 @@
 
 #include "CommandLine.h"
 #include "ExitStatus.h"
+#include "book/BookCommandLine.h"
 #include "user/UserCommandLine.h"
 
 namespace zavel::host {
@@ -16,11 +17,12 @@ constexpr const char* kShortHelp =
     "zavel - English and Japanese dictionary\n"
     "\n"
     "  zavel look goes            look a word up (English, kana or kanji)\n"
-    "  zavel look --list inter    headwords that begin with it; --forms: inflection table; --json: for programs\n"
+    "  zavel look --list inter    headwords that begin with it; --forms: inflection table; --json: for "
+    "programs\n"
     "  zavel dict build           make the dictionary from open data; also: verify, info\n"
-    "  zavel prefs dict list      which dictionaries are searched; also: enable, disable, move\n"
     "  zavel user add bank 銀行   your own entries; also: edit, find, list, delete, import, export\n"
-    "  zavel paths | about        folders in use; version, sources and licences\n"
+    "  zavel book list            electronic books; also: info\n"
+    "  zavel prefs | paths | about   which dictionaries are searched; folders in use; version and licences\n"
     "\n"
     "See `zavel help COMMAND` and `man zavel` for more.\n";
 
@@ -80,6 +82,8 @@ int printHelp(CLI::App& app, const std::vector<std::string>& commands) {
   const auto examples = kExamples.find(joined(commands));
   const auto own = userExamples().find(joined(commands));
   if (own != userExamples().end()) std::printf("Examples:\n%s\n", own->second);
+  const auto ofBooks = bookExamples().find(joined(commands));
+  if (ofBooks != bookExamples().end()) std::printf("Examples:\n%s\n", ofBooks->second);
   if (examples != kExamples.end()) std::printf("Examples:\n%s\n", examples->second);
   std::fputs(shown->help(parent).c_str(), stdout);
   const auto notes = kNotes.find(joined(commands));

@@ -26,6 +26,7 @@
 #include "Terminal.h"
 #include "Utf8.h"
 #include "Version.h"
+#include "book/BookCommandLine.h"
 #include "user/UserCommandLine.h"
 
 namespace zavel::host {
@@ -36,6 +37,7 @@ struct Arguments {
   DictBuildOptions build;
   PrefsDictOptions prefs;
   UserOptions user;
+  BookOptions book;
   std::string mode = "all";
   std::string colour = "auto";
   std::string root;
@@ -153,8 +155,9 @@ int dispatch(CLI::App& app, const std::vector<std::string>& commands, Arguments&
     printHelp(app, commands);
     return kExitUsage;
   }
-  a.build.json = a.prefs.json = a.user.json = a.json;
+  a.build.json = a.prefs.json = a.user.json = a.book.json = a.json;
   if (commands[0] == "user") return runUser(command, a.user);
+  if (commands[0] == "book") return runBook(command, a.book);
   if (command == "dict build") return runDictBuild(a.build);
   if (command == "dict verify") return runDictVerify(a.json);
   if (command == "dict info") return runDictInfo(a.json);
@@ -188,7 +191,9 @@ int run(const std::vector<std::string>& words) {
   if (words.empty() || words[0] != "look") {
     addDict(app, arguments);
     addPrefs(app, arguments);
-    addUser(app, arguments.user, [&arguments](CLI::App* command) { addCommon(command, arguments); });
+    const auto common = [&arguments](CLI::App* command) { addCommon(command, arguments); };
+    addUser(app, arguments.user, common);
+    addBook(app, arguments.book, common);
     addCommon(app.add_subcommand("paths", "Print the folders in use"), arguments);
     addCommon(app.add_subcommand("about", "Version, sources and licences"), arguments);
   }
