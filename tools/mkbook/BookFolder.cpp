@@ -47,9 +47,15 @@ Failure badTarget(const std::string& message) {
 }  // namespace
 
 const std::vector<std::string>& bookFileNames() {
-  static const std::vector<std::string> names = {kCatalogFile,  kUniFile,     kInfoFile,     kBodyFile,
-                                                 kExactFile,    kForwardFile, kBackwardFile, kMultiFile,
-                                                 kFullFontFile, kHalfFontFile};
+  static const std::vector<std::string> names = {kCatalogFile,      kUniFile,
+                                                 kInfoFile,         kBodyFile,
+                                                 kExactFile,        kExactKanaFile,
+                                                 kExactLettersFile, kForwardFile,
+                                                 kForwardKanaFile,  kForwardLettersFile,
+                                                 kBackwardFile,     kBackwardKanaFile,
+                                                 kMultiFile,        kBackwardLettersFile,
+                                                 kKeywordFile,      kCrossFile,
+                                                 kFullFontFile,     kHalfFontFile};
   return names;
 }
 

@@ -55,6 +55,11 @@ class BookSource {
   // What an entry has in each field of the form. Readings in each script that they are typed in.
   virtual std::vector<std::vector<std::string>> fieldValues(size_t) const { return {}; }
 
+  // Words, UTF-8, that a search by keywords finds an entry by, and those that a search across all texts does:
+  // if a source doesn't say otherwise, the words of what it is found by, and all words of its text.
+  virtual std::vector<std::string> keywords(size_t number) const;
+  virtual std::vector<std::string> crossWords(size_t number) const;
+
   virtual std::string title() const = 0;      // UTF-8
   virtual std::string publisher() const = 0;  // source and licence in one line, UTF-8
 };

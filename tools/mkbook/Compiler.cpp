@@ -14,6 +14,7 @@
 #include "mkbook/Failure.h"
 #include "mkbook/IndexBuilder.h"
 #include "mkbook/MultiSearchWriter.h"
+#include "mkbook/WordIndexes.h"
 #include "mkbook/WordKeys.h"
 #include "mkdict/ToShiftJis.h"
 #include "platform/Platform.h"
@@ -34,6 +35,12 @@ std::string firstCharacters(const std::string& utf8, size_t bytes) {
   size_t end = bytes;
   while (end > 0 && (static_cast<unsigned char>(utf8[end]) & 0xC0) == 0x80) --end;
   return utf8.substr(0, end);
+}
+
+std::vector<std::string> withoutRepetitions(std::vector<std::string> words) {
+  std::sort(words.begin(), words.end());
+  words.erase(std::unique(words.begin(), words.end()), words.end());
+  return words;
 }
 
 class Compilation {
@@ -57,6 +64,7 @@ class Compilation {
   bool writeIndexes();
   void writeForm();
   void fileWords(const BookEntry& entry, const _SDICADDRESS& address);
+  void fileTextWords(size_t number);
   void writeFonts();
   void writeCatalog(const BookIdentity& identity);
   void countReferences(const BookEntry& entry);
@@ -72,9 +80,7 @@ class Compilation {
   MultiSearch form_;
   MultiSearchWriter fields_;
   WordTable words_;
-  // General indexes alone: a search that begins with kana asks an index for kana where there is one, and
-  // would miss the words that only begin so.
-  IndexBuilder exact_{kKindExact}, forward_{kKindForward}, backward_{kKindBackward};
+  WordIndexes indexes_;
   std::vector<uint64_t> places_;  // of entries, bytes from the text's beginning; then its end
   std::vector<CatalogRecord> records_;
   uint32_t nextBlock_ = kFirstBlock;
@@ -110,6 +116,7 @@ bool Compilation::layOut() {
     const BookEntry entry = source_.entry(i);
     place += writer.entry(entry).size();
     fileWords(entry, addressOf(i));
+    fileTextWords(i);
     fields_.add(source_.fieldValues(i), addressOf(i));
     countReferences(entry);
     progress_.advance(i + 1);
@@ -163,29 +170,37 @@ bool Compilation::writeText() {
 void Compilation::fileWords(const BookEntry& entry, const _SDICADDRESS& address) {
   for (const std::string& word : entry.words) {
     bool filed = false;
-    for (const std::string& spelling : spellings(word, characters_)) {
-      for (IndexBuilder* const index : {&exact_, &forward_, &backward_})
-        filed |= index->add(spelling, address, address);
-    }
+    for (const std::string& spelling : spellings(word, characters_)) filed |= indexes_.add(spelling, address);
     if (!filed) summary_->leftOut("words of signs alone, which no search can ask for", word);
   }
 }
 
+// A word that an entry has several times is filed once.
+void Compilation::fileTextWords(size_t number) {
+  const _SDICADDRESS address = addressOf(number);
+  for (const std::string& word : withoutRepetitions(source_.keywords(number)))
+    for (const std::string& spelling : spellings(word, characters_)) indexes_.addKeyword(spelling, address);
+  for (const std::string& word : withoutRepetitions(source_.crossWords(number)))
+    for (const std::string& spelling : spellings(word, characters_)) indexes_.addCross(spelling, address);
+}
+
 bool Compilation::writeIndexes() {
-  const struct {
-    IndexBuilder* index;
-    const char* name;
-  } files[] = {{&exact_, kExactFile}, {&forward_, kForwardFile}, {&backward_, kBackwardFile}};
-  progress_.stage("writing indexes", std::size(files));
-  for (const auto& [index, name] : files) {
+  progress_.stage("sorting words", 0);
+  indexes_.settle();
+  const std::vector<WordIndexes::File> files = indexes_.files();
+  progress_.stage("writing indexes", files.size());
+  for (size_t i = 0; i < files.size(); ++i) {
     if (progress_.cancelled()) return false;
-    index->settle();
-    RegionFile file(folder_.path(name), index->blocks());
-    index->write(nextBlock_, file);
+    const IndexBuilder& index = *files[i].index;
+    RegionFile file(folder_.path(files[i].name), index.blocks());
+    index.write(nextBlock_, file);
     file.finish();
-    addRecord(index->kind(), file.blocks(), index->flags(), name);
+    addRecord(index.kind(), file.blocks(), index.flags(), files[i].name);
+    progress_.advance(i + 1);
   }
-  summary_->figure("keys", exact_.size());
+  summary_->figure("keys", indexes_.words());
+  summary_->figure("keywords", indexes_.keywords());
+  summary_->figure("words of texts", indexes_.crossWords());
   if (!form_.fields.empty()) writeForm();
   return true;
 }

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "mkbook/EucLines.h"
+#include "mkbook/TextWords.h"
 #include "mkdict/EdictLine.h"
 #include "mkdict/Utf8.h"
 
@@ -84,6 +85,17 @@ BookEntry EdictSource::entry(size_t number) const {
     out.note.push_back({Span::Kind::kPlain, " (" + joined(line.spelling, ",") + ")", ""});
   for (size_t i = 0; i < line.senses.size(); ++i)
     out.lines.push_back(senseLine(line.senses[i], line.senses.size() > 1 ? i + 1 : 0));
+  return out;
+}
+
+std::vector<std::string> EdictSource::keywords(size_t number) const {
+  std::vector<std::string> out = BookSource::keywords(number);
+  mkdict::EdictLine line;
+  mkdict::EdictLine::parse(lines_[number], &line);
+  for (const mkdict::EdictSense& sense : line.senses) {
+    for (const std::string& gloss : sense.glosses)
+      for (std::string& word : wordsOf(gloss)) out.push_back(std::move(word));
+  }
   return out;
 }
 

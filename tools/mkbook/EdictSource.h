@@ -20,6 +20,8 @@ class EdictSource : public BookSource {
 
   size_t size() const override { return lines_.size(); }
   BookEntry entry(size_t number) const override;
+  // With the words of the translations.
+  std::vector<std::string> keywords(size_t number) const override;
   std::string title() const override { return "EDICT"; }
   std::string publisher() const override;
 

@@ -34,14 +34,6 @@ uint16_t codeAt(std::string_view text, size_t at) {
   return readBE16(reinterpret_cast<const uint8_t*>(text.data() + at));
 }
 
-std::string asQueried(std::string_view word, uint16_t kind) {
-  std::string out;
-  for (size_t at = 0; at + 2 <= word.size(); at += 2)
-    if (!isToken(codeAt(word, at))) out += word.substr(at, 2);
-  if (!isBackward(kind)) return out.substr(0, kSearched);
-  return out.size() > kLongest ? out.substr(out.size() - kLongest) : out;
-}
-
 // What comparisons pass over stands in no key: the walk to a leaf doesn't pass over it.
 std::string asStored(std::string_view key) {
   std::string out;
@@ -77,8 +69,16 @@ IndexBuilder IndexBuilder::ofField(uint16_t kind) {
   return builder;
 }
 
+std::string IndexBuilder::queryOf(uint16_t kind, std::string_view word) {
+  std::string out;
+  for (size_t at = 0; at + 2 <= word.size(); at += 2)
+    if (!isToken(codeAt(word, at))) out += word.substr(at, 2);
+  if (!isBackward(kind)) return out.substr(0, kSearched);
+  return out.size() > kLongest ? out.substr(out.size() - kLongest) : out;
+}
+
 std::string IndexBuilder::keyOf(uint16_t kind, const IndexFlags& flags, std::string_view word) {
-  const std::string query = asQueried(word, kind);
+  const std::string query = queryOf(kind, word);
   const _EPBOOKCONTROLENTRY index{.kind = kind,
                                   .flag0 = flags[0],
                                   .flag1 = flags[1],
@@ -93,7 +93,7 @@ std::string IndexBuilder::keyOf(uint16_t kind, const IndexFlags& flags, std::str
 }
 
 bool IndexBuilder::add(std::string_view word, const _SDICADDRESS& body, const _SDICADDRESS& headword) {
-  const std::string key = asTyped_ ? asStored(asQueried(word, kind_)) : keyOf(kind_, flags_, word);
+  const std::string key = asTyped_ ? asStored(queryOf(kind_, word)) : keyOf(kind_, flags_, word);
   if (key.empty()) return false;
   records_.push_back({keys_.size(), static_cast<uint8_t>(key.size()), body, headword});
   keys_ += key;

@@ -45,6 +45,10 @@ class IndexBuilder {
   // The index, its root at block `first`. After settle(); `file` was made for blocks() blocks.
   void write(uint32_t first, RegionFile& file) const;
 
+  // What a search makes of a word that is asked for: without the signs that queries have for their own ends,
+  // and no more of it than it takes in.
+  static std::string queryOf(uint16_t kind, std::string_view word);
+
   // The key that an index of this kind holds for a word; empty for none.
   static std::string keyOf(uint16_t kind, const IndexFlags& flags, std::string_view word);
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -72,6 +73,17 @@ bool isNothingInWords(uint16_t code) {
   return IndexBuilder::keyOf(kKindExact, kPlainKeys, text).empty();
 }
 
+// A way to search by words that entries have, and what they have.
+struct TextSearch {
+  const char* method;  // its sign in queries
+  std::vector<std::string> (BookSource::*words)(size_t number) const;
+  const char* name;
+};
+struct WordOfTexts {
+  std::string word;             // as it first comes
+  std::vector<size_t> entries;  // that have it
+};
+
 class Verification {
  public:
   Verification(const BookSource& source, const std::string& folder, mkdict::Progress& progress,
@@ -88,11 +100,13 @@ class Verification {
   bool walkBack();
   bool compareTexts();
   bool askWords();
+  bool askTextWords(const TextSearch& search, uint64_t* asked);
   bool askFields();
   void askField(size_t number, size_t field, const std::string& value);
   void compareText(size_t number);
   std::string queryFor(const std::string& word) const;
   bool leadsTo(const std::string& query, const _SDICADDRESS& address);
+  std::vector<size_t> entriesFor(const std::string& query);
   int64_t numberAt(const _SDICADDRESS& address) const;
   void fault(size_t entry, const std::string& message) { faults_->add(kBodyFile, entry, message); }
 
@@ -104,7 +118,7 @@ class Verification {
   CustomTable table_;
   std::vector<_SDICADDRESS> places_;
   WordTable words_;
-  uint64_t asked_ = 0, fieldsAsked_ = 0;
+  uint64_t asked_ = 0, keywordsAsked_ = 0, crossWordsAsked_ = 0, fieldsAsked_ = 0;
 };
 
 void Verification::open() {
@@ -222,6 +236,45 @@ bool Verification::askWords() {
   return true;
 }
 
+std::vector<size_t> Verification::entriesFor(const std::string& query) {
+  std::vector<size_t> out;
+  long count = 0, first = 0;
+  if (SDicExecIndexSearch(book_.get(), query.c_str(), false, false, &count, &first) != kDone) return out;
+  for (long i = 0; i < count; ++i) {
+    _SDICITEMADDRESS hit{};
+    SDicGetSearchResult(book_.get(), static_cast<unsigned long>(i), &hit);
+    out.push_back(static_cast<size_t>(numberAt(hit.body)));
+  }
+  return out;
+}
+
+// Each word once, and the entries that it leads to, no more and no less.
+bool Verification::askTextWords(const TextSearch& search, uint64_t* asked) {
+  std::map<std::string, WordOfTexts> expected;
+  progress_.stage(std::string("collecting ") + search.name, places_.size());
+  for (size_t i = 0; i < places_.size(); ++i) {
+    if (progress_.cancelled()) return false;
+    for (const std::string& word : (source_.*search.words)(i)) {
+      for (const std::string& codes : {codesOf(word, table_), typedForm(word)}) {
+        const std::string key = IndexBuilder::keyOf(kKindKeyword, kPlainKeys, codes);
+        if (key.empty()) continue;
+        WordOfTexts& filed = expected.try_emplace(key, WordOfTexts{word, {}}).first->second;
+        if (filed.entries.empty() || filed.entries.back() != i) filed.entries.push_back(i);
+      }
+    }
+    progress_.advance(i + 1);
+  }
+  progress_.stage(std::string("asking for ") + search.name, expected.size());
+  for (const auto& [key, filed] : expected) {
+    if (progress_.cancelled()) return false;
+    if (entriesFor(search.method + key) != filed.entries)
+      fault(filed.entries[0], "\"" + filed.word + "\", one of the " + search.name +
+                                  ", leads to other entries than in the source");
+    progress_.advance(++*asked);
+  }
+  return true;
+}
+
 // Each field by itself: what an entry has in it must lead there.
 bool Verification::askFields() {
   if (source_.multiSearch().fields.empty()) return true;
@@ -246,9 +299,15 @@ void Verification::askField(size_t number, size_t field, const std::string& valu
 }
 
 bool Verification::run(mkdict::Summary* summary) {
-  if (!walk() || !walkBack() || !compareTexts() || !askWords() || !askFields()) return false;
+  if (!walk() || !walkBack() || !compareTexts() || !askWords() ||
+      !askTextWords({"\x22\x25", &BookSource::keywords, "keywords"}, &keywordsAsked_) ||
+      !askTextWords({"\x22\x24", &BookSource::crossWords, "words of texts"}, &crossWordsAsked_) ||
+      !askFields())
+    return false;
   summary->figure("entries", places_.size());
   summary->figure("words asked for", asked_);
+  summary->figure("keywords asked for", keywordsAsked_);
+  summary->figure("words of texts asked for", crossWordsAsked_);
   if (fieldsAsked_ > 0) summary->figure("values of fields asked for", fieldsAsked_);
   return true;
 }
