@@ -21,7 +21,7 @@ constexpr const char* kShortHelp =
     "programs\n"
     "  zavel dict build           make the dictionary from open data; also: verify, info\n"
     "  zavel user add bank 銀行   your own entries; also: edit, find, list, delete, import, export\n"
-    "  zavel book list            electronic books; also: info\n"
+    "  zavel book search dog      electronic books; also: show, list, info, multi, menu, picture, sound\n"
     "  zavel prefs | paths | about   which dictionaries are searched; folders in use; version and licences\n"
     "\n"
     "See `zavel help COMMAND` and `man zavel` for more.\n";
@@ -88,6 +88,8 @@ int printHelp(CLI::App& app, const std::vector<std::string>& commands) {
   std::fputs(shown->help(parent).c_str(), stdout);
   const auto notes = kNotes.find(joined(commands));
   if (notes != kNotes.end()) std::fputs(notes->second, stdout);
+  const auto noteOfBooks = bookNotes().find(joined(commands));
+  if (noteOfBooks != bookNotes().end()) std::fputs(noteOfBooks->second, stdout);
   return kExitFound;
 }
 

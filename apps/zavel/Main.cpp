@@ -157,6 +157,10 @@ int dispatch(CLI::App& app, const std::vector<std::string>& commands, Arguments&
   }
   a.build.json = a.prefs.json = a.user.json = a.book.json = a.json;
   if (commands[0] == "user") return runUser(command, a.user);
+  if (command == "book search" && a.book.words.empty() && isTerminal(STDIN_FILENO)) {
+    printHelp(app, commands);
+    return kExitUsage;
+  }
   if (commands[0] == "book") return runBook(command, a.book);
   if (command == "dict build") return runDictBuild(a.build);
   if (command == "dict verify") return runDictVerify(a.json);

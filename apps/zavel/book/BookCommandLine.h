@@ -20,6 +20,9 @@ int runBook(const std::string& command, const BookOptions& options);
 // What each help begins with, by command.
 const std::map<std::string, const char*>& bookExamples();
 
+// What some end with.
+const std::map<std::string, const char*>& bookNotes();
+
 }  // namespace zavel::host
 
 #endif

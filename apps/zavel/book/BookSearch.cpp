@@ -53,7 +53,7 @@ std::optional<BookMethod> methodOf(std::string_view name) {
 
 BookHits BookSearch::find(BookMethod method, std::string_view word) {
   BookHits found;
-  for (const std::string& codes : keySpellings(word, characters_, false, &found.unknown)) {
+  for (const std::string& codes : keySpellings(word, book_.characters(), false, &found.unknown)) {
     std::string query;
     appendCode(&query, rowOf(method).token);
     found = run(query + cut(codes, method));
@@ -66,7 +66,7 @@ BookHits BookSearch::findForm(unsigned form, const std::vector<FieldKey>& keys) 
   BookHits found;
   std::vector<std::vector<std::string>> spellings;
   for (const auto& [field, key] : keys) {
-    spellings.push_back(keySpellings(key, characters_, true, &found.unknown));
+    spellings.push_back(keySpellings(key, book_.characters(), true, &found.unknown));
     if (spellings.back().empty()) return found;
   }
   std::vector<size_t> choice(keys.size(), 0);
@@ -122,7 +122,7 @@ std::string BookSearch::headwordAt(const _SDICADDRESS& address) {
   if (SDicGetHeadword(book_.handle(), &address, &text, &length, true) != book::kDone) return {};
   const std::string words(text, length >= 2 ? length - 2u : 0);
   std::free(text);
-  return oneLine(decodeText(words, characters_, address));
+  return oneLine(decodeText(words, book_.characters(), address));
 }
 
 }  // namespace zavel::host

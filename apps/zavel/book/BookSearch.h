@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "Failure.h"
-#include "book/BookCharacters.h"
 #include "book/OpenBook.h"
 
 namespace zavel::host {
@@ -43,8 +42,8 @@ using FieldKey = std::pair<unsigned, std::string>;
 
 class BookSearch {
  public:
-  // Both are borrowed.
-  BookSearch(OpenBook& book, const BookCharacters& characters) : book_(book), characters_(characters) {}
+  // The book is borrowed.
+  explicit BookSearch(OpenBook& book) : book_(book) {}
 
   // The entries of a word (UTF-8): of the first of its spellings that has any.
   BookHits find(BookMethod method, std::string_view word);
@@ -63,7 +62,6 @@ class BookSearch {
   bool nextCombination(std::vector<size_t>* choice, const std::vector<std::vector<std::string>>& spellings);
 
   OpenBook& book_;
-  const BookCharacters& characters_;
 };
 
 }  // namespace zavel::host

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 #include "Utf8.h"
 #include "book/OpenBook.h"
@@ -93,7 +94,8 @@ StyledLine styled(const BookLine& line, const BookLook& look) {
             lookOf(span));
     const bool linkEnds =
         span.link > 0 && (i + 1 == line.spans.size() || line.spans[i + 1].link != span.link);
-    if (linkEnds && look.places) out.add("→" + placeText(span.address), "2");
+    const bool told = look.places == LinkPlaces::kBehind;
+    if (linkEnds && told) out.add("→" + placeText(span.address), "2");
   }
   return out;
 }
@@ -120,6 +122,65 @@ size_t indentOf(const BookLine& line, size_t width) {
   return std::min<size_t>(line.indent, left);
 }
 
+struct Link {
+  std::string text;
+  _SDICADDRESS place = {};
+};
+
+bool samePlace(const _SDICADDRESS& one, const _SDICADDRESS& other) {
+  return one.block == other.block && one.offset == other.offset;
+}
+
+// What the text leads to, in its order. One that goes on in the next line has lost the blank between its
+// words.
+std::vector<Link> allLinks(const BookText& text) {
+  std::vector<Link> links;
+  unsigned last = 0;
+  for (const BookLine& line : text.lines) {
+    for (const BookSpan& span : line.spans) {
+      if (span.link == 0) continue;
+      const bool first = &span == &line.spans.front();
+      const bool goesOn = !links.empty() && samePlace(links.back().place, span.address) && first;
+      if (goesOn) links.back().text += " " + span.text;
+      if (!goesOn && span.link == last) links.back().text += span.text;
+      if (!goesOn && span.link != last) links.push_back({span.text, span.address});
+      last = span.link;
+    }
+  }
+  return links;
+}
+
+// Each place once.
+std::vector<Link> linksOf(const BookText& text, const _SDICADDRESS& self) {
+  std::vector<Link> links;
+  for (Link& link : allLinks(text)) {
+    const bool known = samePlace(self, link.place) ||
+                       std::any_of(links.begin(), links.end(),
+                                   [&link](const Link& other) { return samePlace(other.place, link.place); });
+    if (!known) links.push_back(std::move(link));
+  }
+  return links;
+}
+
+constexpr const char* kReferences = "References: ";
+constexpr const char* kUnbroken = "\xC2\xA0";  // a blank at which no line breaks
+
+std::string linksBelow(const BookText& text, const BookLook& look) {
+  StyledLine line;
+  for (const Link& link : linksOf(text, look.self)) {
+    line.add(line.text.empty() ? kReferences : ", ", "2");
+    line.add(link.text + (link.text.empty() ? "" : kUnbroken), "");
+    line.add(placeText(link.place), "2");
+  }
+  std::string out;
+  if (line.text.empty()) return out;
+  for (const ByteRange& row : breakLines(line.text, look.width, 2)) {
+    out += (out.empty() ? "" : "  ") + part(line, row.begin, row.end, look.colour) + "\n";
+  }
+  for (size_t at = 0; (at = out.find(kUnbroken, at)) != std::string::npos;) out.replace(at, 2, " ");
+  return out;
+}
+
 }  // namespace
 
 std::string textForEye(const BookText& text, const BookLook& look) {
@@ -135,7 +196,7 @@ std::string textForEye(const BookText& text, const BookLook& look) {
     }
     if (rows.empty()) out += "\n";
   }
-  return out;
+  return look.places == LinkPlaces::kBelow ? out + linksBelow(text, look) : out;
 }
 
 void writeLines(JsonWriter& json, const BookText& text) {

@@ -10,13 +10,17 @@
 
 namespace zavel::host {
 
+// Where references and items lead to: not told; behind each, as in "word→39:10"; or all below the text.
+enum class LinkPlaces { kNone, kBehind, kBelow };
+
 struct BookLook {
   bool colour = false;
-  size_t width = 0;    // columns to wrap at; 0 wraps nothing
-  bool places = true;  // behind references, where they lead to
+  size_t width = 0;  // columns to wrap at; 0 wraps nothing
+  LinkPlaces places = LinkPlaces::kBelow;
+  _SDICADDRESS self = {};  // of the text: what leads to itself is not told below it
 };
 
-// Lines ended by "\n". A reference reads "word→39:10", a picture "[picture 21:40 name]".
+// Lines ended by "\n". A picture reads "[picture 21:40 name]".
 std::string textForEye(const BookText& text, const BookLook& look);
 
 // A list of lines, each {"indent","spans":[{"type","text","styles","place"}]}.

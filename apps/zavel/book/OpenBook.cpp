@@ -2,6 +2,8 @@
 #include "book/OpenBook.h"
 
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <optional>
 
 #include "Utf8.h"
@@ -36,6 +38,7 @@ Failure OpenBook::open(const BookPlace& place) {
   place_ = place;
   SDicCloseDictionary(handle_);
   handle_ = nullptr;
+  characters_.reset();
   const uint32_t code = SDicOpenDictionary(place.catalog.c_str(), &handle_, nullptr, false, false);
   if (code != book::kDone) return openFailure(code, place.name, place.catalog);
   uint32_t methods = 0;
@@ -56,6 +59,12 @@ uint32_t OpenBook::methods() const {
   return methods;
 }
 
+// A book without a table has no custom characters that could be written.
+const BookCharacters& OpenBook::characters() {
+  if (!characters_) characters_.emplace(bytesOf(tablePath(place_.catalog)).value_or(""));
+  return *characters_;
+}
+
 bool OpenBook::has(const _SDICADDRESS& address, uint16_t type) const {
   const _SDICADDRESS real = {address.block + static_cast<uint32_t>(address.offset >> book::kBlockShift),
                              static_cast<uint32_t>(address.offset & book::kBlockMask)};
@@ -66,6 +75,13 @@ Failure OpenBook::noSuchPlace(const _SDICADDRESS& address) const {
   Failure failure = bookFailure(book::kInvalidAddress, place_.name, "");
   failure.message = "the book " + quoted(place_.name) + " has nothing at " + placeText(address);
   return failure;
+}
+
+std::optional<std::string> bytesOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+  if (!file.is_open() || file.bad()) return std::nullopt;
+  return bytes;
 }
 
 // EUC-JP ahead of Shift_JIS: what is Shift_JIS is hardly ever sound EUC-JP, while the reverse is common.

@@ -3,9 +3,11 @@
 #define ZAVEL_BOOK_OPENBOOK_H
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "Failure.h"
+#include "book/BookCharacters.h"
 #include "book/BookPlaces.h"
 #include "book/BookTypes.h"
 
@@ -27,6 +29,9 @@ class OpenBook {
   std::string title() const;  // what the catalog says; the name where it says nothing
   uint32_t methods() const;   // bits of book::Method
 
+  // Read when first asked for.
+  const BookCharacters& characters();
+
   // Whether the place lies in the book; `type` as the engine has it, 0 for any data.
   bool has(const _SDICADDRESS& address, uint16_t type = 0) const;
   // The failure of a place that doesn't.
@@ -35,7 +40,11 @@ class OpenBook {
  private:
   BookPlace place_;
   void* handle_ = nullptr;
+  std::optional<BookCharacters> characters_;
 };
+
+// The bytes of a file; nothing when it can't be read.
+std::optional<std::string> bytesOf(const std::string& path);
 
 // What the publisher or a form's maker wrote, in whichever encoding it is, as UTF-8 without controls.
 std::string foreignText(const std::string& bytes);

@@ -1,0 +1,102 @@
+// `zavel book picture`, `sound` and `icon`. Tests: tests/zavel/book/BookMediaTest.cpp
+#include <cstdlib>
+
+#include "book/BookFailure.h"
+#include "book/BookMedia.h"
+#include "book/BookOptions.h"
+#include "book/BookStatus.h"
+#include "book/SDic.h"
+#include "foundation/ByteReader.h"
+
+namespace zavel::host {
+namespace {
+
+constexpr size_t kIconHeader = 118;                   // with its palette
+constexpr size_t kLargeIcon = 512, kSmallIcon = 120;  // bytes of dots
+
+Failure open(const BookOptions& options, OpenBook* book) {
+  BookPlace place;
+  const Failure failure = findBook(options.book, &place);
+  return failure ? failure : book->open(place);
+}
+
+// The length of a bitmap file stands in its header.
+std::string takenBitmap(char* bitmap) {
+  constexpr size_t kLength = 2;
+  return taken(bitmap, readLE32(reinterpret_cast<const uint8_t*>(bitmap) + kLength));
+}
+
+Failure readPicture(OpenBook& book, const std::string& place, BookMedium* medium) {
+  std::string tag;
+  if (const Failure failure = findTag(book, place, SpanKind::kPicture, &tag, medium)) return failure;
+  char *name = nullptr, *data = nullptr;
+  uint16_t nameLength = 0;
+  uint32_t length = 0;
+  const uint32_t code = SDicGetPictureData(book.handle(), tag.data(), &name, &nameLength, &data, &length);
+  if (code != book::kDone) return bookFailure(code, book.name(), "the picture");
+  std::free(name);
+  medium->data = taken(data, length);
+  return {};
+}
+
+// A sound with a known fault is given with word of it.
+Failure readSound(OpenBook& book, const std::string& place, BookMedium* medium) {
+  std::string tag;
+  if (const Failure failure = findTag(book, place, SpanKind::kSound, &tag, medium)) return failure;
+  char *name = nullptr, *data = nullptr;
+  uint16_t nameLength = 0;
+  uint32_t length = 0;
+  const uint32_t code = SDicGetStreamData(book.handle(), tag.data(), &name, &nameLength, &data, &length);
+  if (code != book::kDone && code != book::kKnownSoundFault)
+    return bookFailure(code, book.name(), "the sound");
+  if (code == book::kKnownSoundFault) warn("this sound has a fault since the book was published");
+  std::free(name);
+  medium->data = taken(data, length);
+  return {};
+}
+
+// A catalog without an icon gives a bitmap without dots.
+Failure readIcon(OpenBook& book, bool small, BookMedium* medium) {
+  char* icon = nullptr;
+  const char* const catalog = book.place().catalog.c_str();
+  const uint32_t code = SDicGetDicIconInformation(catalog, small ? nullptr : &icon, small ? &icon : nullptr);
+  const std::string which = small ? "small icon" : "large icon";
+  if (code != book::kDone) {
+    return {kExitDamaged, kDamagedBook,
+            "the book " + quoted(book.name()) + " is damaged: its " + which + " is cut short",
+            "Make it again from its source, or put back a copy that is whole."};
+  }
+  medium->data = takenBitmap(icon);
+  medium->kind = "icon";
+  if (medium->data.size() < kIconHeader + (small ? kSmallIcon : kLargeIcon))
+    return lacking(book.name(), which);
+  return {};
+}
+
+template <typename Read>
+int run(const BookOptions& options, const Read& read) {
+  OpenBook book;
+  BookMedium medium;
+  Failure failure = open(options, &book);
+  if (!failure) failure = read(book, &medium);
+  return failure ? report(failure, options.json) : deliver(book, medium, options);
+}
+
+}  // namespace
+
+int runBookPicture(const BookOptions& options) {
+  return run(options,
+             [&](OpenBook& book, BookMedium* medium) { return readPicture(book, options.place, medium); });
+}
+
+int runBookSound(const BookOptions& options) {
+  return run(options,
+             [&](OpenBook& book, BookMedium* medium) { return readSound(book, options.place, medium); });
+}
+
+int runBookIcon(const BookOptions& options) {
+  return run(options,
+             [&](OpenBook& book, BookMedium* medium) { return readIcon(book, options.small, medium); });
+}
+
+}  // namespace zavel::host

@@ -1,0 +1,83 @@
+// `zavel book menu`. Tests: tests/zavel/book/BookShowTest.cpp
+#include <cstdio>
+#include <cstdlib>
+
+#include "JsonWriter.h"
+#include "Utf8.h"
+#include "book/BookEntry.h"
+#include "book/BookFailure.h"
+#include "book/BookFormat.h"
+#include "book/BookOptions.h"
+#include "book/BookScreen.h"
+#include "book/BookStatus.h"
+#include "book/SDic.h"
+
+namespace zavel::host {
+namespace {
+
+struct Menu {
+  std::string place;  // empty: the first one
+  BookText text;
+  bool more = false;  // it goes on behind what is shown
+};
+
+// A book may have a menu of words, of pictures, or both; that of words can be read.
+Failure readMenu(OpenBook& book, const std::string& place, Menu* menu) {
+  _SDICADDRESS address = {};
+  if (!place.empty() && !readPlace(place, &address)) {
+    return {kExitUsage, "usage", quoted(place) + " is no place",
+            "Places are as in 39:10: what the menu prints."};
+  }
+  if (!place.empty() && !(book.has(address) && address.offset % 2 == 0)) return book.noSuchPlace(address);
+  const bool words = (book.methods() & book::kMethodMenu) != 0;
+  if (!words && (book.methods() & book::kMethodColorMenu) == 0) return lacking(book.name(), "menu");
+  char* bytes = nullptr;
+  uint32_t length = 0;
+  const _SDICADDRESS* const at = place.empty() ? nullptr : &address;
+  const uint32_t code = words ? SDicGetMenuData(book.handle(), at, &bytes, &length, &menu->more)
+                              : SDicGetColorMenuData(book.handle(), at, &bytes, &length);
+  if (code != book::kDone) return bookFailure(code, book.name(), "reading the menu");
+  menu->place = place;
+  menu->text = decodeText(taken(bytes, length), book.characters(), address);
+  return {};
+}
+
+void printJson(const OpenBook& book, const Menu& menu) {
+  JsonWriter json;
+  json.beginObject().member("schema", 1).member("status", "found").member("book", book.name());
+  json.member("title", book.title()).key("place");
+  if (menu.place.empty()) {
+    json.null();
+  } else {
+    json.string(menu.place);
+  }
+  json.key("more")
+      .boolean(menu.more)
+      .member("text", textForEye(menu.text, {.places = LinkPlaces::kNone}))
+      .key("lines");
+  writeLines(json, menu.text);
+  std::printf("%s\n", json.endObject().text().c_str());
+}
+
+}  // namespace
+
+int runBookMenu(const BookOptions& options) {
+  OpenBook book;
+  BookPlace place;
+  Menu menu;
+  Failure failure = findBook(options.book, &place);
+  if (!failure) failure = book.open(place);
+  if (!failure) failure = readMenu(book, options.place, &menu);
+  if (failure) return report(failure, options.json);
+  if (options.json) {
+    printJson(book, menu);
+    return kExitFound;
+  }
+  BookScreen screen(options, true);
+  BookLook look = screen.look();
+  look.places = LinkPlaces::kBehind;
+  screen.write(textForEye(menu.text, look));
+  return kExitFound;
+}
+
+}  // namespace zavel::host
