@@ -32,6 +32,7 @@ class ForwardingPlatform : public Platform {
   UserDefaults& userDefaults() override { return below_.userDefaults(); }
   UserServices& userServices() override { return below_.userServices(); }
   Bundle& bundle() override { return below_.bundle(); }
+  SoundOutput& sound() override { return below_.sound(); }
 
  protected:
   Platform& below() { return below_; }

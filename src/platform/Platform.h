@@ -16,6 +16,7 @@ class FontMetrics;
 class ForkedFiles;
 class PropertyLists;
 class RunLoop;
+class SoundOutput;
 class TextEncoding;
 class ToolRunner;
 class UserDefaults;
@@ -37,6 +38,7 @@ class ZAVEL_API Platform {
   virtual UserDefaults& userDefaults() = 0;
   virtual UserServices& userServices() = 0;
   virtual Bundle& bundle() = 0;
+  virtual SoundOutput& sound() = 0;
 };
 
 // The platform in use.

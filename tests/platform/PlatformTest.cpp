@@ -27,6 +27,7 @@ TEST(Platform, AHostReplacesSingleServices) {
   const test::FakePlatform host;
   EXPECT_EQ(&platform().userServices(), &host.user);
   EXPECT_EQ(&platform().bundle(), &host.ownBundle);
+  EXPECT_EQ(&platform().sound(), &host.sounds);
   EXPECT_EQ(&platform().encoding(), &defaultPlatform().encoding());
   EXPECT_EQ(&platform().propertyLists(), &defaultPlatform().propertyLists());
   EXPECT_EQ(&platform().fonts(), &defaultPlatform().fonts());
@@ -44,6 +45,7 @@ TEST(Platform, PutsOneReplacementOverAnother) {
   ForwardingPlatform above(&below);
   EXPECT_EQ(&above.userServices(), &below.user);
   EXPECT_EQ(&above.bundle(), &below.ownBundle);
+  EXPECT_EQ(&above.sound(), &below.sounds);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// A platform whose services for the user and whose bundle are the test's own, to be set and looked at.
+// A platform whose services for the user, whose bundle and whose sound output are the test's own, to be set and looked at.
 #ifndef TESTS_SUPPORT_FAKEPLATFORM_H
 #define TESTS_SUPPORT_FAKEPLATFORM_H
 
@@ -9,6 +9,7 @@
 
 #include "platform/Bundle.h"
 #include "platform/ForwardingPlatform.h"
+#include "platform/SoundOutput.h"
 #include "platform/UserServices.h"
 
 namespace zavel::test {
@@ -58,6 +59,18 @@ class FakeBundle : public Bundle {
   std::map<std::string, std::string> texts;
 };
 
+// Keeps what it would play, and answers as told.
+class FakeSoundOutput : public SoundOutput {
+ public:
+  SoundResult play(const uint8_t* wave, size_t size) override {
+    played.emplace_back(reinterpret_cast<const char*>(wave), size);
+    return answer;
+  }
+
+  std::vector<std::string> played;
+  SoundResult answer = SoundResult::kPlayed;
+};
+
 // In use as long as it lives, over the services of the port. A test that replaces more derives from it.
 class FakePlatform : public ForwardingPlatform {
  public:
@@ -66,9 +79,11 @@ class FakePlatform : public ForwardingPlatform {
 
   UserServices& userServices() override { return user; }
   Bundle& bundle() override { return ownBundle; }
+  SoundOutput& sound() override { return sounds; }
 
   FakeUserServices user;
   FakeBundle ownBundle;
+  FakeSoundOutput sounds;
 
  private:
   Platform* before_;

@@ -10,6 +10,7 @@
 #include "base/LinuxFolders.h"
 #include "base/LinuxRunLoop.h"
 #include "base/LoopChildProcesses.h"
+#include "base/ModuleSoundOutput.h"
 #include "base/NominalFontMetrics.h"
 #include "base/PlistPropertyLists.h"
 #include "base/PlistUserDefaults.h"
@@ -34,6 +35,7 @@ class LinuxPlatform : public Platform {
   UserDefaults& userDefaults() override { return userDefaults_; }
   UserServices& userServices() override { return userServices_; }
   LinuxBundle& bundle() override { return bundle_; }
+  SoundOutput& sound() override { return sound_; }
 
  private:
   IconvTextEncoding encoding_;
@@ -48,6 +50,7 @@ class LinuxPlatform : public Platform {
   PlistUserDefaults userDefaults_{propertyLists_, folders_};
   TerminalUserServices userServices_;
   LinuxBundle bundle_{propertyLists_};
+  ModuleSoundOutput sound_;
 };
 
 // The one behind defaultPlatform(). A host that is one of the known applications gives its signature here.
