@@ -121,8 +121,8 @@ void addMedia(CLI::App* book, BookOptions& o, const AddCommon& addCommon) {
   addOutput(gaiji, o);
   gaiji->add_flag("--no-pager", o.noPager, "Don't show long answers through a pager");
   addCommon(gaiji);
-  for (const auto& [name, what] :
-       {std::pair("picture", "Show or save a picture"), std::pair("sound", "Describe or save a sound")}) {
+  for (const auto& [name, what] : {std::pair("picture", "Show or save a picture"),
+                                   std::pair("sound", "Describe, play or save a sound")}) {
     CLI::App* command = book->add_subcommand(name, what);
     addBookName(command, o);
     addPlace(command, o, "Where it stands, as `show` prints it, or its entry or a word", "PLACE|WORD")
@@ -130,6 +130,7 @@ void addMedia(CLI::App* book, BookOptions& o, const AddCommon& addCommon) {
     addOutput(command, o);
     addCommon(command);
   }
+  book->get_subcommand("sound")->add_flag("--play", o.play, "Play it, and wait until it is over");
   CLI::App* icon = book->add_subcommand("icon", "Show or save the icon of a book");
   addBookName(icon, o);
   icon->add_flag("--small", o.small, "The small one");
@@ -188,7 +189,7 @@ const std::map<std::string, const char*>& bookExamples() {
        "  zavel book gaiji edict --half A121\n"
        "  zavel book gaiji edict é -o e.png\n"},
       {"book picture", "  zavel book picture atlas 12:300\n  zavel book picture atlas 12:300 -o map.bmp\n"},
-      {"book sound", "  zavel book sound birds wren -o wren.wav\n"},
+      {"book sound", "  zavel book sound birds wren --play\n  zavel book sound birds wren -o wren.wav\n"},
       {"book icon", "  zavel book icon wordnet\n  zavel book icon wordnet --small -o icon.png\n"},
   };
   return kExamples;

@@ -1,9 +1,11 @@
 // `zavel book picture`, `sound` and `icon`. Tests: tests/zavel/book/BookMediaTest.cpp
+#include <cstdio>
 #include <cstdlib>
 
 #include "book/BookFailure.h"
 #include "book/BookMedia.h"
 #include "book/BookOptions.h"
+#include "book/BookSound.h"
 #include "book/BookStatus.h"
 #include "book/SDic.h"
 #include "foundation/ByteReader.h"
@@ -74,12 +76,28 @@ Failure readIcon(OpenBook& book, bool small, BookMedium* medium) {
 }
 
 template <typename Read>
+Failure readFrom(const BookOptions& options, OpenBook* book, BookMedium* medium, const Read& read) {
+  const Failure failure = open(options, book);
+  return failure ? failure : read(*book, medium);
+}
+
+template <typename Read>
 int run(const BookOptions& options, const Read& read) {
   OpenBook book;
   BookMedium medium;
-  Failure failure = open(options, &book);
-  if (!failure) failure = read(book, &medium);
+  const Failure failure = readFrom(options, &book, &medium, read);
   return failure ? report(failure, options.json) : deliver(book, medium, options);
+}
+
+// What it is stands there while it is heard. A document comes last: there is one, whatever fails.
+int deliverAndPlay(const OpenBook& book, const BookMedium& sound, const BookOptions& options) {
+  if (!options.json) {
+    const int status = deliver(book, sound, options);
+    std::fflush(stdout);
+    if (status != kExitFound) return status;
+  }
+  if (const Failure failure = playSound(book, sound)) return report(failure, options.json);
+  return options.json ? deliver(book, sound, options) : kExitFound;
 }
 
 }  // namespace
@@ -90,8 +108,12 @@ int runBookPicture(const BookOptions& options) {
 }
 
 int runBookSound(const BookOptions& options) {
-  return run(options,
-             [&](OpenBook& book, BookMedium* medium) { return readSound(book, options.place, medium); });
+  const auto read = [&](OpenBook& from, BookMedium* sound) { return readSound(from, options.place, sound); };
+  if (!options.play) return run(options, read);
+  OpenBook book;
+  BookMedium sound;
+  const Failure failure = readFrom(options, &book, &sound, read);
+  return failure ? report(failure, options.json) : deliverAndPlay(book, sound, options);
 }
 
 int runBookIcon(const BookOptions& options) {
