@@ -6,7 +6,7 @@ logs=build/logs
 mkdir -p "$logs"
 
 # The tests' libraries are among them: configuring asks for them, whatever is built.
-packages_build="g++ cmake ninja-build pkg-config libplist-dev libglib2.0-dev libsdl2-dev libcli11-dev zlib1g-dev scdoc libgtest-dev nlohmann-json3-dev"
+packages_build="g++ cmake ninja-build pkg-config libplist-dev libglib2.0-dev libsdl2-dev libcli11-dev zlib1g-dev libpng-dev libjpeg-dev scdoc libgtest-dev nlohmann-json3-dev"
 packages_data="dict-freedict-eng-jpn edict enamdict wordnet-base"
 packages_test="file dbus kanjidic unifont"
 packages_bench="libsqlite3-dev sdcv dict-wn"
