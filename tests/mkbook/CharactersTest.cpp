@@ -71,6 +71,34 @@ TEST(TypedForm, SpellsWhatCantBeTyped) {
   EXPECT_EQ(typedForm("😀"), "");
 }
 
+TEST(TypedForm, DropsMarksThatMakeNoCharacterOfTheirOwn) {
+  EXPECT_EQ(typedForm("cafe\u0301"), jis("cafe"));
+  EXPECT_EQ(typedForm("x\u0302"), jis("x"));
+  EXPECT_EQ(typedForm("か\u3099"), jis("が"));
+}
+
+TEST(Eucs, KeepAscii) {
+  EXPECT_EQ(eucOf("A あ亜"), "A \xA4\xA2\xB0\xA1");
+  EXPECT_EQ(eucOf("😀"), "\xA2\xAE");
+}
+
+TEST(Characters, TakeTheMarksBehindThem) {
+  const auto taken = [](std::string_view utf8) {
+    std::u32string out;
+    for (size_t at = 0; at < utf8.size();) {
+      char32_t character = 0;
+      out += takeCharacter(utf8, &at, &character) ? character : U'?';
+    }
+    return out;
+  };
+  EXPECT_EQ(taken("e\u0301"), U"\u00E9");
+  EXPECT_EQ(taken("a\u0302\u0301b"), U"\u1EA5b");  // circumflex and acute
+  EXPECT_EQ(taken("か\u3099は\u309A"), U"がぱ");
+  EXPECT_EQ(taken("x\u0301"), U"x\u0301");            // there is no such letter
+  EXPECT_EQ(taken("\u1100\u1161"), U"\u1100\u1161");  // not of marks
+  EXPECT_EQ(taken("e\xCC"), U"e?");
+}
+
 TEST(Unifont, GivesDotsOfBothWidths) {
   const Unifont font("0041:" + std::string(30, '0') + "FF\n" + full("4E00", '1') + "nonsense\n0042:12\n");
   EXPECT_EQ(font.glyph(U'A'), std::string(15, '\0') + "\xFF");

@@ -150,14 +150,17 @@ TEST_F(Kanjidic, IsFoundByReadingsAndMeanings) {
 TEST_F(Kanjidic, HasAFormOfFiveFields) {
   const KanjidicSource source(
       file(std::string(kAsia) + "犬 3824 B94 G1 S4 いぬ {dog}\n本 4B5C B75 G1 S15 もと {book}\n"), &summary_);
-  const MultiSearch form = source.multiSearch();
+  ASSERT_EQ(source.forms().size(), 1u);
+  const MultiSearch form = source.forms()[0];
   ASSERT_EQ(form.fields.size(), 5u);
   EXPECT_EQ(form.name, "Kanji");
   EXPECT_EQ(form.fields[1].label, "Strokes");
-  EXPECT_EQ(form.fields[1].choices, (std::vector<std::string>{"4", "7", "15"}));
+  std::string strokes;
+  for (const Choice& choice : form.fields[1].choices) strokes += choice.name + " ";
+  EXPECT_EQ(strokes, "4 7 15 ");
   EXPECT_FALSE(form.fields[1].byBeginning);
   EXPECT_TRUE(form.fields[3].byBeginning);
-  EXPECT_EQ(source.fieldValues(0),
+  EXPECT_EQ(source.fieldValues(0, 0),
             (std::vector<std::vector<std::string>>{{"1"},
                                                    {"7"},
                                                    {"8"},

@@ -130,6 +130,47 @@ TEST_F(Form, FindsByWholeValuesAndByBeginnings) {
   EXPECT_EQ(search("▽0▼01▼1an"), "2 ");
 }
 
+// The list of headings, then the list below the first of them at 7/40: each item has 2 + 2 + 2 + 6 bytes,
+// each list 4 more.
+TEST(ChoicesInTwoLevels, StandOneListBehindTheOther) {
+  Unifont font{""};
+  CustomCharacters characters{font};
+  MultiSearchWriter writer({"色", {{"色", false, {{"緑", {"苔", "葉"}}, "赤", {"青", {"空"}}}}}}, characters);
+  writer.settle();
+  ASSERT_EQ(writer.blocks(), 3u);
+  test::TempFolder folder;
+  RegionFile text(folder.file("BODY"), 1), file(folder.file("MULTI"), 3);
+  text.finish();
+  writer.write(6, file);
+  file.finish();
+  Catalog catalog;
+  catalog.records = {{0, 1, 1, {}, "BODY"}, {0xFF, 6, 8, {}, "MULTI"}};
+  folder.write("BOOK", catalog.bytes());
+  void* book = nullptr;
+  ASSERT_EQ(SDicOpenDictionary(folder.file("BOOK").c_str(), &book, nullptr, false, false), 0u);
+  const auto item = [](const std::string& name, uint32_t offset) {
+    return be16(0x1F43) + jis(name) + be16(0x1F63) + test::bcd(offset == 0 ? 0 : 7, 4) + test::bcd(offset, 2);
+  };
+  const _SDICADDRESS at = {7, 0};
+  char* bytes = nullptr;
+  ASSERT_EQ(SDicReadData(book, &at, 84, &bytes), 0u);
+  EXPECT_EQ(std::string(bytes, 84), be16(0x1F02) + item("緑", 40) + item("赤", 0) + item("青", 68) +
+                                        be16(0x1F03) + be16(0x1F02) + item("苔", 0) + item("葉", 0) +
+                                        be16(0x1F03) + be16(0x1F02) + item("空", 0) + be16(0x1F03));
+  std::free(bytes);
+  _SDICMULTIREFLIST* list = nullptr;
+  ASSERT_EQ(SDicGetMultiSearchReferenceList(book, 0, 0, &list), 0u);
+  EXPECT_EQ(std::string(list->name), jis("緑"));
+  ASSERT_NE(list->child, nullptr);
+  EXPECT_EQ(std::string(list->child->name), jis("苔"));
+  EXPECT_EQ(std::string(list->child->next->name), jis("葉"));
+  EXPECT_EQ(list->child->next->next, nullptr);
+  EXPECT_EQ(std::string(list->next->name), jis("赤"));
+  EXPECT_EQ(list->next->child, nullptr);
+  EXPECT_EQ(std::string(list->next->next->child->name), jis("空"));
+  SDicCloseDictionary(book);
+}
+
 TEST_F(Form, IsRefusedWhenItDoesNotFit) {
   EXPECT_THROW(MultiSearchWriter({"", {{std::string(16, 'x'), false, {}}}}, characters_), std::length_error);
   EXPECT_NO_THROW(MultiSearchWriter({"", {{std::string(15, 'x'), false, {}}}}, characters_));

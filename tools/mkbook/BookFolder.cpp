@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "foundation/Storage.h"
+#include "mkbook/BookSource.h"
 #include "mkbook/Failure.h"
 
 namespace zavel::mkbook {
@@ -46,17 +47,38 @@ Failure badTarget(const std::string& message) {
 
 }  // namespace
 
+std::string multiFile(size_t form) {
+  return "MULTI" + (form == 0 ? "" : std::to_string(form + 1)) + ".DAT";
+}
+
 const std::vector<std::string>& bookFileNames() {
-  static const std::vector<std::string> names = {kCatalogFile,      kUniFile,
-                                                 kInfoFile,         kBodyFile,
-                                                 kExactFile,        kExactKanaFile,
-                                                 kExactLettersFile, kForwardFile,
-                                                 kForwardKanaFile,  kForwardLettersFile,
-                                                 kBackwardFile,     kBackwardKanaFile,
-                                                 kMultiFile,        kBackwardLettersFile,
-                                                 kKeywordFile,      kCrossFile,
-                                                 kFullFontFile,     kHalfFontFile};
-  return names;
+  static const std::vector<std::string> all = [] {
+    std::vector<std::string> names = {kCatalogFile,
+                                      kUniFile,
+                                      kInfoFile,
+                                      kBodyFile,
+                                      kExactFile,
+                                      kExactKanaFile,
+                                      kExactLettersFile,
+                                      kForwardFile,
+                                      kForwardKanaFile,
+                                      kForwardLettersFile,
+                                      kBackwardFile,
+                                      kBackwardKanaFile,
+                                      kBackwardLettersFile,
+                                      kKeywordFile,
+                                      kCrossFile,
+                                      kMenuFile,
+                                      kPictureMenuFile,
+                                      kMonoFile,
+                                      kColorFile,
+                                      kSoundFile,
+                                      kFullFontFile,
+                                      kHalfFontFile};
+    for (size_t form = 0; form < kMostForms; ++form) names.push_back(multiFile(form));
+    return names;
+  }();
+  return all;
 }
 
 BookFolder::BookFolder(const std::string& target)

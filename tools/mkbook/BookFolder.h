@@ -24,9 +24,16 @@ inline constexpr const char* kBackwardKanaFile = "BACKWARDK.DAT";
 inline constexpr const char* kBackwardLettersFile = "BACKWARDL.DAT";
 inline constexpr const char* kKeywordFile = "KEYWORD.DAT";
 inline constexpr const char* kCrossFile = "CROSS.DAT";
-inline constexpr const char* kMultiFile = "MULTI.DAT";
+inline constexpr const char* kMenuFile = "MENU.DAT";
+inline constexpr const char* kPictureMenuFile = "PICMENU.DAT";
+inline constexpr const char* kMonoFile = "MONO.DAT";
+inline constexpr const char* kColorFile = "COLOR.DAT";
+inline constexpr const char* kSoundFile = "SOUND.DAT";
 inline constexpr const char* kFullFontFile = "FULL16.FNT";
 inline constexpr const char* kHalfFontFile = "HALF16.FNT";
+
+// Of a form: "MULTI.DAT", "MULTI2.DAT" ...
+std::string multiFile(size_t form);
 
 const std::vector<std::string>& bookFileNames();
 

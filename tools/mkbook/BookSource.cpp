@@ -8,7 +8,7 @@ namespace {
 
 std::string textOf(const std::vector<Span>& spans) {
   std::string out;
-  for (const Span& span : spans) out += span.text;
+  for (const Span& span : spans) out += span.text + textOf(span.inside);
   return out;
 }
 

@@ -7,6 +7,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "book/BookTypes.h"
 #include "mkbook/BookSource.h"
@@ -31,17 +32,24 @@ class CustomTable {
 // A word in the codes of a book; 〓 for what it can't write.
 std::string codesOf(std::string_view utf8, const CustomTable& table);
 
-// Marks: each line "<indent>text\n"; emphasis in U+0002 and U+0003; a reference in "{" and "|number}", its
-// entry's number, both braces U+0004 and U+0005. Blanks at the end of the last line don't count.
+// Marks: each line "<indent>text\n"; emphasis in U+0002 and U+0003; a reference in U+0004 and U+0005 with
+// "|number", what it leads to, ahead of the end; likewise subscript from U+000E on, then superscript,
+// keywords, pictures, sounds. Items of menus are references. Blanks at the end of the last line don't count.
 
-// What a source's entry should read as. `number` gives the entry that a word leads to, -1 for none.
-std::string expectedText(const BookEntry& entry, const CustomTable& table,
-                         const std::function<int64_t(const std::string& word)>& number);
+// What a source's entry, or the lines of a menu, should read as. `number` gives what a reference leads to, -1
+// for nothing.
+using SpanNumber = std::function<int64_t(const Span& span)>;
+std::string expectedText(const BookEntry& entry, const CustomTable& table, const SpanNumber& number);
+std::string expectedText(const std::vector<Line>& lines, const CustomTable& table, const SpanNumber& number);
 
-// What a book's bytes read as. `number` gives the entry at an address, -1 for none. Tags that compiled books
-// don't have show as "<1F44>".
+// The media that spans name, in their order.
+void appendMedia(const std::vector<Span>& spans, std::vector<size_t>* media);
+
+// What a book's bytes read as. `number` gives what is at an address, -1 for nothing. Where tags of pictures
+// and sounds begin goes into *media. Tags that compiled books don't have show as "<1F36>".
 std::string decodedText(std::string_view bytes, const CustomTable& table,
-                        const std::function<int64_t(const _SDICADDRESS& address)>& number);
+                        const std::function<int64_t(const _SDICADDRESS& address)>& number,
+                        std::vector<size_t>* media = nullptr);
 
 }  // namespace zavel::mkbook
 

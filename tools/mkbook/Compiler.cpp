@@ -13,6 +13,9 @@
 #include "mkbook/CustomCharacters.h"
 #include "mkbook/Failure.h"
 #include "mkbook/IndexBuilder.h"
+#include "mkbook/JisTable.h"
+#include "mkbook/MediaWriter.h"
+#include "mkbook/MenuWriter.h"
 #include "mkbook/MultiSearchWriter.h"
 #include "mkbook/WordIndexes.h"
 #include "mkbook/WordKeys.h"
@@ -26,8 +29,7 @@ namespace {
 using namespace book;
 
 constexpr uint32_t kOwnNumbers = 0x40000000;
-constexpr size_t kLongestInfo = 240;        // a reader takes 256 bytes
-constexpr uint64_t kMostBlocks = 99999999;  // that packed decimal of four bytes can tell
+constexpr size_t kLongestInfo = 240;  // a reader takes 256 bytes
 constexpr std::string_view kBegin("\x1F\x02", 2), kEnd("\x1F\x03", 2);
 
 std::string firstCharacters(const std::string& utf8, size_t bytes) {
@@ -52,36 +54,54 @@ class Compilation {
         progress_(progress),
         summary_(summary),
         characters_(font),
-        form_(source.multiSearch()),
-        fields_(form_, characters_) {}
+        forms_(source.forms()),
+        media_(source.media()),
+        menus_(source.menus(), false),
+        pictureMenus_(source.menus(), true) {
+    for (const MultiSearch& form : forms_) fields_.emplace_back(form, characters_);
+  }
 
   bool run(const BookIdentity& identity);
 
  private:
   bool readWords();
   bool layOut();
+  void placeRegions();
   bool writeText();
+  void writeMenus();
   bool writeIndexes();
-  void writeForm();
+  void writeMedia();
+  void writeForms();
+  std::string info() const;
   void fileWords(const BookEntry& entry, const _SDICADDRESS& address);
   void fileTextWords(size_t number);
   void writeFonts();
   void writeCatalog(const BookIdentity& identity);
-  void countReferences(const BookEntry& entry);
+  void countReferences(const std::vector<Span>& spans);
+  void countReferences(const std::vector<Line>& lines);
   void account();
+  bool hasMenus() const { return !menus_.empty(); }
+  uint64_t textSize() const { return places_.back() + kEnd.size() + (hasMenus() ? kBegin.size() : 0); }
+  uint32_t textBlocks() const { return static_cast<uint32_t>((textSize() + kBlock - 1) / kBlock); }
   _SDICADDRESS addressOf(size_t entry) const;
-  void addRecord(uint16_t kind, uint32_t blocks, const IndexFlags& flags, const char* name);
+  std::optional<_SDICADDRESS> placeOf(const Span& span);
+  void addRecord(uint16_t kind, uint32_t blocks, const IndexFlags& flags, const std::string& name);
 
   const BookSource& source_;
   BookFolder& folder_;
   mkdict::Progress& progress_;
   mkdict::Summary* summary_;
   CustomCharacters characters_;
-  MultiSearch form_;
-  MultiSearchWriter fields_;
+  std::vector<MultiSearch> forms_;
+  std::vector<MultiSearchWriter> fields_;
+  MediaWriter media_;
+  MenuWriter menus_, pictureMenus_;
+  const BodyWriter::Resolver resolver_ = [this](const Span& span) { return placeOf(span); };
+  BodyWriter writer_{characters_, resolver_, &media_};
   WordTable words_;
   WordIndexes indexes_;
   std::vector<uint64_t> places_;  // of entries, bytes from the text's beginning; then its end
+  bool placed_ = false;           // whether all of them are known
   std::vector<CatalogRecord> records_;
   uint32_t nextBlock_ = kFirstBlock;
 };
@@ -102,69 +122,106 @@ _SDICADDRESS Compilation::addressOf(size_t entry) const {
           static_cast<uint32_t>(place & kBlockMask)};
 }
 
-// Places need lengths alone, and those don't depend on where references lead.
+// Where a reference leads. Until all places are known, to the book's beginning: places need lengths alone,
+// and those depend on which references lead somewhere, not on where.
+std::optional<_SDICADDRESS> Compilation::placeOf(const Span& span) {
+  if (span.kind == Span::Kind::kMenu) {
+    const std::optional<_SDICADDRESS> menu = menus_.addressOf(span.target);
+    return menu ? menu : pictureMenus_.addressOf(span.target);
+  }
+  const int64_t entry = span.entry >= 0 ? span.entry : words_.find(characters_.codes(span.target));
+  if (entry < 0) return std::nullopt;
+  return placed_ ? addressOf(static_cast<size_t>(entry)) : _SDICADDRESS{0, 0};
+}
+
 bool Compilation::layOut() {
-  const BodyWriter::Resolver anywhere = [this](const std::string& word) -> std::optional<_SDICADDRESS> {
-    return words_.find(characters_.codes(word)) < 0 ? std::nullopt : std::optional(_SDICADDRESS{0, 0});
-  };
-  BodyWriter writer(characters_, anywhere);
   progress_.stage("laying out", source_.size());
   uint64_t place = kBegin.size();
   for (size_t i = 0; i < source_.size(); ++i) {
     if (progress_.cancelled()) return false;
     places_.push_back(place);
     const BookEntry entry = source_.entry(i);
-    place += writer.entry(entry).size();
+    place += writer_.entry(entry).size();
     fileWords(entry, addressOf(i));
     fileTextWords(i);
-    fields_.add(source_.fieldValues(i), addressOf(i));
-    countReferences(entry);
+    for (size_t form = 0; form < forms_.size(); ++form)
+      fields_[form].add(source_.fieldValues(i, form), addressOf(i));
+    countReferences(entry.note);
+    countReferences(entry.lines);
     progress_.advance(i + 1);
   }
   places_.push_back(place);
-  if ((place + kEnd.size()) >> kBlockShift >= kMostBlocks)
-    throw Failure(mkdict::kExitDamaged, "too_large", "the text is too long for a book",
-                  "Take a smaller source.");
+  placed_ = true;
+  placeRegions();
   return true;
 }
 
-void Compilation::countReferences(const BookEntry& entry) {
-  for (const Line& line : entry.lines) {
-    for (const Span& span : line.spans) {
-      if (span.kind != Span::Kind::kReference) continue;
-      if (words_.find(characters_.codes(span.target)) < 0) {
-        summary_->leftOut("references to words that have no entry, written as plain text", span.target);
-      } else {
-        summary_->count("references");
-      }
+// Behind the text stand the menus, then pictures and sounds, then the indexes.
+void Compilation::placeRegions() {
+  if (textSize() >> kBlockShift >= kMostBlocks)
+    throw Failure(mkdict::kExitDamaged, "too_large", "the text is too long for a book",
+                  "Take a smaller source.");
+  for (const Menu& menu : source_.menus()) countReferences(menu.lines);
+  const uint32_t menus = menus_.place(kFirstBlock + textBlocks(), writer_);
+  media_.place(pictureMenus_.place(menus, writer_));
+}
+
+void Compilation::countReferences(const std::vector<Line>& lines) {
+  for (const Line& line : lines) countReferences(line.spans);
+}
+
+void Compilation::countReferences(const std::vector<Span>& spans) {
+  for (const Span& span : spans) {
+    countReferences(span.inside);
+    if (span.kind != Span::Kind::kReference) continue;
+    if (placeOf(span)) {
+      summary_->count("references");
+    } else {
+      summary_->leftOut("references to words that have no entry, written as plain text",
+                        span.target + (span.line == 0 ? "" : " (line " + std::to_string(span.line) + ")"));
     }
   }
 }
 
 bool Compilation::writeText() {
-  const BodyWriter::Resolver resolver = [this](const std::string& word) -> std::optional<_SDICADDRESS> {
-    const int64_t entry = words_.find(characters_.codes(word));
-    return entry < 0 ? std::nullopt : std::optional(addressOf(static_cast<size_t>(entry)));
-  };
-  BodyWriter writer(characters_, resolver);
   progress_.stage("writing the text", source_.size());
-  const uint64_t bytes = places_.back() + kEnd.size();
-  RegionFile file(folder_.path(kBodyFile), static_cast<uint32_t>((bytes + kBlock - 1) / kBlock));
+  RegionFile file(folder_.path(kBodyFile), textBlocks());
   file.append(kBegin);
   for (size_t i = 0; i < source_.size(); ++i) {
     if (progress_.cancelled()) return false;
-    const std::string entry = writer.entry(source_.entry(i));
+    const std::string entry = writer_.entry(source_.entry(i));
     if (entry.size() != places_[i + 1] - places_[i])
       throw std::logic_error("an entry changed while it was read");
     file.append(entry);
     progress_.advance(i + 1);
   }
   file.append(kEnd);
+  // Who asks for the first menu looks one word ahead of its region for what tells that a text begins there.
+  if (hasMenus()) {
+    file.append(std::string(uint64_t{textBlocks()} * kBlock - textSize(), '\0'));
+    file.append(kBegin);
+  }
   file.finish();
-  summary_->figure("bytes of text", bytes);
+  summary_->figure("bytes of text", textSize());
   summary_->figure("bytes of packed text", file.size());
   addRecord(kKindHonbun, file.blocks(), {}, kBodyFile);
   return true;
+}
+
+void Compilation::writeMenus() {
+  const struct {
+    const MenuWriter& menus;
+    uint16_t kind;
+    const char* name;
+  } kinds[] = {{menus_, kKindMenu, kMenuFile}, {pictureMenus_, kKindColorMenu, kPictureMenuFile}};
+  for (const auto& [menus, kind, name] : kinds) {
+    if (menus.empty()) continue;
+    const std::string bytes = menus.bytes(writer_);
+    RegionFile file(folder_.path(name), static_cast<uint32_t>((bytes.size() + kBlock - 1) / kBlock));
+    file.append(bytes);
+    file.finish();
+    addRecord(kind, file.blocks(), {}, name);
+  }
 }
 
 void Compilation::fileWords(const BookEntry& entry, const _SDICADDRESS& address) {
@@ -201,20 +258,42 @@ bool Compilation::writeIndexes() {
   summary_->figure("keys", indexes_.words());
   summary_->figure("keywords", indexes_.keywords());
   summary_->figure("words of texts", indexes_.crossWords());
-  if (!form_.fields.empty()) writeForm();
   return true;
 }
 
-void Compilation::writeForm() {
-  fields_.settle();
-  RegionFile file(folder_.path(kMultiFile), fields_.blocks());
-  fields_.write(nextBlock_, file);
-  file.finish();
-  addRecord(kKindMultiSearch, file.blocks(), {}, kMultiFile);
-  summary_->figure("fields of the search form", form_.fields.size());
+void Compilation::writeMedia() {
+  for (const CatalogRecord& record : media_.write(source_, folder_)) {
+    records_.push_back(record);
+    nextBlock_ = record.last + 1;
+  }
 }
 
-void Compilation::addRecord(uint16_t kind, uint32_t blocks, const IndexFlags& flags, const char* name) {
+void Compilation::writeForms() {
+  size_t fields = 0;
+  for (size_t i = 0; i < forms_.size(); ++i) {
+    const std::string name = multiFile(i);
+    fields_[i].settle();
+    RegionFile file(folder_.path(name), fields_[i].blocks());
+    fields_[i].write(nextBlock_, file);
+    file.finish();
+    addRecord(kKindMultiSearch, file.blocks(), {}, name);
+    fields += forms_[i].fields.size();
+  }
+  if (!forms_.empty()) summary_->figure("fields of search forms", fields);
+}
+
+// What the catalog has no room for. Names of forms are EUC-JP, as their labels are.
+std::string Compilation::info() const {
+  std::string out = "[GENERAL]\nSRCINFO=" + firstCharacters(source_.publisher(), kLongestInfo) +
+                    "\nSRCVER=" + std::to_string(source_.version()) + "\n";
+  for (size_t i = 0; i < forms_.size(); ++i) {
+    out += std::string("MUL") + "0123456789ABCDEF"[i] + "NAME=" + eucOf(forms_[i].name) + "\n";
+  }
+  return out;
+}
+
+void Compilation::addRecord(uint16_t kind, uint32_t blocks, const IndexFlags& flags,
+                            const std::string& name) {
   records_.push_back({kind, nextBlock_, nextBlock_ + blocks - 1, flags, name});
   nextBlock_ += blocks;
 }
@@ -238,11 +317,9 @@ void Compilation::writeCatalog(const BookIdentity& identity) {
   catalog.title = platform().encoding().toSjisLossy(identity.title).bytes();
   catalog.identity = identity.number != 0 ? identity.number : identityOf(identity.title);
   catalog.records = records_;
-  catalog.largeIcon = largeBookIcon();
-  catalog.smallIcon = smallBookIcon();
-  folder_.write(kInfoFile, "[GENERAL]\nSRCINFO=" + firstCharacters(source_.publisher(), kLongestInfo) +
-                               "\nSRCVER=1\n" +
-                               (form_.fields.empty() ? "" : "MUL0NAME=" + form_.name + "\n"));
+  catalog.largeIcon = source_.largeIcon().empty() ? largeBookIcon() : source_.largeIcon();
+  catalog.smallIcon = source_.smallIcon().empty() ? smallBookIcon() : source_.smallIcon();
+  folder_.write(kInfoFile, info());
   folder_.write(kCatalogFile, catalog.bytes());
 }
 
@@ -255,7 +332,11 @@ void Compilation::account() {
 
 bool Compilation::run(const BookIdentity& identity) {
   summary_->figure("entries", source_.size());
-  if (!readWords() || !layOut() || !writeText() || !writeIndexes()) return false;
+  if (!readWords() || !layOut() || !writeText()) return false;
+  writeMenus();
+  writeMedia();
+  if (!writeIndexes()) return false;
+  writeForms();
   writeFonts();
   writeCatalog(identity);
   account();

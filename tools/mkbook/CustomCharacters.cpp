@@ -1,6 +1,8 @@
 // Tests: tests/mkbook/CharactersTest.cpp
 #include "mkbook/CustomCharacters.h"
 
+#include <glib.h>
+
 #include "book/BookFormat.h"
 #include "foundation/ByteReader.h"
 #include "mkbook/JisTable.h"
@@ -12,6 +14,7 @@ namespace {
 constexpr unsigned kFirstRow = 0xA1, kLastRow = 0xFE, kFirstCell = 0x21, kCells = 94;
 constexpr size_t kMost = size_t{kLastRow - kFirstRow + 1} * kCells;
 constexpr char32_t kBlank = ' ';
+constexpr unsigned char kFirstMarkByte = 0xCC;  // of U+0300 in UTF-8
 
 uint16_t codeOfNumber(size_t number) {
   const size_t row = kFirstRow + number / kCells, cell = kFirstCell + number % kCells;
@@ -25,6 +28,25 @@ uint32_t surrogates(char32_t character) {
 }
 
 }  // namespace
+
+// Those of accents and of the voiced and half-voiced kana. Jamo, which compose as well, stay as they are.
+bool isMark(char32_t character) {
+  return (character >= 0x300 && character <= 0x36F) || character == 0x3099 || character == 0x309A;
+}
+
+bool takeCharacter(std::string_view utf8, size_t* at, char32_t* character) {
+  if (!mkdict::takeUtf8(utf8, at, character)) return false;
+  for (size_t next = *at; next < utf8.size() && static_cast<unsigned char>(utf8[next]) >= kFirstMarkByte;) {
+    char32_t mark = 0;
+    gunichar composed = 0;
+    if (!mkdict::takeUtf8(utf8, &next, &mark) || !isMark(mark) ||
+        !g_unichar_compose(*character, mark, &composed))
+      break;
+    *character = composed;
+    *at = next;
+  }
+  return true;
+}
 
 bool isUnseen(char32_t character) {
   return character == 0xAD || (character >= 0x200B && character <= 0x200F) || character == 0x2060 ||
@@ -56,7 +78,7 @@ std::string CustomCharacters::codes(std::string_view utf8) {
   std::string out;
   for (size_t at = 0; at < utf8.size();) {
     char32_t character = 0;
-    const bool sound = mkdict::takeUtf8(utf8, &at, &character);
+    const bool sound = takeCharacter(utf8, &at, &character);
     if (sound && isUnseen(character)) continue;
     appendBE16(out, sound ? cell(character).code : kGeta);
   }

@@ -55,6 +55,13 @@ class CustomCharacters {
   std::vector<char32_t> lacking_;
 };
 
+// Takes the character at *at with the marks behind it that make another one of it (an e and an accent), as
+// mkdict::takeUtf8 does.
+bool takeCharacter(std::string_view utf8, size_t* at, char32_t* character);
+
+// Accents and other marks that stand above or below the character ahead of them.
+bool isMark(char32_t character);
+
 // Marks that nobody sees: they are no part of a book's text.
 bool isUnseen(char32_t character);
 

@@ -7,6 +7,7 @@
 #include "foundation/ByteReader.h"
 #include "foundation/Kanji.h"
 #include "foundation/KanjiConversion.h"
+#include "mkbook/CustomCharacters.h"
 #include "mkdict/ToShiftJis.h"
 #include "mkdict/Utf8.h"
 #include "platform/Platform.h"
@@ -77,14 +78,36 @@ char32_t JisTable::characterOf(uint16_t code, bool half) const {
   return found == characters_.end() ? 0 : found->second;
 }
 
+// Marks that make no character of their own with what is ahead of them can't be typed: they fall.
 std::string typedForm(std::string_view utf8) {
-  const std::optional<std::string> sjis = mkdict::toShiftJis(utf8);
+  std::string bare;
+  for (size_t at = 0; at < utf8.size();) {
+    char32_t character = 0;
+    if (!takeCharacter(utf8, &at, &character)) return "";
+    if (!isMark(character)) mkdict::appendUtf8(bare, character);
+  }
+  const std::optional<std::string> sjis = mkdict::toShiftJis(bare);
   if (!sjis) return "";
   std::string out(2 * sjis->size(), '\0');
   out.resize(foundation::GFnConvSJIS2JIS(out.data(), sjis->data(), sjis->size()));
   for (size_t at = 0; at + 2 <= out.size(); at += 2) {
     const uint16_t code = readBE16(reinterpret_cast<const uint8_t*>(out.data() + at));
     if (JisTable::shared().characterOf(code, false) == 0) return "";
+  }
+  return out;
+}
+
+std::string eucOf(std::string_view utf8) {
+  std::string out;
+  for (size_t at = 0; at < utf8.size();) {
+    char32_t character = 0;
+    const bool sound = takeCharacter(utf8, &at, &character);
+    if (sound && character < 0x80) {
+      out += static_cast<char>(character);
+    } else if (!sound || !isUnseen(character)) {
+      const uint16_t code = sound ? JisTable::shared().codeOf(character) : 0;
+      appendBE16(out, (code != 0 ? code : kGeta) | 0x8080);
+    }
   }
   return out;
 }

@@ -35,6 +35,9 @@ class JisTable {
 // Empty when there is no such form.
 std::string typedForm(std::string_view utf8);
 
+// In EUC-JP, ASCII as it is; 〓 for what that can't write.
+std::string eucOf(std::string_view utf8);
+
 }  // namespace zavel::mkbook
 
 #endif

@@ -172,26 +172,26 @@ BookEntry KanjidicSource::entry(size_t number) const {
   return out;
 }
 
-MultiSearch KanjidicSource::multiSearch() const {
-  return {"Kanji",
-          {{"Radical", false, choicesOf(&Kanji::radical)},
-           {"Strokes", false, choicesOf(&Kanji::strokes)},
-           {"Grade", false, choicesOf(&Kanji::grade)},
-           {"Reading", true, {}},
-           {"Meaning", true, {}}}};
+std::vector<MultiSearch> KanjidicSource::forms() const {
+  return {{"Kanji",
+           {{"Radical", false, choicesOf(&Kanji::radical)},
+            {"Strokes", false, choicesOf(&Kanji::strokes)},
+            {"Grade", false, choicesOf(&Kanji::grade)},
+            {"Reading", true, {}},
+            {"Meaning", true, {}}}}};
 }
 
 // The values of a number that kanji have, the least first.
-std::vector<std::string> KanjidicSource::choicesOf(std::string Kanji::*number) const {
+std::vector<Choice> KanjidicSource::choicesOf(std::string Kanji::*number) const {
   std::set<std::pair<size_t, std::string>> values;
   for (const Kanji& kanji : kanji_)
     if (const std::string& value = kanji.*number; !value.empty()) values.insert({value.size(), value});
-  std::vector<std::string> out;
-  for (const auto& [size, value] : values) out.push_back(value);
+  std::vector<Choice> out;
+  for (const auto& [size, value] : values) out.emplace_back(value);
   return out;
 }
 
-std::vector<std::vector<std::string>> KanjidicSource::fieldValues(size_t number) const {
+std::vector<std::vector<std::string>> KanjidicSource::fieldValues(size_t number, size_t) const {
   const Kanji& kanji = kanji_[number];
   std::vector<std::string> readings;
   for (const auto* const some : {&kanji.on, &kanji.kun, &kanji.names}) {

@@ -32,13 +32,13 @@ class KanjidicSource : public BookSource {
   size_t size() const override { return kanji_.size(); }
   BookEntry entry(size_t number) const override;
   // Radical, strokes and grade as a whole, to be chosen; readings and meanings by their beginnings.
-  MultiSearch multiSearch() const override;
-  std::vector<std::vector<std::string>> fieldValues(size_t number) const override;
+  std::vector<MultiSearch> forms() const override;
+  std::vector<std::vector<std::string>> fieldValues(size_t number, size_t form) const override;
   std::string title() const override { return "KANJIDIC"; }
   std::string publisher() const override;
 
  private:
-  std::vector<std::string> choicesOf(std::string Kanji::*number) const;
+  std::vector<Choice> choicesOf(std::string Kanji::*number) const;
 
   std::vector<Kanji> kanji_;
 };

@@ -1,6 +1,7 @@
 // Tests: tests/mkbook/MultiSearchTest.cpp
 #include "mkbook/MultiSearchWriter.h"
 
+#include <functional>
 #include <stdexcept>
 
 #include "book/BookFormat.h"
@@ -23,18 +24,21 @@ uint32_t blocksOf(const std::string& bytes) {
   return static_cast<uint32_t>(bytes.size() / kBlock);
 }
 
-std::string choiceList(const std::vector<std::string>& choices, CustomCharacters& characters) {
+// One list: its bytes don't depend on where the lists below its choices stand. `place` gives that in bytes
+// from the first list's beginning.
+std::string choiceList(const std::vector<Choice>& choices, CustomCharacters& characters, uint32_t first,
+                       const std::function<size_t(size_t choice)>& place) {
   std::string out;
-  if (choices.empty()) return out;
   appendBE16(out, kTagBegin);
-  for (const std::string& choice : choices) {
+  for (size_t i = 0; i < choices.size(); ++i) {
     appendBE16(out, kTagMenuItem);
-    out += characters.codes(choice);
+    out += characters.codes(choices[i].name);
     appendBE16(out, kTagMenuItemEnd);
-    out.append(6, '\0');  // leads to no further list
+    const size_t at = choices[i].below.empty() ? 0 : place(i);
+    appendBcd(&out, at == 0 ? 0 : first + static_cast<uint32_t>(at >> kBlockShift), 4);
+    appendBcd(&out, static_cast<uint32_t>(at & kBlockMask), 2);
   }
   appendBE16(out, kTagEnd);
-  pad(&out, kBlock);
   return out;
 }
 
@@ -53,11 +57,30 @@ MultiSearchWriter::MultiSearchWriter(const MultiSearch& form, CustomCharacters& 
     : characters_(characters) {
   for (const SearchField& field : form.fields) {
     const uint16_t kind = field.byBeginning ? kKindForward : kKindGrouped;
-    fields_.push_back(
-        {characters.codes(field.label), choiceList(field.choices, characters), IndexBuilder::ofField(kind)});
+    fields_.push_back({characters.codes(field.label), field.choices, blocksOf(choiceLists(field.choices, 0)),
+                       IndexBuilder::ofField(kind)});
     if (fields_.back().label.size() > kLabel) throw std::length_error(field.label + " is too long a label");
   }
   if (definition(0).size() > kBlock) throw std::length_error("a form of too many fields");
+}
+
+// A list, then those below its choices, one behind the other and each as its own choices have it; whole
+// blocks. Empty where there are no choices.
+std::string MultiSearchWriter::choiceLists(const std::vector<Choice>& choices, uint32_t first) const {
+  std::string out;
+  const std::function<size_t(const std::vector<Choice>&)> append = [&](const std::vector<Choice>& list) {
+    const size_t start = out.size();
+    out += choiceList(list, characters_, first, [](size_t) { return 0; });
+    std::vector<size_t> places;
+    for (const Choice& choice : list) places.push_back(choice.below.empty() ? 0 : append(choice.below));
+    const std::string settled = choiceList(list, characters_, first, [&](size_t i) { return places[i]; });
+    out.replace(start, settled.size(), settled);
+    return start;
+  };
+  if (choices.empty()) return out;
+  append(choices);
+  pad(&out, kBlock);
+  return out;
 }
 
 void MultiSearchWriter::add(const std::vector<std::vector<std::string>>& values, const _SDICADDRESS& entry) {
@@ -71,7 +94,7 @@ void MultiSearchWriter::settle() {
 
 uint32_t MultiSearchWriter::blocks() const {
   uint32_t blocks = 1;
-  for (const Field& field : fields_) blocks += blocksOf(field.choices) + field.index.blocks();
+  for (const Field& field : fields_) blocks += field.listBlocks + field.index.blocks();
   return blocks;
 }
 
@@ -83,7 +106,7 @@ std::string MultiSearchWriter::definition(uint32_t first) const {
   uint32_t next = first + 1;
   for (const Field& field : fields_) {
     const size_t start = out.size();
-    const uint32_t list = blocksOf(field.choices);
+    const uint32_t list = field.listBlocks;
     out += static_cast<char>(list > 0 ? 2 : 1);
     out += '\0';
     out += field.label;
@@ -102,8 +125,8 @@ void MultiSearchWriter::write(uint32_t first, RegionFile& file) const {
   file.append(bytes);
   uint32_t next = first + 1;
   for (const Field& field : fields_) {
-    file.append(field.choices);
-    next += blocksOf(field.choices);
+    file.append(choiceLists(field.choices, next));
+    next += field.listBlocks;
     field.index.write(next, file);
     next += field.index.blocks();
   }

@@ -30,12 +30,14 @@ class MultiSearchWriter {
 
  private:
   struct Field {
-    std::string label;    // codes
-    std::string choices;  // text, whole blocks; empty for none
+    std::string label;  // codes
+    std::vector<Choice> choices;
+    uint32_t listBlocks;  // of the choices
     IndexBuilder index;
   };
 
   std::string definition(uint32_t first) const;
+  std::string choiceLists(const std::vector<Choice>& choices, uint32_t first) const;
 
   CustomCharacters& characters_;
   std::vector<Field> fields_;

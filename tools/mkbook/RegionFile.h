@@ -13,6 +13,9 @@
 
 namespace zavel::mkbook {
 
+// That packed decimal of four bytes, as addresses in texts are, can tell.
+inline constexpr uint64_t kMostBlocks = 99999999;
+
 // All operations throw Failure when the disk refuses.
 class RegionFile {
  public:

@@ -20,6 +20,9 @@
 #include "mkbook/Failure.h"
 #include "mkbook/IndexBuilder.h"
 #include "mkbook/JisTable.h"
+#include "mkbook/MediumFault.h"
+#include "mkbook/PictureFile.h"
+#include "mkbook/WaveFile.h"
 #include "mkbook/WordKeys.h"
 
 namespace zavel::mkbook {
@@ -28,6 +31,7 @@ namespace {
 using namespace book;
 
 constexpr size_t kTableLimit = size_t{1} << 20;
+constexpr size_t kIconHeader = 118;   // bytes of a bitmap file ahead of its dots
 constexpr size_t kSearched = 62 * 2;  // bytes of a word that a search takes in
 constexpr uint32_t kTextBegins = 2;   // behind the tag that every text begins with
 
@@ -37,6 +41,18 @@ struct CloseBook {
 struct FreeBytes {
   void operator()(char* bytes) const { std::free(bytes); }
 };
+
+// What a function gives out.
+struct OwnBytes {
+  std::unique_ptr<char, FreeBytes> owner;
+  uint32_t length = 0;
+
+  std::string_view view() const { return {owner.get(), length}; }
+  // Takes over what was given.
+  void take(char* bytes) { owner.reset(bytes); }
+};
+
+constexpr int64_t kToMenu = INT64_MAX;  // where an item leads that doesn't lead to an entry
 
 bool before(const _SDICADDRESS& a, const _SDICADDRESS& b) {
   return a.block != b.block ? a.block < b.block : a.offset < b.offset;
@@ -102,8 +118,18 @@ class Verification {
   bool askWords();
   bool askTextWords(const TextSearch& search, uint64_t* asked);
   bool askFields();
-  void askField(size_t number, size_t field, const std::string& value);
+  void askField(size_t number, size_t form, size_t field, const std::string& value);
+  void compareForms();
+  bool choicesAre(const std::vector<Choice>& choices, const _SDICMULTIREFLIST* list) const;
   void compareText(size_t number);
+  void compareMedia(const char* bytes, const std::vector<size_t>& tags, const std::vector<size_t>& media,
+                    size_t number);
+  bool isMedium(const char* tag, size_t medium);
+  void walkMenus(bool pictures);
+  bool readMenu(bool pictures, const _SDICADDRESS* at, OwnBytes* bytes);
+  std::vector<size_t> compareMenu(size_t menu, const OwnBytes& bytes, std::vector<_SDICADDRESS>* items);
+  void compareIcons();
+  int64_t numberOf(const Span& span) const;
   std::string queryFor(const std::string& word) const;
   bool leadsTo(const std::string& query, const _SDICADDRESS& address);
   std::vector<size_t> entriesFor(const std::string& query);
@@ -118,7 +144,11 @@ class Verification {
   CustomTable table_;
   std::vector<_SDICADDRESS> places_;
   WordTable words_;
-  uint64_t asked_ = 0, keywordsAsked_ = 0, crossWordsAsked_ = 0, fieldsAsked_ = 0;
+  uint64_t asked_ = 0, keywordsAsked_ = 0, crossWordsAsked_ = 0, fieldsAsked_ = 0, menusWalked_ = 0;
+  std::vector<Menu> menus_ = source_.menus();
+  std::vector<MultiSearch> forms_ = source_.forms();
+  std::vector<MediumShape> media_ = source_.media();
+  std::vector<bool> sameMedia_ = std::vector<bool>(media_.size());  // of these the bytes were compared
 };
 
 void Verification::open() {
@@ -172,21 +202,137 @@ int64_t Verification::numberAt(const _SDICADDRESS& address) const {
   return found != places_.end() && same(*found, address) ? found - places_.begin() : -1;
 }
 
+int64_t Verification::numberOf(const Span& span) const {
+  return span.entry >= 0 ? span.entry : words_.find(codesOf(span.target, table_));
+}
+
 void Verification::compareText(size_t number) {
   char* bytes = nullptr;
-  uint32_t length = 0;
-  const uint32_t status = SDicGetBodyData(book_.get(), &places_[number], &bytes, &length);
-  const std::unique_ptr<char, FreeBytes> owner(status == kDone ? bytes : nullptr);
-  if (status != kDone) {
+  OwnBytes body;
+  if (SDicGetBodyData(book_.get(), &places_[number], &bytes, &body.length) != kDone) {
     fault(number, "its text can't be read");
     return;
   }
+  body.take(bytes);
   const BookEntry entry = source_.entry(number);
-  const std::string expected = expectedText(
-      entry, table_, [this](const std::string& word) { return words_.find(codesOf(word, table_)); });
-  const std::string found =
-      decodedText({bytes, length}, table_, [this](const auto& at) { return numberAt(at); });
+  std::vector<size_t> tags, media;
+  const std::string expected =
+      expectedText(entry, table_, [this](const Span& span) { return numberOf(span); });
+  const std::string found = decodedText(
+      body.view(), table_, [this](const auto& at) { return numberAt(at); }, &tags);
   if (found != expected) fault(number, "the text of \"" + entry.headword + "\" differs");
+  appendMedia(entry.note, &media);
+  for (const Line& line : entry.lines) appendMedia(line.spans, &media);
+  if (found == expected) compareMedia(bytes, tags, media, number);
+}
+
+// Each medium once.
+void Verification::compareMedia(const char* bytes, const std::vector<size_t>& tags,
+                                const std::vector<size_t>& media, size_t number) {
+  for (size_t i = 0; i < tags.size() && i < media.size(); ++i) {
+    if (sameMedia_[media[i]]) continue;
+    sameMedia_[media[i]] = isMedium(bytes + tags[i], media[i]);
+    if (!sameMedia_[media[i]]) fault(number, "picture or sound " + std::to_string(i + 1) + " of it differs");
+  }
+}
+
+// What a reader gets is a file; what it is made of must be what the source's is made of.
+bool Verification::isMedium(const char* tag, size_t medium) {
+  const MediumShape& shape = media_[medium];
+  const bool sound = shape.kind == MediumShape::Kind::kSound;
+  char *name = nullptr, *data = nullptr;
+  uint16_t nameLength = 0;
+  OwnBytes file;
+  const auto get = sound ? SDicGetStreamData : SDicGetPictureData;
+  if (get(book_.get(), tag, &name, &nameLength, &data, &file.length) != kDone) return false;
+  const std::unique_ptr<char, FreeBytes> nameOwner(name);
+  file.take(data);
+  const std::string expected = source_.mediumBytes(medium);
+  try {
+    if (shape.kind == MediumShape::Kind::kColorPicture) return file.view() == expected;
+    const Medium found = sound ? readWave(file.view()) : readPicture(std::string(file.view()));
+    return found.bytes == expected && found.shape.format == shape.format &&
+           found.shape.width == shape.width && found.shape.height == shape.height;
+  } catch (const MediumFault&) {
+    return false;
+  }
+}
+
+bool Verification::readMenu(bool pictures, const _SDICADDRESS* at, OwnBytes* bytes) {
+  char* data = nullptr;
+  bool more = false;
+  const uint32_t status = pictures ? SDicGetColorMenuData(book_.get(), at, &data, &bytes->length)
+                                   : SDicGetMenuData(book_.get(), at, &data, &bytes->length, &more);
+  if (status != kDone) return false;
+  bytes->take(data);
+  return !more;
+}
+
+// The menus that its items should lead to; *items gets where they do.
+std::vector<size_t> Verification::compareMenu(size_t menu, const OwnBytes& bytes,
+                                              std::vector<_SDICADDRESS>* items) {
+  std::vector<size_t> leads, tags, media;
+  const std::string expected = expectedText(menus_[menu].lines, table_, [&](const Span& span) {
+    if (span.kind != Span::Kind::kMenu) return numberOf(span);
+    const auto named = [&](const Menu& other) { return other.name == span.target; };
+    leads.push_back(static_cast<size_t>(std::find_if(menus_.begin(), menus_.end(), named) - menus_.begin()));
+    return kToMenu;
+  });
+  const auto numberOrMenu = [&](const _SDICADDRESS& at) {
+    if (const int64_t number = numberAt(at); number >= 0) return number;
+    items->push_back(at);
+    return kToMenu;
+  };
+  if (decodedText(bytes.view(), table_, numberOrMenu, &tags) != expected) {
+    faults_->add(kMenuFile, menu, "the menu \"" + menus_[menu].name + "\" differs");
+    return {};
+  }
+  for (const Line& line : menus_[menu].lines) appendMedia(line.spans, &media);
+  compareMedia(bytes.owner.get(), tags, media, 0);
+  return leads;
+}
+
+// From the first menu on to all that its items lead to.
+void Verification::walkMenus(bool pictures) {
+  const auto first =
+      std::find_if(menus_.begin(), menus_.end(), [&](const Menu& menu) { return menu.pictures == pictures; });
+  if (first == menus_.end()) return;
+  std::map<size_t, _SDICADDRESS> places;
+  std::vector<size_t> waiting = {static_cast<size_t>(first - menus_.begin())};
+  for (size_t next = 0; next < waiting.size(); ++next) {
+    const size_t menu = waiting[next];
+    OwnBytes bytes;
+    std::vector<_SDICADDRESS> items;
+    if (!readMenu(pictures, next == 0 ? nullptr : &places[menu], &bytes)) {
+      faults_->add(kMenuFile, menu, "the menu \"" + menus_[menu].name + "\" can't be read");
+      continue;
+    }
+    ++menusWalked_;
+    const std::vector<size_t> leads = compareMenu(menu, bytes, &items);
+    for (size_t i = 0; i < leads.size() && i < items.size(); ++i) {
+      if (leads[i] == waiting[0]) continue;
+      const auto [known, isNew] = places.emplace(leads[i], items[i]);
+      if (isNew) waiting.push_back(leads[i]);
+      if (!same(known->second, items[i]))
+        faults_->add(kMenuFile, menu, "an item of the menu \"" + menus_[menu].name + "\" leads elsewhere");
+    }
+  }
+}
+
+void Verification::compareIcons() {
+  const std::string path = folder_ + "/" + kCatalogFile;
+  char *large = nullptr, *small = nullptr;
+  OwnBytes icons[2];
+  const uint32_t status = SDicGetDicIconInformation(path.c_str(), &large, &small);
+  icons[0].take(large);
+  icons[1].take(small);
+  const std::string expected[] = {source_.largeIcon(), source_.smallIcon()};
+  for (size_t i = 0; i < 2; ++i) {
+    if (expected[i].empty()) continue;
+    if (status != kDone ||
+        std::string_view(icons[i].owner.get() + kIconHeader, expected[i].size()) != expected[i])
+      faults_->add(kCatalogFile, i, i == 0 ? "the icon differs" : "the small icon differs");
+  }
 }
 
 bool Verification::compareTexts() {
@@ -275,25 +421,63 @@ bool Verification::askTextWords(const TextSearch& search, uint64_t* asked) {
   return true;
 }
 
+bool Verification::choicesAre(const std::vector<Choice>& choices, const _SDICMULTIREFLIST* list) const {
+  for (const Choice& choice : choices) {
+    if (list == nullptr || codesOf(choice.name, table_) != std::string_view(list->name)) return false;
+    if (!choicesAre(choice.below, list->child)) return false;
+    list = list->next;
+  }
+  return list == nullptr;
+}
+
+// Names, labels and choices.
+void Verification::compareForms() {
+  for (size_t i = 0; i < forms_.size(); ++i) {
+    const auto form = static_cast<uint16_t>(i);
+    char* name = nullptr;
+    uint8_t count = 0;
+    bool good = SDicGetMultiSearchName(book_.get(), form, &name) == kDone && eucOf(forms_[i].name) == name &&
+                SDicGetMultiSearchEntryCount(book_.get(), form, &count) == kDone &&
+                count == forms_[i].fields.size();
+    std::free(name);
+    for (size_t k = 0; good && k < count; ++k) {
+      const SearchField& field = forms_[i].fields[k];
+      _SDICMULTIREFLIST* list = nullptr;
+      char* label = nullptr;
+      bool hasList = false;
+      const auto entry = static_cast<uint8_t>(k);
+      good = SDicGetMultiSearchEntryInfo(book_.get(), form, entry, &label, &hasList) == kDone;
+      std::free(label);
+      if (good && hasList) good = SDicGetMultiSearchReferenceList(book_.get(), form, entry, &list) == kDone;
+      good = good && choicesAre(field.choices, list);
+    }
+    if (!good) faults_->add(multiFile(i), i, "the form \"" + forms_[i].name + "\" differs");
+  }
+}
+
 // Each field by itself: what an entry has in it must lead there.
 bool Verification::askFields() {
-  if (source_.multiSearch().fields.empty()) return true;
+  if (forms_.empty()) return true;
+  compareForms();
   progress_.stage("asking by fields", places_.size());
   for (size_t i = 0; i < places_.size(); ++i) {
     if (progress_.cancelled()) return false;
-    const std::vector<std::vector<std::string>> values = source_.fieldValues(i);
-    for (size_t field = 0; field < values.size(); ++field)
-      for (const std::string& value : values[field]) askField(i, field, value);
+    for (size_t form = 0; form < forms_.size(); ++form) {
+      const std::vector<std::vector<std::string>> values = source_.fieldValues(i, form);
+      for (size_t field = 0; field < values.size(); ++field)
+        for (const std::string& value : values[field]) askField(i, form, field, value);
+    }
     progress_.advance(i + 1);
   }
   return true;
 }
 
-void Verification::askField(size_t number, size_t field, const std::string& value) {
+void Verification::askField(size_t number, size_t form, size_t field, const std::string& value) {
   const std::string key = asQuery(codesOf(value, table_), isPassedOver);
   if (key.empty()) return;
-  std::string query = "\x22\x26\x23\x30\x22\x27\x23";
-  query += static_cast<char>('0' + field);
+  std::string query;
+  for (const size_t word : {size_t{kTokenMulti}, kTokenZero + form, size_t{kTokenField}, kTokenZero + field})
+    appendBE16(query, static_cast<uint16_t>(word));
   ++fieldsAsked_;
   if (!leadsTo(query + key, places_[number])) fault(number, "\"" + value + "\" in its field leads elsewhere");
 }
@@ -304,10 +488,17 @@ bool Verification::run(mkdict::Summary* summary) {
       !askTextWords({"\x22\x24", &BookSource::crossWords, "words of texts"}, &crossWordsAsked_) ||
       !askFields())
     return false;
+  walkMenus(false);
+  walkMenus(true);
+  compareIcons();
   summary->figure("entries", places_.size());
   summary->figure("words asked for", asked_);
   summary->figure("keywords asked for", keywordsAsked_);
   summary->figure("words of texts asked for", crossWordsAsked_);
+  if (menusWalked_ > 0) summary->figure("menus walked", menusWalked_);
+  if (!media_.empty())
+    summary->figure("pictures and sounds compared",
+                    static_cast<uint64_t>(std::count(sameMedia_.begin(), sameMedia_.end(), true)));
   if (fieldsAsked_ > 0) summary->figure("values of fields asked for", fieldsAsked_);
   return true;
 }

@@ -12,9 +12,10 @@
 namespace zavel::mkbook {
 
 // Walks from entry to entry of the book in `folder` and compares each with the source's: headword, text,
-// indents, emphasis, and where references lead; then asks for each word of each entry as it is typed, which
-// must lead to the entry. What differs goes into *faults, with the entry's number for an offset. Throws
-// Failure for a book that can't be opened. False when `progress` was cancelled.
+// indents, emphasis and other styles, where references lead, pictures and sounds byte for byte; then asks for
+// each word of each entry as it is typed, which must lead to the entry, walks the menus, and asks by each
+// field of each form. What differs goes into *faults, with the entry's number for an offset. Throws Failure
+// for a book that can't be opened. False when `progress` was cancelled.
 bool verifyBook(const BookSource& source, const std::string& folder, mkdict::Progress& progress,
                 mkdict::Summary* summary, mkdict::Faults* faults);
 
