@@ -53,6 +53,15 @@ expect 'a book of another source' 5 'entry 0: *' 'mkbook: * in *' \
   "$mkbook" --verify edict "$work/edict" "$work/book"
 expect 'the same for programs' 5 '{"schema":1,"status":"damaged",*"fault_count":*}' '*' \
   "$mkbook" --json --verify edict "$work/edict" "$work/book"
+printf '@book T\n@entry dog\n{*a*} {>cat}\n' >"$work/book.txt"
+expect 'a hand-made book' 0 '*written as plain text: cat (line 3)*' '' "$mkbook" "${font[@]}" text "$work/book.txt" "$work/own"
+expect 'a hand-made book like its source' 0 '*holds what its source says.' '' \
+  "$mkbook" --verify text "$work/book.txt" "$work/own"
+printf '@book T\n@entry dog\n  {*a\n}\n' >"$work/wrong.txt"
+expect 'errors in a hand-made book' 5 '' "mkbook: 2 errors in $work/wrong.txt
+$work/wrong.txt:3:3: a { without its }. For the sign itself write \\\\{
+$work/wrong.txt:4:1: a } without its {. For the sign itself write \\\\}
+The form is described in mkbook-text(5)." "$mkbook" "${font[@]}" text "$work/wrong.txt" "$work/other"
 expect 'a missing source' 3 '' "mkbook: $work/none.index is missing
 Name the index of a dictionary in dictd form, such as /usr/share/dictd/wn.index." \
   "$mkbook" "${font[@]}" dictd "$work/none.index" "$work/other"

@@ -11,6 +11,7 @@
 #include "mkbook/EdictSource.h"
 #include "mkbook/Failure.h"
 #include "mkbook/KanjidicSource.h"
+#include "mkbook/TextSource.h"
 #include "mkbook/VerifyBook.h"
 #include "mkdict/JsonString.h"
 
@@ -24,6 +25,7 @@ std::unique_ptr<BookSource> openSource(const Options& options, mkdict::Progress&
                                        mkdict::Summary* summary) {
   progress.stage("reading " + options.source);
   if (options.form == "edict") return std::make_unique<EdictSource>(options.source, summary);
+  if (options.form == "text") return std::make_unique<TextSource>(options.source, summary);
   if (options.form == "kanjidic") return std::make_unique<KanjidicSource>(options.source, summary);
   return std::make_unique<DictdSource>(options.source, summary);
 }
@@ -36,7 +38,8 @@ Outcome compile(const Options& options, mkdict::Progress& progress, mkdict::Summ
   BookFolder folder(options.target);
   const std::unique_ptr<BookSource> source = openSource(options, progress, summary);
   const Unifont font = Unifont::open(options.unifont);
-  const BookIdentity identity{options.title.empty() ? source->title() : options.title, options.number};
+  const BookIdentity identity{options.title.empty() ? source->title() : options.title,
+                              options.number != 0 ? options.number : source->identity()};
   if (!compileBook(*source, identity, font, folder, progress, summary) || progress.cancelled())
     return interrupted();
   folder.putInPlace();

@@ -15,6 +15,7 @@ constexpr const char* kAbout =
     "  mkbook dictd /usr/share/dictd/wn.index ~/books/wordnet    any dictionary in dictd form\n"
     "  mkbook edict /usr/share/edict/edict ~/books/edict         Japanese words with readings\n"
     "  mkbook kanjidic /usr/share/edict/kanjidic ~/books/kanji   kanji by reading and meaning\n"
+    "  mkbook text garden.txt ~/books/garden                     a book of your own, see mkbook-text(5)\n"
     "  mkbook dictd my.index out --title \"My words\" --json       own title, account as JSON\n"
     "  mkbook dictd my.index out --verify                        compare a book with its source\n";
 
@@ -27,9 +28,9 @@ constexpr const char* kExits =
 
 void addCommon(CLI::App& app, Options* options) {
   app.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
-  app.add_option("FORM", options->form, "Form of the source: dictd, edict or kanjidic")
+  app.add_option("FORM", options->form, "Form of the source: dictd, edict, kanjidic or text")
       ->required()
-      ->check(CLI::IsMember({"dictd", "edict", "kanjidic"}));
+      ->check(CLI::IsMember({"dictd", "edict", "kanjidic", "text"}));
   app.add_option("SOURCE", options->source, "The source's file; of dictd its index")
       ->required()
       ->type_name("FILE");

@@ -9,7 +9,7 @@
 namespace zavel::mkbook {
 
 struct Options {
-  std::string form;     // of the source: "dictd", "edict", "kanjidic"
+  std::string form;     // of the source: "dictd", "edict", "kanjidic", "text"
   std::string source;   // its file
   std::string target;   // folder of the book
   std::string title;    // empty: the source's own
