@@ -7,9 +7,9 @@ mkdir -p "$logs"
 
 # The tests' libraries are among them: configuring asks for them, whatever is built.
 packages_build="g++ cmake ninja-build pkg-config libplist-dev libglib2.0-dev libsdl2-dev libcli11-dev zlib1g-dev libpng-dev libjpeg-dev scdoc libgtest-dev nlohmann-json3-dev"
-packages_data="dict-freedict-eng-jpn edict enamdict wordnet-base"
-packages_test="file dbus kanjidic unifont"
-packages_bench="libsqlite3-dev sdcv dict-wn"
+packages_data="dict-freedict-eng-jpn edict enamdict wordnet-base dict-wn kanjidic unifont"
+packages_test="file dbus"
+packages_bench="libsqlite3-dev sdcv"
 packages_fuzz="clang libclang-rt-14-dev libgtest-dev"
 
 # step WHAT COMMAND...: says what it does; the command's output goes to a log that is shown on failure.

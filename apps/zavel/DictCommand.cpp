@@ -1,73 +1,36 @@
 // Tests: tests/zavel/CommandTest.cpp, zavel-test.sh
 #include "DictCommand.h"
 
-#include <signal.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
 
+#include "ChildProgram.h"
+#include "CompilerRun.h"
 #include "Failure.h"
 #include "Host.h"
 #include "JsonWriter.h"
 #include "LockFile.h"
-#include "MkdictProgram.h"
 #include "PlacesInUse.h"
 #include "TranslationData.h"
 
 namespace zavel::host {
 namespace {
 
-Failure noMkdict() {
-  return {kExitEnvironment, "no_mkdict", "the dictionary compiler mkdict is missing",
-          "Install it beside zavel, or set ZAVEL_MKDICT to its path."};
-}
-
-Failure noFolder(const std::string& folder) {
-  return {kExitEnvironment, "no_folder", "the folder " + folder + " can't be made" + reasonAgainst(folder),
-          "Check that there is room on the disk, and that the folder above it is yours."};
-}
-
-Failure notLocked(const LockFile& lock, const std::string& parent) {
-  if (lock.holder().empty()) {
-    const std::string path = parent + "/.lock";
-    return {kExitEnvironment, "locked", "the lock file " + path + " can't be made" + reasonAgainst(path),
-            "Check that there is room on the disk, and that the folder is yours."};
-  }
-  return {kExitEnvironment, "locked", "another build is running: " + lock.holder(),
-          "Wait for it to end, then try again."};
-}
-
-// One line: who interrupted it knows why.
-int interruptedBy(int signal, bool json) {
-  const Failure failure{static_cast<ExitStatus>(128 + signal), "interrupted",
-                        "interrupted; run it again to finish", "Run it again."};
-  if (json) std::printf("%s\n", failureJson(failure).c_str());
-  warn(failure.message);
-  return failure.status;
-}
+constexpr Compiler kMkdict = {"mkdict", "the dictionary compiler", "ZAVEL_MKDICT"};
 
 std::string parentOf(const std::string& folder) {
   return folder.substr(0, folder.rfind('/'));
 }
 
 // Runs mkdict and waits for it; what it says it says itself, unless it is `taken`. `keptOpen` as in
-// runMkdict().
+// runProgram().
 int passOn(const std::string& program, const std::vector<std::string>& arguments, bool json, int keptOpen,
            Taken taken = {}) {
-  const MkdictEnd end = runMkdict(program, arguments, keptOpen, taken);
-  if (!end.started) return report(noMkdict(), json);
-  // The compiler ends alike whatever signal asked it to.
-  const bool ended = end.status == 128 + SIGINT && EndSignals::came() != 0;
-  if (end.signal == 0) return ended ? 128 + EndSignals::came() : end.status;
-  if (end.signal == SIGINT || end.signal == SIGTERM || end.signal == SIGHUP)
-    return interruptedBy(end.signal, json);
-  return report({kExitEnvironment, "mkdict_killed",
-                 "the dictionary compiler was ended by signal " + std::to_string(end.signal),
-                 "Check that there is enough memory, then try again."},
-                json);
+  const ProgramEnd end = runProgram(program, arguments, keptOpen, taken);
+  return statusOf(end, kMkdict, json);
 }
 
 // Takes the lines about a failure off what mkdict has told and gives them.
@@ -184,8 +147,8 @@ int runDictBuild(const DictBuildOptions& options) {
   const bool basic = !options.ifMissing || !dictionaryIn(places.dictionary).complete();
   const std::string folder = translationFolder(places.data);
   if (!basic && translationDataComplete(folder)) return kExitFound;
-  const std::string program = basic ? findMkdict() : std::string();
-  if (basic && program.empty()) return report(noMkdict(), options.json);
+  const std::string program = basic ? findCompiler(kMkdict) : std::string();
+  if (basic && program.empty()) return report(noCompiler(kMkdict), options.json);
   const std::string parent = parentOf(places.dictionary);
   if (!makeFolders(parent)) return report(noFolder(parent), options.json);
   const LockFile lock(parent + "/.lock");
@@ -211,8 +174,8 @@ int runDictVerify(bool json) {
   if (places.data.empty()) return report(noHome(), json);
   const DictionaryState state = dictionaryIn(places.dictionary);
   if (state.none()) return report(dictionaryFailure(places.dictionary, state), json);
-  const std::string program = findMkdict();
-  if (program.empty()) return report(noMkdict(), json);
+  const std::string program = findCompiler(kMkdict);
+  if (program.empty()) return report(noCompiler(kMkdict), json);
   const EndSignals signals;
   std::vector<std::string> arguments{"--verify", places.dictionary, "--progress", "none"};
   if (json) arguments.push_back("--json");

@@ -12,6 +12,7 @@
 #include "JsonWriter.h"
 #include "PlacesInUse.h"
 #include "Version.h"
+#include "book/BookPlaces.h"
 
 namespace zavel::host {
 namespace {
@@ -41,14 +42,19 @@ constexpr DataSource kSources[] = {
      "technical terms of the translation dictionary",
      "Creative Commons Attribution-ShareAlike 3.0, EDRDG licence statement",
      "https://www.edrdg.org/edrdg/licence.html"},
+    {"WordNet 3.0 (Princeton University)", "dict-wn", "the book wordnet", "WordNet 3.0 license",
+     "https://wordnet.princeton.edu/"},
+    {"KANJIDIC (Electronic Dictionary Research and Development Group)", "kanjidic", "the book kanjidic",
+     "Creative Commons Attribution-ShareAlike 3.0, EDRDG licence statement",
+     "https://www.edrdg.org/edrdg/licence.html"},
 };
 
 using Rows = std::vector<std::pair<const char*, std::string>>;
 
 Rows placeRows(const Places& places) {
-  return {{"data", places.data},          {"dictionary", places.dictionary}, {"config", places.config},
-          {"state", places.state},        {"cache", places.cache},           {"root", places.root},
-          {"path_table", pathTableFile()}};
+  return {{"data", places.data},     {"dictionary", places.dictionary}, {"books", booksFolder()},
+          {"config", places.config}, {"state", places.state},           {"cache", places.cache},
+          {"root", places.root},     {"path_table", pathTableFile()}};
 }
 
 }  // namespace

@@ -76,7 +76,8 @@ std::string helpersFolder() {
 }
 
 Failure relativePlace() {
-  for (const char* name : {"ZAVEL_ROOT", "ZAVEL_LIBEXEC", "ZAVEL_MKDICT", "ZAVEL_EDICT"}) {
+  for (const char* name :
+       {"ZAVEL_ROOT", "ZAVEL_LIBEXEC", "ZAVEL_MKDICT", "ZAVEL_MKBOOK", "ZAVEL_EDICT", "ZAVEL_DICTD"}) {
     const char* value = std::getenv(name);
     if (!value || !*value || *value == '/') continue;
     return {kExitEnvironment, "relative_path",

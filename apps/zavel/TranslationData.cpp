@@ -13,7 +13,7 @@
 #include <system_error>
 
 #include "JsonWriter.h"
-#include "MkdictProgram.h"
+#include "ChildProgram.h"
 #include "Places.h"
 #include "Terminal.h"
 #include "Utf8.h"
@@ -103,7 +103,7 @@ std::string lastLine(std::string told) {
   return told.starts_with(name) ? told.substr(name.size()) : told;
 }
 
-int interruptionOf(const MkdictEnd& end) {
+int interruptionOf(const ProgramEnd& end) {
   if (end.signal == SIGINT || end.signal == SIGTERM || end.signal == SIGHUP) return end.signal;
   const int came = EndSignals::came();
   return end.status != kExitFound || end.signal != 0 ? came : 0;
@@ -115,7 +115,7 @@ bool tellsObstacle(const std::string& reason) {
          reason.ends_with(std::strerror(EEXIST));
 }
 
-Failure failureOf(const Source& source, const MkdictEnd& end, const std::string& told) {
+Failure failureOf(const Source& source, const ProgramEnd& end, const std::string& told) {
   const std::string without = "the translation dictionary gets no " + std::string(source.what) + ": ";
   if (!end.started) {
     return {kExitEnvironment, "no_converter", without + "the program " + converter() + " can't be started",
@@ -182,7 +182,7 @@ TranslationState stateOf(const Source& source, const std::string& folder) {
     return state;
   }
   std::string told;
-  const MkdictEnd end = runMkdict(converter(), {"--verify", state.base}, -1, {&told, true});
+  const ProgramEnd end = runProgram(converter(), {"--verify", state.base}, -1, {&told, true});
   const size_t colon = told.rfind(": ");
   long long words = 0;
   if (end.started && end.signal == 0 && end.status == kExitFound && colon != std::string::npos &&
@@ -238,7 +238,7 @@ TranslationBuild buildTranslationData(const std::string& folder, bool ifMissing,
     const std::string from = sourceFolder() + "/" + source.name, to = folder + "/" + source.name;
     const Stage stage(source, progress);
     std::string told;
-    const MkdictEnd end = runMkdict(converter(), {"--convert", from, to}, keptOpen, {&told, true});
+    const ProgramEnd end = runProgram(converter(), {"--convert", from, to}, keptOpen, {&told, true});
     build.signal = interruptionOf(end);
     if (build.signal == 0 && (!end.started || end.signal != 0 || end.status != kExitFound)) {
       build.failure = failureOf(source, end, told);

@@ -46,7 +46,7 @@ Failure wrongSources();
 bool translationDataComplete(const std::string& folder);
 
 // Makes them, one after the other; a failure ends it. `ifMissing`: not those that are there and sound.
-// `progress` as mkdict takes it. `keptOpen` as in runMkdict(). Without the program that converts them nothing
+// `progress` as mkdict takes it. `keptOpen` as in runProgram(). Without the program that converts them nothing
 // is made, and one line on standard error tells it. To be called while the folder's lock is held, with an
 // EndSignals alive: what interrupted runs left there is removed.
 TranslationBuild buildTranslationData(const std::string& folder, bool ifMissing, const std::string& progress,

@@ -226,9 +226,10 @@ TEST_F(JsonKeysTest, OfAFailure) {
 TEST_F(JsonKeysTest, EveryFailureCodeIsDocumented) {
   std::ifstream in(ZAVEL_DOCS "/json.md");
   const std::string documented{std::istreambuf_iterator<char>(in), {}};
-  for (const char* code : {"usage", "no_home", "no_dictionary", "unreadable_dictionary", "damaged_dictionary",
-                           "long_path", "damaged_path_table", "no_mkdict", "mkdict_killed", "no_folder",
-                           "locked", "too_long", "not_text", "input"}) {
+  for (const char* code :
+       {"usage", "no_home", "no_dictionary", "unreadable_dictionary", "damaged_dictionary", "long_path",
+        "damaged_path_table", "no_mkdict", "mkdict_killed", "no_mkbook", "mkbook_killed", "no_source",
+        "no_folder", "locked", "too_long", "not_text", "input"}) {
     EXPECT_NE(documented.find(std::string("| `") + code + "` |"), std::string::npos) << code;
   }
 }
@@ -304,11 +305,12 @@ TEST_F(JsonKeysTest, OfAVerification) {
 
 TEST_F(JsonKeysTest, OfThePaths) {
   const Json json = document({"paths", "--json"});
-  EXPECT_EQ(keysOf(json),
-            (Keys{"schema", "data", "dictionary", "config", "state", "cache", "root", "path_table"}));
+  EXPECT_EQ(keysOf(json), (Keys{"schema", "data", "dictionary", "books", "config", "state", "cache", "root",
+                                "path_table"}));
   EXPECT_EQ(json["schema"], 1);
   EXPECT_EQ(json["data"], root());
   EXPECT_EQ(json["dictionary"], root() + "/dictionaries/basic");
+  EXPECT_EQ(json["books"], root() + "/books");
   EXPECT_EQ(json["config"], root() + "/config");
   EXPECT_EQ(json["state"], root() + "/state");
   EXPECT_EQ(json["cache"], root() + "/cache");
@@ -323,7 +325,7 @@ TEST_F(JsonKeysTest, OfTheProgramItself) {
   EXPECT_EQ(json["name"], "ZavelLex");
   EXPECT_EQ("zavel " + std::string(json["version"]) + "\n", command({"--version"}).run().out);
   EXPECT_EQ(json["license"], "Apache-2.0");
-  ASSERT_EQ(json["sources"].size(), 5u);
+  ASSERT_EQ(json["sources"].size(), 7u);
   for (const Json& source : json["sources"]) {
     EXPECT_EQ(keysOf(source), (Keys{"name", "package", "use", "license", "home"}));
     for (const auto& [key, value] : source.items()) EXPECT_TRUE(value.is_string() && value != "") << key;
@@ -333,6 +335,8 @@ TEST_F(JsonKeysTest, OfTheProgramItself) {
   EXPECT_EQ(json["sources"][2]["package"], "wordnet-base");
   EXPECT_EQ(json["sources"][3]["package"], "enamdict");
   EXPECT_EQ(json["sources"][4]["use"], "technical terms of the translation dictionary");
+  EXPECT_EQ(json["sources"][5]["package"], "dict-wn");
+  EXPECT_EQ(json["sources"][6]["use"], "the book kanjidic");
 }
 
 TEST_F(JsonKeysTest, OfThePreferences) {

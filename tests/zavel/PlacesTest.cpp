@@ -66,7 +66,8 @@ TEST_F(PlacesTest, WithoutAHomeThereAreNone) {
 }
 
 TEST_F(PlacesTest, ARelativePathInAVariableOfOurOwnIsAnError) {
-  for (const char* name : {"ZAVEL_ROOT", "ZAVEL_LIBEXEC", "ZAVEL_MKDICT", "ZAVEL_EDICT"}) {
+  for (const char* name :
+       {"ZAVEL_ROOT", "ZAVEL_LIBEXEC", "ZAVEL_MKDICT", "ZAVEL_MKBOOK", "ZAVEL_EDICT", "ZAVEL_DICTD"}) {
     setenv(name, "place\x07", 1);
     const Failure failure = relativePlace();
     EXPECT_EQ(failure.status, 3);

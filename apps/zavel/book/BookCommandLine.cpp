@@ -138,6 +138,27 @@ void addMedia(CLI::App* book, BookOptions& o, const AddCommon& addCommon) {
   addCommon(icon);
 }
 
+void addBuild(CLI::App* book, BookBuildOptions& o, const AddCommon& addCommon) {
+  CLI::App* build =
+      book->add_subcommand("build", "Make books from dictionaries that the distribution packages");
+  build->add_option("names", o.names, "Which; none: WordNet and KANJIDIC, as far as they are installed")
+      ->type_name("NAME");
+  build->add_flag("--all", o.all, "Of every dictionary that is installed");
+  build->add_flag("--list", o.list, "List what books can be made from");
+  build->add_option("--form", o.form, "Form of a source of one's own: dictd, edict, kanjidic or text")
+      ->type_name("FORM")
+      ->check(CLI::IsMember({"dictd", "edict", "kanjidic", "text"}).description(""));
+  build->add_option("--source", o.source, "Its file; of dictd the index")->type_name("FILE");
+  build->add_option("--title", o.title, "Title in place of the source's own")->type_name("TEXT");
+  build->add_flag("--if-missing", o.ifMissing, "Make only what is missing or can't be opened");
+  build->add_flag("--verify", o.verify, "Compare the book with its source instead of making it");
+  build->add_flag("-q,--quiet", o.quiet, "No summary");
+  build->add_option("--progress", o.progress, "How to show progress: auto, bar, plain, json or none")
+      ->type_name("HOW")
+      ->check(CLI::IsMember({"auto", "bar", "plain", "json", "none"}).description(""));
+  addCommon(build);
+}
+
 }  // namespace
 
 void addBook(CLI::App& app, BookOptions& options, const AddCommon& addCommon) {
@@ -147,25 +168,32 @@ void addBook(CLI::App& app, BookOptions& options, const AddCommon& addCommon) {
   addEntries(book, options, addCommon);
   addForms(book, options, addCommon);
   addMedia(book, options, addCommon);
+  addBuild(book, options.build, addCommon);
   addDescriptions(book, options, addCommon);
 }
 
 int runBook(const std::string& command, const BookOptions& options) {
   static const std::map<std::string, int (*)(const BookOptions&)> kCommands = {
-      {"book list", runBookList},       {"book info", runBookInfo},   {"book search", runBookSearch},
-      {"book show", runBookShow},       {"book next", runBookNext},   {"book prev", runBookPrev},
-      {"book menu", runBookMenu},       {"book multi", runBookMulti}, {"book gaiji", runBookGaiji},
-      {"book picture", runBookPicture}, {"book sound", runBookSound}, {"book icon", runBookIcon}};
+      {"book build", runBookBuild},   {"book list", runBookList},       {"book info", runBookInfo},
+      {"book search", runBookSearch}, {"book show", runBookShow},       {"book next", runBookNext},
+      {"book prev", runBookPrev},     {"book menu", runBookMenu},       {"book multi", runBookMulti},
+      {"book gaiji", runBookGaiji},   {"book picture", runBookPicture}, {"book sound", runBookSound},
+      {"book icon", runBookIcon}};
   return kCommands.at(command)(options);
 }
 
 const std::map<std::string, const char*>& bookExamples() {
   static const std::map<std::string, const char*> kExamples = {
       {"book",
-       "  zavel book list\n"
+       "  zavel book build\n"
        "  zavel book search dog\n"
        "  zavel book show wordnet dog\n"
        "  zavel book multi kanjidic 1 strokes=4\n"},
+      {"book build",
+       "  zavel book build\n"
+       "  zavel book build gcide --if-missing\n"
+       "  zavel book build mine --form dictd --source ~/words.index\n"
+       "  zavel book build --list\n"},
       {"book list", "  zavel book list\n  zavel book list --plain | cut -f1\n"},
       {"book info", "  zavel book info wordnet\n  zavel book info ~/books/kanjidic --json\n"},
       {"book search",

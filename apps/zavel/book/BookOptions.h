@@ -6,10 +6,12 @@
 #include <vector>
 
 #include "Terminal.h"
+#include "book/BookBuild.h"
 
 namespace zavel::host {
 
 struct BookOptions {
+  BookBuildOptions build;
   std::string book;                 // a name or a path
   std::vector<std::string> books;   // of a search; none: all
   std::vector<std::string> words;   // "-" stands for standard input, and so do none at all
@@ -36,6 +38,7 @@ struct BookOptions {
   }
 };
 
+int runBookBuild(const BookOptions& options);
 int runBookList(const BookOptions& options);
 int runBookInfo(const BookOptions& options);
 int runBookSearch(const BookOptions& options);

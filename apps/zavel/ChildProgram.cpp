@@ -1,5 +1,5 @@
 // Tests: tests/zavel/CommandTest.cpp
-#include "MkdictProgram.h"
+#include "ChildProgram.h"
 
 #include <fcntl.h>
 #include <signal.h>
@@ -107,23 +107,22 @@ int EndSignals::came() {
   return g_signal;
 }
 
-std::string findMkdict() {
-  const char* given = std::getenv("ZAVEL_MKDICT");
+std::string findProgram(const char* variable, const std::string& name) {
+  const char* given = std::getenv(variable);
   if (given && *given == '/') return given;
   const std::string folder = folderOfThisProgram();
-  for (const char* place : {"/mkdict", "/../../tools/mkdict/mkdict"}) {
-    const std::string path = folder + place;
+  for (const std::string& path : {folder + "/" + name, folder + "/../../tools/" + name + "/" + name}) {
     if (access(path.c_str(), X_OK) == 0) return path;
   }
   return {};
 }
 
-MkdictEnd runMkdict(const std::string& program, const std::vector<std::string>& arguments, int keptOpen,
-                    Taken taken) {
+ProgramEnd runProgram(const std::string& program, const std::vector<std::string>& arguments, int keptOpen,
+                      Taken taken) {
   std::vector<char*> argv{const_cast<char*>(program.c_str())};
   for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
   argv.push_back(nullptr);
-  MkdictEnd end;
+  ProgramEnd end;
   int pipe[2] = {-1, -1};
   if (taken.output && pipe2(pipe, O_CLOEXEC) != 0) {
     end.started = false;

@@ -1,7 +1,7 @@
-// The dictionary compiler as a child process: it shares this process's terminal, so that its progress
-// shows as if it were our own.
-#ifndef ZAVEL_MKDICTPROGRAM_H
-#define ZAVEL_MKDICTPROGRAM_H
+// A compiler of dictionaries or books as a child process: it shares this process's terminal, so that its
+// progress shows as if it were our own.
+#ifndef ZAVEL_CHILDPROGRAM_H
+#define ZAVEL_CHILDPROGRAM_H
 
 #include <signal.h>
 
@@ -11,11 +11,12 @@
 
 namespace zavel::host {
 
-// Where mkdict stands: ZAVEL_MKDICT, beside this program, or in the build tree. Empty when nowhere.
-std::string findMkdict();
+// Where a compiler stands: the absolute path in this variable, beside this program, or in the build tree.
+// Empty when nowhere.
+std::string findProgram(const char* variable, const std::string& name);
 
 // How it ended.
-struct MkdictEnd {
+struct ProgramEnd {
   bool started = true;
   int status = 0;  // exit status
   int signal = 0;  // the signal that ended it; 0 for none
@@ -44,10 +45,9 @@ struct Taken {
 };
 
 // Runs it and waits, with an EndSignals alive. When this process is killed, it gets SIGTERM. `keptOpen`, a
-// descriptor or -1, stays open in it: a lock on that file is held until both have ended. Serves for every
-// program of that kind.
-MkdictEnd runMkdict(const std::string& program, const std::vector<std::string>& arguments, int keptOpen,
-                    Taken taken = {});
+// descriptor or -1, stays open in it: a lock on that file is held until both have ended.
+ProgramEnd runProgram(const std::string& program, const std::vector<std::string>& arguments, int keptOpen,
+                      Taken taken = {});
 
 }  // namespace zavel::host
 
