@@ -2,7 +2,6 @@
 // from its end on.
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -133,15 +132,6 @@ TEST_F(SoundOutputTest, TriesAgainAfterAFailure) {
   EXPECT_EQ(play(waveFile({}, "ab")), 0u);
   EXPECT_EQ(heard().substr(0, 2), "ab");
   EXPECT_EQ(g_logged, "QuickTime error\n");
-}
-
-TEST_F(SoundOutputTest, LeavesSignalsAlone) {
-  struct sigaction before {
-  }, after{};
-  ::sigaction(SIGINT, nullptr, &before);
-  EXPECT_EQ(play(waveFile({}, "ab")), 0u);
-  ::sigaction(SIGINT, nullptr, &after);
-  EXPECT_EQ(before.sa_handler, after.sa_handler);
 }
 
 TEST_F(SoundOutputTest, PlaysWithStandardErrorClosed) {

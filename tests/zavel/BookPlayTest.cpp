@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
+#include <csignal>
 
 #include "support/BookWriter.h"
 #include "support/TempFolder.h"
@@ -17,10 +19,10 @@ class BookPlayTest : public testing::Test {
   // One entry with a sound in it, PCM of `format` or chunks.
   std::string book(uint16_t format, const std::string& sound) {
     Text text;
+    const auto size = static_cast<uint32_t>(sound.size());
     text.begin().indent(1).word(0x1F41).word(0x0100).chars("wren").word(0x1F61).feed();
     tag_ = text.size();
-    text.word(0x1F4A).word(0x0101).word(format).address(10, 0).address(10,
-                                                                       static_cast<uint32_t>(sound.size()));
+    text.word(0x1F4A).word(0x0101).word(format).address(10, 0).address(10 + size / 2048, size % 2048);
     text.word(0x2121).chars("歌").word(0x1F6A).feed().end();
     BookWriter writer;
     writer.region(0, 1, padded(text.bytes())).region(0xD8, 10, padded(sound));
@@ -85,6 +87,21 @@ TEST_F(BookPlayTest, TellsThatNothingCanPlay) {
   EXPECT_EQ(outcome.err,
             "zavel: no sound can be played here: there is no card or server for it\n"
             "Save it for another program: --output FILE\n");
+}
+
+// Twenty seconds at the speed of a card: an interrupt ends the program at once.
+TEST_F(BookPlayTest, IsInterrupted) {
+  const std::string catalog = book(0x0112, std::string(220500, 'x'));
+  const auto start = std::chrono::steady_clock::now();
+  const Outcome outcome = Command({"book", "sound", catalog, "1:22", "--play"})
+                              .env("ZAVEL_ROOT", folder_.file("root"))
+                              .env("SDL_AUDIODRIVER", "disk")
+                              .env("SDL_DISKAUDIOFILE", folder_.file("heard"))
+                              .signalAt(folder_.file("heard"), SIGINT)
+                              .run();
+  EXPECT_EQ(outcome.status, 130);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(15));
 }
 
 // Chunks that are none.
