@@ -34,6 +34,7 @@ TEST(DictdLines, TurnBlanksIntoIndents) {
 TEST(DictdLines, FindReferences) {
   EXPECT_EQ(shown(dictdLines("see {dog}, {cat}")), "1:see {dog->dog}, {cat->cat}|");
   EXPECT_EQ(shown(dictdLines("{Den\n   Haag} x")), "1:{Den->Den Haag}|4:{Haag->Den Haag} x|");
+  EXPECT_EQ(shown(dictdLines("{dog-\n   iron}")), "1:{dog-->dog-iron}|4:{iron->dog-iron}|");
   EXPECT_EQ(shown(dictdLines("{few(a)} {x (y)}")), "1:{few(a)->few} {x (y)->x (y)}|");
   EXPECT_EQ(shown(dictdLines("{} {a{b} c} {open")), "1:{} {a{b->b} c} {open|");
 }

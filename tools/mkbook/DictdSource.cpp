@@ -62,6 +62,17 @@ std::string joined(std::string_view text) {
   return std::string(mkdict::trimmed(out));
 }
 
+// A word that goes over a line's end at a hyphen goes on without a blank.
+std::string unbroken(std::string_view text) {
+  std::string out;
+  for (size_t at = 0; at < text.size();) {
+    const size_t end = text.find("-\n", at);
+    out += text.substr(at, end == text.npos ? end : end + 1 - at);
+    at = end == text.npos ? text.size() : std::min(text.find_first_not_of(" \t\r\n", end + 1), text.size());
+  }
+  return joined(out);
+}
+
 // Where a reference that opens at `open` closes; npos where it is none.
 size_t closing(std::string_view text, size_t open) {
   const size_t close = text.find_first_of("{}", open + 1);
@@ -130,7 +141,7 @@ class LineReader {
   // One that goes over a line's end is one on each line, and leads to the same word.
   void reference(size_t close) {
     const std::string_view inside = text_.substr(at_ + 1, close - at_ - 1);
-    const std::string target = withoutMark(joined(inside));
+    const std::string target = withoutMark(unbroken(inside));
     for (size_t from = 0; from <= inside.size();) {
       const size_t end = std::min(inside.find('\n', from), inside.size());
       if (from > 0) beginLine(static_cast<size_t>(inside.data() - text_.data()) + from);
