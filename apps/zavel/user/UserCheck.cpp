@@ -182,12 +182,14 @@ bool UserCheck::checkEntries(const FiledRows& words, const FiledRows& written) {
   for (const Filed& word : words) {
     const bool both = kanji != written.end() && kanji->entry == word.entry;
     if (word.entry < end) return fail(name, kWrongEntries);
+    if (word.entry > end) gaps_.push_back({end, word.entry});
     if (!checkEntry(&file, word, both ? &*kanji : nullptr, &word == &words.back() ? nullptr : &word + 1,
                     &end))
       return false;
     if (both) ++kanji;
   }
   if (kanji != written.end()) return fail("kji.ix3", kOtherKanji);
+  if (file.size() > end) gaps_.push_back({end, file.size()});
   end = endOfWhole(&file, end);
   if (file.failed()) return cantRead(name);
   ends_.emplace_back(name, end);

@@ -2,8 +2,8 @@
 // block that it leads to lies inside its file and is none of another's, every entry that a block leads to is
 // whole and has the word that it is filed under, and the entries with a written form are those that the
 // indexes of kanji lead to. Reads the live blocks and entries once, in order, by means of the storage alone.
-// What it can't see: a character of a text that became another, and an older block in the place of a newer
-// one.
+// What it can't see: a character of a text that became another, an older block in the place of a newer one,
+// and that an entry nothing leads to was not deleted (UserReach.h).
 #ifndef ZAVEL_USER_USERCHECK_H
 #define ZAVEL_USER_USERCHECK_H
 
@@ -34,6 +34,13 @@ using UserPaths = std::function<std::string(const std::string& name)>;
 
 class WindowFile;
 
+// Bytes of a file, the last one excluded.
+struct FileRange {
+  uint64_t from = 0, to = 0;
+  bool operator==(const FileRange&) const = default;
+};
+using FileRanges = std::vector<FileRange>;
+
 class UserCheck {
  public:
   // kIndexes: whether all files are there and the indexes are any, which costs the same however many entries
@@ -49,6 +56,8 @@ class UserCheck {
 
   // Of a whole set. Offsets of the entries that the first index leads to, in ascending order.
   const std::vector<uint32_t>& entries() const { return entries_; }
+  // The parts of the file of entries that nothing leads to, in ascending order.
+  const FileRanges& gaps() const { return gaps_; }
   // Fingerprint of the first index.
   uint64_t indexHash() const { return indexHash_; }
   // Where the last live block of each file of blocks ends, and the last live entry or the last one that a
@@ -86,6 +95,7 @@ class UserCheck {
   uint64_t indexHash_ = 0;
   std::string keys_;  // of all rows, one behind the other
   std::vector<uint32_t> entries_;
+  FileRanges gaps_;
   std::vector<std::pair<std::string, uint64_t>> ends_;
 };
 

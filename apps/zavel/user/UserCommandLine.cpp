@@ -83,6 +83,7 @@ void addChanges(CLI::App* user, UserOptions& o, const std::function<void(CLI::Ap
   addCommon(remove);
   CLI::App* arrange = user->add_subcommand("arrange", "Make the files as small as they can be");
   addLanguage(arrange, o, kBoth);
+  arrange->add_flag("--accept", o.accept, "Take entries as they stand that are not as they were left");
   addCommon(arrange);
 }
 

@@ -126,9 +126,10 @@ struct Arranged {
   uintmax_t before, after;
 };
 
-Failure arrange(UserLanguage language, std::vector<Arranged>* done) {
+Failure arrange(UserLanguage language, bool accept, std::vector<Arranged>* done) {
   if (!userPlace().exists(language)) return {};
   const auto store = makeStore();
+  if (accept) store->acceptUnclear();
   if (Failure failure = store->open(language, UserAccess::kWrite)) return failure;
   Arranged arranged{language, store->place().size(language), 0};
   if (isTerminal(STDERR_FILENO))
@@ -186,7 +187,7 @@ int runUserArrange(const UserOptions& options) {
     return report(makeStore()->open(UserLanguage::kEnglish, UserAccess::kRead), options.json);
   std::vector<Arranged> done;
   for (const UserLanguage language : languagesOf(options)) {
-    if (Failure failure = arrange(language, &done)) {
+    if (Failure failure = arrange(language, options.accept, &done)) {
       showArranged(done, false);
       return report(failure, options.json);
     }

@@ -8,6 +8,7 @@
 #include "user/OutputFile.h"
 #include "user/UserJson.h"
 #include "user/UserPlace.h"
+#include "user/UserReach.h"
 #include "user/UserTable.h"
 #include "user/UserView.h"
 
@@ -65,16 +66,16 @@ int runUserExport(const UserOptions& options) {
   for (const UserLanguage language : languagesOf(options)) {
     const Failure failure = readAll(language, &entries);
     if (failure && failure.status != kExitDamaged) return report(failure, options.json);
-    if (damage && failure) damage.message += "; " + failure.message;
-    if (!damage) damage = failure;
+    addDamage(failure, &damage);
   }
   if (damage && entries.empty()) return report(damage, options.json);
   const std::string text = textOf(entries, options.json ? "json" : options.format);
   if (options.file == "-") {
     std::fwrite(text.data(), 1, text.size(), stdout);
-    return damage ? report(damage, false) : kExitFound;
+    return damage ? reportDamage(damage) : kExitFound;
   }
-  if (damage && holdsSomething(options.file)) return report(notReplaced(damage, options.file), options.json);
+  if (damage && !isUnclear(damage) && holdsSomething(options.file))
+    return report(notReplaced(damage, options.file), options.json);
   if (!writeOutputFile(options.file, text)) {
     return report(
         {kExitEnvironment, "not_written", "the file " + options.file + " can't be written", kWriteHint},
@@ -82,7 +83,7 @@ int runUserExport(const UserOptions& options) {
   }
   std::printf(entries.size() == 1 ? "%s entry written to %s\n" : "%s entries written to %s\n",
               grouped(entries.size()).c_str(), options.file.c_str());
-  return damage ? report(damage, false) : kExitFound;
+  return damage ? reportDamage(damage) : kExitFound;
 }
 
 }  // namespace zavel::host

@@ -7,6 +7,7 @@
 #include "Utf8.h"
 #include "engine/ChangeMidasi.h"
 #include "user/UserJson.h"
+#include "user/UserReach.h"
 #include "user/UserText.h"
 #include "user/UserView.h"
 
@@ -50,8 +51,7 @@ Failure readWords(const UserOptions& options, Words* words) {
     std::vector<std::string> all;
     const Failure failure = readHeadwords(language, &all);
     if (failure && failure.status != kExitDamaged) return failure;
-    if (damage && failure) damage.message += "; " + failure.message;
-    if (!damage) damage = failure;
+    addDamage(failure, &damage);
     for (std::string& word : all) {
       if (beginsSo(language, word, options.filter)) words->emplace_back(language, std::move(word));
     }
@@ -111,7 +111,7 @@ int runUserFind(const UserOptions& options) {
   const UserLanguage language = options.language().value_or(guessLanguage(options.word));
   std::vector<StoredEntry> found;
   const Failure failure = readFound(language, options.word, &found);
-  if (failure && found.empty()) return report(failure, options.json);
+  if (failure && found.empty() && !isUnclear(failure)) return report(failure, options.json);
   if (options.json) {
     std::fputs(foundJson(options.word, found).c_str(), stdout);
   } else if (found.empty()) {
@@ -121,14 +121,14 @@ int runUserFind(const UserOptions& options) {
   if (!options.json) {
     for (size_t i = 0; i < found.size(); ++i) std::fputs(entryText(found[i].entry, i + 1).c_str(), stdout);
   }
-  if (failure) return report(failure, false);
-  return found.empty() ? kExitNothing : kExitFound;
+  const int status = failure ? reportDamage(failure) : kExitFound;
+  return status == kExitFound && found.empty() ? kExitNothing : status;
 }
 
 int runUserList(const UserOptions& options) {
   Words words;
   const Failure failure = readWords(options, &words);
-  if (failure && words.empty()) return report(failure, options.json);
+  if (failure && words.empty() && !isUnclear(failure)) return report(failure, options.json);
   if (options.json) {
     std::fputs(wordsJson(words).c_str(), stdout);
   } else {
@@ -138,8 +138,8 @@ int runUserList(const UserOptions& options) {
                                                   : "zavel: none of your words begins so\n");
     }
   }
-  if (failure) return report(failure, false);
-  return words.empty() ? kExitNothing : kExitFound;
+  const int status = failure ? reportDamage(failure) : kExitFound;
+  return status == kExitFound && words.empty() ? kExitNothing : status;
 }
 
 }  // namespace zavel::host

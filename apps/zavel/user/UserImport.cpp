@@ -118,8 +118,7 @@ Failure UserImport::run() {
     if (interrupted()) break;
     const Failure failure = runLanguage(language);
     if (failure && failure.status != kExitDamaged) return damage ? damage : failure;
-    if (damage && failure) damage.message += "; " + failure.message;
-    if (!damage) damage = failure;
+    addDamage(failure, &damage);
   }
   counts_.refused = items_.size() - sound(items_);
   return damage;

@@ -20,7 +20,8 @@ struct UserOptions {
   std::string progress = "auto";
   std::string filter;  // beginning of the words to list
   long number = 0;     // of the entry, from 1 on; 0: not given
-  bool all = false, yes = false, force = false, replace = false, skipExisting = false, noInput = false;
+  bool all = false, yes = false, force = false, replace = false, skipExisting = false, noInput = false,
+       accept = false;
   bool json = false;
 
   std::optional<UserLanguage> language() const { return languageOf(lang); }

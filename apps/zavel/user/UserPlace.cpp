@@ -26,6 +26,10 @@ std::string UserPlace::marker(UserLanguage language) const {
   return folder_ + "/.changing-" + languageCode(language);
 }
 
+std::string UserPlace::stamp(UserLanguage language) const {
+  return file(language == UserLanguage::kEnglish ? "ej.stamp" : "je.stamp");
+}
+
 bool UserPlace::exists(UserLanguage language) const {
   if (storage().exists(marker(language))) return true;
   for (const std::string& name : userFiles(language)) {

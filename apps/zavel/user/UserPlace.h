@@ -20,6 +20,8 @@ class UserPlace {
   std::string lockFile() const { return folder_ + "/.lock"; }
   // Stands while a dictionary is being changed: a change that broke off is seen by it.
   std::string marker(UserLanguage language) const;
+  // Says what this program left, beside the files and named like them, so that it is copied with them.
+  std::string stamp(UserLanguage language) const;
 
   // Whether any file of the dictionary is there, or anything that may bring one back.
   bool exists(UserLanguage language) const;

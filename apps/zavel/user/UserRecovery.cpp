@@ -8,6 +8,8 @@
 #include "engine/DicFormat.h"
 #include "foundation/Storage.h"
 #include "user/UserIndex.h"
+#include "user/UserReach.h"
+#include "user/UserStamp.h"
 #include "user/UserStatus.h"
 
 namespace zavel::host {
@@ -171,12 +173,12 @@ Failure UserRecovery::putBack(const char* suffix, std::vector<std::string>* told
   return {};
 }
 
-bool UserRecovery::keep(const std::string& file, std::string* name) const {
+bool UserRecovery::keep(const std::string& file, std::string* name, bool copied) const {
   for (int number = 1;; ++number) {
     const std::string kept = file + ".kept-" + std::to_string(number);
     if (storage().exists(kept)) continue;
     *name = kept.substr(kept.rfind('/') + 1);
-    return storage().rename(file, kept);
+    return copied ? storage().copy(file, kept) : storage().rename(file, kept);
   }
 }
 
@@ -291,8 +293,42 @@ bool UserRecovery::anyFile() const {
   return std::any_of(names.begin(), names.end(), [this](const std::string& name) { return there(name); });
 }
 
-Failure UserRecovery::damage(UserCheck::Depth depth) const {
-  return anyFile() ? failureOf(UserCheck(language_, pathsWith({}), depth)) : Failure{};
+Failure UserRecovery::notClear(const UserCheck& files, Standing* standing) const {
+  const UserReach reach = UserReach::of(place_, language_, files, marker_);
+  if (standing) *standing = {files.gaps(), reach.stamped};
+  if (reach.clear()) return {};
+  return accepted_ ? takeAsItStands(files) : unclearEntries(language_, place_.folder(), reach);
+}
+
+Failure UserRecovery::takeAsItStands(const UserCheck& files) const {
+  std::string kept;
+  for (const std::string& name : allNames()) {
+    std::string as;
+    if (!there(name)) continue;
+    if (!keep(path(name), &as, true)) return notWritten();
+    kept += (kept.empty() ? "" : ", ") + as;
+  }
+  accepted_->push_back(entriesOf(language_) + " are taken as they stand; copies of the files are kept as " +
+                       kept);
+  return UserStamp::of(place_, language_, files.gaps()).write(place_, language_) ? Failure{} : notWritten();
+}
+
+Failure UserRecovery::damage(UserCheck::Depth depth, Standing* standing) const {
+  if (!anyFile()) return {};
+  const UserCheck files(language_, pathsWith({}), depth);
+  if (Failure failure = failureOf(files)) return failure;
+  if (depth == UserCheck::kAll) return notClear(files, standing);
+  // What was looked at in full when it was written is not looked at again unasked.
+  const UserStamp stamp = UserStamp::read(place_, language_);
+  const uint64_t size = WindowFile(path(userFiles(language_).back())).size();
+  return !stamp.known || stamp.isOf(files.indexHash(), size) ? Failure{} : damage(UserCheck::kAll, standing);
+}
+
+// Of what a change that broke off left, once it is put right: what nothing leads to now was deleted.
+void UserRecovery::stampAnew(const UserCheck& files) const {
+  const UserStamp stamp = UserStamp::of(place_, language_, files.gaps());
+  if (stamp != UserStamp::read(place_, language_) && !stamp.write(place_, language_))
+    UserStamp::remove(place_, language_);
 }
 
 // A file of entries that is shorter than when the change began has lost more than the change.
@@ -320,9 +356,11 @@ Failure UserRecovery::run(std::vector<std::string>* told) {
   if (anyFile()) {
     const UserCheck files = filesAsTheyAre();
     if (Failure failure = failureOf(files)) return failure;
+    if (Failure failure = notClear(files, nullptr)) return failure;
     if (!removeSpareIndexes()) return notWritten();
     if (brokenOff) {
       if (Failure failure = finishChange(files, told)) return failure;
+      if (marker_.work != UserMarker::kUnknown) stampAnew(files);
     }
   }
   // Of a damaged set they may be all that is left of something.

@@ -43,9 +43,18 @@ class UserRecovery {
   // dictionary is damaged, or a file can't be read or written; whatever was there still is.
   Failure run(std::vector<std::string>* told);
 
+  // Takes what is whole and not clear as it stands, from now on. Copies of its files are kept, and told.
+  void accept(std::vector<std::string>* told) { accepted_ = told; }
+
+  // What a look at the whole files found.
+  struct Standing {
+    FileRanges gaps;       // in the file of entries
+    bool stamped = false;  // the stamp fits
+  };
   // The failure of a dictionary that can't be used as it stands: files missing, an index that is none, files
-  // that don't belong together. None for one that is whole, or that has no file at all.
-  Failure damage(UserCheck::Depth depth) const;
+  // that don't belong together, or that don't lead to all that was stored. None for one that is whole and
+  // clear, or that has no file at all. `standing`: may be null; filled where kAll finds nothing wrong.
+  Failure damage(UserCheck::Depth depth, Standing* standing) const;
 
  private:
   // The files with backups of these suffixes in their places, where there are any.
@@ -64,11 +73,15 @@ class UserRecovery {
   bool countsAsSaved(const UserCheck& backup, const UserCheck& files) const;
   Failure putBack(const char* suffix, std::vector<std::string>* told);
   Failure moveAway(const char* suffix, std::vector<std::string>* told);
-  bool keep(const std::string& file, std::string* name) const;
+  // Under the first name that is free.
+  bool keep(const std::string& file, std::string* name, bool copied = false) const;
   bool removeAll(const std::vector<std::string>& names, const char* suffix);
   bool undoMaking(std::vector<std::string>* told);
   bool removeSpareIndexes();
   Failure finishChange(const UserCheck& files, std::vector<std::string>* told);
+  Failure notClear(const UserCheck& files, Standing* standing) const;
+  Failure takeAsItStands(const UserCheck& files) const;
+  void stampAnew(const UserCheck& files) const;
   bool trim(const UserCheck& files, std::vector<std::string>* told);
   bool trimTo(const std::string& name, uint64_t end, uint64_t* cut);
   bool anyFile() const;
@@ -78,6 +91,7 @@ class UserRecovery {
   UserPlace place_;
   UserLanguage language_;
   UserMarker marker_;
+  std::vector<std::string>* accepted_ = nullptr;
 };
 
 }  // namespace zavel::host

@@ -11,6 +11,7 @@
 #include "engine/Index3.h"
 #include "engine/ListUserDic.h"
 #include "user/UserCheckForm.h"
+#include "user/UserReach.h"
 #include "user/UserRecords.h"
 #include "user/UserText.h"
 
@@ -42,7 +43,7 @@ class Salvage {
   Salvage(UserLanguage language, const UserPaths& paths)
       : language_(language), paths_(paths), entries_(paths(userFiles(language).back()), kEntriesWindow) {}
 
-  SalvagedEntries run() {
+  SalvagedEntries run(const UserStamp& stamp) {
     const UserIndex index(paths_(userFiles(language_).front()), type());
     if (!index.sound()) {
       takeAll();
@@ -54,6 +55,7 @@ class Salvage {
     });
     takeBlocks(blocks, index, type());
     if (!english()) takeWritten();
+    if (stamp.known) takeUnreached(stamp);
     return std::move(found_);
   }
 
@@ -85,6 +87,18 @@ class Salvage {
       if (!index.sound()) continue;
       if (number == 0) further = std::min<int>(index.furtherIndexes(), kMostKanjiIndexes);
       takeBlocks("kji.ix3", index, kTypeKji);
+    }
+  }
+
+  void takeUnreached(const UserStamp& stamp) {
+    const auto isKnown = [&](uint64_t at) {
+      return stamp.isDead(at) || starts_.contains(at) || seen_.contains(static_cast<uint32_t>(at));
+    };
+    const std::string file = paths_(userFiles(language_).back());
+    for (const uint32_t offset : entriesIn(file, language_, {{kUserHeader, entries_.size()}}, isKnown)) {
+      StoredEntry stored;
+      std::string key;
+      if (readText(offset, &stored, type(), &key) > 0) found_.entries.push_back(std::move(stored.entry));
     }
   }
 
@@ -161,8 +175,8 @@ class Salvage {
 
 }  // namespace
 
-SalvagedEntries salvageEntries(UserLanguage language, const UserPaths& paths) {
-  return Salvage(language, paths).run();
+SalvagedEntries salvageEntries(UserLanguage language, const UserPaths& paths, const UserStamp& stamp) {
+  return Salvage(language, paths).run(stamp);
 }
 
 std::vector<std::string> headwordsOf(const std::vector<UserEntry>& entries) {

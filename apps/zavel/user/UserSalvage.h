@@ -8,6 +8,7 @@
 
 #include "user/UserCheck.h"
 #include "user/UserEntry.h"
+#include "user/UserStamp.h"
 
 namespace zavel::host {
 
@@ -23,7 +24,8 @@ struct SalvagedEntries {
   bool gaps = false;
 };
 
-SalvagedEntries salvageEntries(UserLanguage language, const UserPaths& paths);
+// With a stamp also what no index leads to and the stamp doesn't have for deleted, at the end.
+SalvagedEntries salvageEntries(UserLanguage language, const UserPaths& paths, const UserStamp& stamp = {});
 
 // The words of the entries, each once, in the order of lists.
 std::vector<std::string> headwordsOf(const std::vector<UserEntry>& entries);

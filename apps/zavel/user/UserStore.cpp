@@ -21,8 +21,10 @@
 #include "engine/Shim.h"
 #include "foundation/Storage.h"
 #include "user/UserMarker.h"
+#include "user/UserReach.h"
 #include "user/UserRecovery.h"
 #include "user/UserRows.h"
+#include "user/UserStamp.h"
 #include "user/UserStatus.h"
 #include "user/UserText.h"
 
@@ -70,19 +72,35 @@ Failure UserStore::open(UserLanguage language, UserAccess access) {
             "See whether the disk is full, or the folder above it not yours."};
   }
   if (Failure failure = lock(access)) return failure;
+  Failure wrong;
   const bool needed = UserRecovery(place_, language_).needed();
   if (needed && access == UserAccess::kRead) {
     // Nobody writes now; to put right what a writer left, this process must be alone for a while.
     if (Failure failure = lock(UserAccess::kWrite)) return failure;
-    if (Failure failure = recover()) return failure;
-    if (!place_.exists(language)) return {};
+    wrong = recover();
+    if (!place_.exists(language)) return wrong;
     if (Failure failure = lock(UserAccess::kRead)) return failure;
   } else if (needed) {
-    if (Failure failure = recover()) return failure;
+    wrong = recover();
   }
-  const auto depth = access == UserAccess::kWrite ? UserCheck::kAll : UserCheck::kIndexes;
-  if (Failure failure = UserRecovery(place_, language_).damage(depth)) return failure;
-  return beginSession();
+  if (!wrong) wrong = look();
+  if (access == UserAccess::kRead && isUnclear(wrong)) std::swap(unclear_, wrong);
+  return wrong ? wrong : beginSession();
+}
+
+// What has no stamp that fits gets one before anything changes.
+Failure UserStore::look() {
+  std::vector<std::string> told;
+  UserRecovery recovery(place_, language_);
+  if (accepting_) recovery.accept(&told);
+  if (access_ == UserAccess::kRead) return recovery.damage(UserCheck::kIndexes, nullptr);
+  UserRecovery::Standing standing{{}, true};
+  Failure failure = recovery.damage(UserCheck::kAll, &standing);
+  for (const std::string& line : told) warn(line);
+  if (failure) return failure;
+  dead_ = std::move(standing.gaps);
+  if (!standing.stamped) UserStamp::of(place_, language_, dead_).write(place_, language_);
+  return {};
 }
 
 // None where there really is nothing.
@@ -115,7 +133,9 @@ Failure UserStore::lock(UserAccess access) {
 
 Failure UserStore::recover() {
   std::vector<std::string> told;
-  Failure failure = UserRecovery(place_, language_).run(&told);
+  UserRecovery recovery(place_, language_);
+  if (accepting_ && access_ == UserAccess::kWrite) recovery.accept(&told);
+  Failure failure = recovery.run(&told);
   for (const std::string& line : told) warn(line);
   return failure;
 }
@@ -124,6 +144,7 @@ Failure UserStore::beginSession() {
   const bool made = storage().exists(place_.file(userFiles(language_).front()));
   if (access_ == UserAccess::kWrite &&
       !UserMarker::beginning(place_, language_, UserMarker::kChanging).write(place_, language_)) {
+    storage().remove(place_.marker(language_));  // nothing has begun
     return failureOf(engine::kFileError, "opening");
   }
   const std::string user = place_.prefix();
@@ -160,14 +181,19 @@ Failure UserStore::searchFailure(uint16_t status, const std::string& what) const
 }
 
 Failure UserStore::check() const {
-  return UserRecovery(place_, language_).damage(UserCheck::kAll);
+  return UserRecovery(place_, language_).damage(UserCheck::kAll, nullptr);
 }
 
 Failure UserStore::salvage(Failure damage, std::vector<UserEntry>* entries) const {
-  SalvagedEntries found =
-      salvageEntries(language_, [this](const std::string& name) { return place_.file(name); });
-  if (const std::string lost = lostText(found); !lost.empty()) damage.message += "; " + lost;
-  damage.hint = kDamageHint;
+  const UserPaths paths = [this](const std::string& name) { return place_.file(name); };
+  const bool whole = isUnclear(damage);
+  // A damaged file of entries is hardly another one: what was deleted in it is where it was.
+  UserStamp stamp = UserStamp::read(place_, language_);
+  if (whole && !stamp.fits(place_, language_)) stamp.dead.clear();
+  SalvagedEntries found = salvageEntries(language_, paths, stamp);
+  const std::string lost = whole ? std::string() : lostText(found);
+  if (!lost.empty()) damage.message += "; " + lost;
+  if (!whole) damage.hint = kDamageHint;
   *entries = std::move(found.entries);
   return damage;
 }
@@ -255,14 +281,18 @@ Failure UserStore::headwords(std::vector<std::string>* words) {
 
 Failure UserStore::add(const UserEntry& entry) {
   changed_ = true;
-  return failureOf(EntryRecord(entry).add(nullptr), "adding \"" + entry.title() + "\"");
+  const uint16_t status = EntryRecord(entry).add(nullptr);
+  refused_ = refused_ || status != kOk;
+  return failureOf(status, "adding \"" + entry.title() + "\"");
 }
 
 Failure UserStore::replace(const StoredEntry& old, const UserEntry& entry) {
   // Under another key, or with a written form that the other lacks, it is another entry to the engine. Both
   // steps are on the disk together.
-  changed_ = true;
+  if (Failure failure = dropStamp()) return failure;
   const uint16_t status = EntryRecord(entry).add(&old);
+  refused_ = refused_ || status != kOk;
+  if (status == kOk) dead_.push_back({old.place.dicOffset, old.place.dicOffset + uint64_t{1}});
   if (status != engine::kBadArgument) return failureOf(status, "changing \"" + entry.title() + "\"");
   if (Failure failure = add(entry)) return failure;
   std::vector<StoredEntry> found;
@@ -273,9 +303,27 @@ Failure UserStore::replace(const StoredEntry& old, const UserEntry& entry) {
 }
 
 Failure UserStore::remove(const StoredEntry& old) {
-  changed_ = true;
+  if (Failure failure = dropStamp()) return failure;
   const uint16_t status = english() ? DelUserDicE(&old.place) : DelUserDicJ(&old.place, &old.kanji);
+  if (status == kOk) dead_.push_back({old.place.dicOffset, old.place.dicOffset + uint64_t{1}});
   return failureOf(status, "deleting \"" + old.entry.title() + "\"");
+}
+
+// A stamp bears that entries come in, and not that they go, should this session not come to its end.
+Failure UserStore::dropStamp() {
+  changed_ = true;
+  return UserStamp::remove(place_, language_) ? Failure{} : failureOf(engine::kFileError, "changing");
+}
+
+// The change is on the disk. Without a stamp nothing is lost but what it would tell.
+void UserStore::stampAnew() {
+  if (refused_) {
+    const UserCheck files(language_, [this](const std::string& name) { return place_.file(name); });
+    dead_ = files.gaps();
+  }
+  std::sort(dead_.begin(), dead_.end(),
+            [](const FileRange& a, const FileRange& b) { return a.from < b.from; });
+  if (!UserStamp::of(place_, language_, dead_).write(place_, language_)) UserStamp::remove(place_, language_);
 }
 
 Failure UserStore::findAgain(StoredEntry* stored) const {
@@ -289,7 +337,11 @@ Failure UserStore::arrange() {
     return failureOf(engine::kFileError, "arranging");
   }
   const uint16_t status = english() ? ArrangeUserDicE() : ArrangeUserDicJ();
-  if (status == kOk) return {};
+  if (status == kOk) {
+    changed_ = true;
+    dead_.clear();
+    return {};
+  }
   session_ = false;
   EndAPI();
   const Failure undone = undo();
@@ -320,6 +372,7 @@ Failure UserStore::close() {
   }
   session_ = false;
   const uint16_t status = EndAPI();
+  if (status == kOk && changed_) stampAnew();
   if (access_ == UserAccess::kWrite) status == kOk ? unmark() : static_cast<void>(undo());
   Failure failure = failureOf(status, "storing");
   lock_.reset();

@@ -12,6 +12,7 @@
 #include "Failure.h"
 #include "LockFile.h"
 #include "user/BasicSet.h"
+#include "user/UserCheck.h"
 #include "user/UserPlace.h"
 #include "user/UserRecords.h"
 #include "user/UserSalvage.h"
@@ -38,6 +39,13 @@ class UserStore {
   // Waits a moment for others to let go. What an earlier process left in the middle is put right first, and
   // told on standard error.
   Failure open(UserLanguage language, UserAccess access);
+
+  // For open() for writing: what is whole and not clear is taken as it stands.
+  void acceptUnclear() { accepting_ = true; }
+
+  // Why not all that is there may be found: open() for reading takes what isn't clear, too. None for a
+  // dictionary that is.
+  const Failure& unclear() const { return unclear_; }
 
   // False after open() for reading where there is no dictionary: searches then find nothing.
   bool hasEntries() const { return session_; }
@@ -82,6 +90,9 @@ class UserStore {
   Failure lock(UserAccess access);
   Failure unreadable() const;
   Failure recover();
+  Failure look();
+  Failure dropStamp();
+  void stampAnew();
   Failure beginSession();
   Failure undo();
   void unmark();
@@ -100,6 +111,11 @@ class UserStore {
   std::unique_ptr<LockFile> lock_;
   bool session_ = false;
   bool changed_ = false;  // in memory: the index in its file is another
+  bool accepting_ = false;
+  Failure unclear_;
+  // For the stamp: what nothing leads to.
+  FileRanges dead_;
+  bool refused_ = false;  // texts of entries may stand there that were not taken into the index then
 };
 
 }  // namespace zavel::host

@@ -3,6 +3,7 @@
 
 #include "PlacesInUse.h"
 #include "Utf8.h"
+#include "user/UserReach.h"
 
 namespace zavel::host {
 namespace {
@@ -41,6 +42,18 @@ std::unique_ptr<UserStore> makeStore() {
 
 Failure badEntry(const std::string& why) {
   return {kExitUsage, "refused", why, "Nothing was stored. Change the text, then try again."};
+}
+
+void addDamage(const Failure& more, Failure* damage) {
+  if (!more) return;
+  const Failure first = *damage;
+  *damage = first && !isUnclear(first) ? first : more;
+  damage->message = first ? first.message + "; " + more.message : more.message;
+}
+
+int reportDamage(const Failure& damage) {
+  const int status = report(damage, false);
+  return isUnclear(damage) ? kExitFound : status;
 }
 
 std::string inQuotes(std::string_view text) {

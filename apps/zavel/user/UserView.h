@@ -25,6 +25,13 @@ std::unique_ptr<UserStore> makeStore();
 // The failure of a text that can't be stored.
 Failure badEntry(const std::string& why);
 
+// Adds what is wrong with the entries of another language; the graver of both decides.
+void addDamage(const Failure& more, Failure* damage);
+
+// Tells what is wrong with entries that were shown as far as they can be read, and gives the status. Of those
+// that aren't clear all were shown.
+int reportDamage(const Failure& damage);
+
 // A text of the user's in quotes, fit for one line of a message.
 std::string inQuotes(std::string_view text);
 

@@ -168,6 +168,7 @@ bool UserWords::open(UserStore* store, UserLanguage language) {
   if (const Failure failure = store->open(language, UserAccess::kRead)) {
     keepFailure(language, failure);
   } else {
+    if (store->unclear()) warn(store->unclear().message);
     readings_[indexOf(language)].done = store->hasEntries();
   }
   return readings_[indexOf(language)].done;

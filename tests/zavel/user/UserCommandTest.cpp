@@ -638,6 +638,7 @@ TEST_F(UserCommandTest, EveryFailureCodeIsDocumented) {
                            "not_stored",
                            "not_written",
                            "too_many_kanji",
+                           "unclear_user_dictionary",
                            "unreadable",
                            "changed",
                            "no_entry",

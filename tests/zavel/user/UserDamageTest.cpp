@@ -252,6 +252,52 @@ TEST_F(UserDamage, WhatALostPageOfTheIndexHidesIsSaved) {
   }
 }
 
+// With an older index in the place of the present one the newer words look deleted.
+TEST_F(UserDamage, AnOlderIndexTakesNoWordAway) {
+  makeSets();
+  const Bytes old = files()["myej.idx"];
+  ASSERT_EQ(user({"add", "later", "x"}).status, 0);
+  put("myej.idx", old);
+  const Files before = files();
+  const std::string told =
+      "zavel: your English entries in " + root() +
+      "/user are not as they were left: myej.idx doesn't lead to an entry that is there: \"later\"; it may "
+      "be older than the other files, or damaged, or another program deleted entries\nPut a copy of that "
+      "folder in its place; or save all there is (zavel user export FILE), run \"zavel user arrange "
+      "--accept\" and import what is missing then (zavel user import FILE).\n";
+  const test::Outcome list = user({"list", "--lang", "en"});
+  EXPECT_EQ(list.status, 0);
+  EXPECT_EQ(list.out, "ant\nbee\ngrok\nlater\n");
+  EXPECT_EQ(list.err, told);
+  const test::Outcome found = user({"find", "later"});
+  EXPECT_EQ(found.status, 0);
+  EXPECT_EQ(found.out, "1  later  [noun]  x\n");
+  EXPECT_EQ(found.err, told);
+  EXPECT_EQ(user({"find", "latest"}).status, 1);
+  const test::Outcome look = inRoot({"look", "later"}).run();
+  EXPECT_NE(look.err.find("are not as they were left: myej.idx doesn't lead to an entry"), std::string::npos);
+  for (const std::vector<std::string>& arguments : {std::vector<std::string>{"add", "cat", "x"},
+                                                    {"delete", "later", "--all"},
+                                                    {"edit", "ant", "--set", "meaning=y"},
+                                                    {"arrange"}}) {
+    const test::Outcome outcome = user(arguments);
+    EXPECT_EQ(outcome.status, 5) << arguments[0] << outcome.out;
+    EXPECT_EQ(outcome.err, told) << arguments[0];
+  }
+  EXPECT_EQ(files(), before);
+  const std::string words = this->file("words.tsv");
+  EXPECT_EQ(user({"export", words}).status, 0);
+  const test::Outcome accepted = user({"arrange", "--accept", "--lang", "en"});
+  EXPECT_EQ(accepted.status, 0);
+  EXPECT_EQ(accepted.err,
+            "zavel: your English entries are taken as they stand; copies of the files are kept as "
+            "myej.idx.kept-1, myej.ix3.kept-1, myej.dic.kept-1\n");
+  EXPECT_EQ(files()["myej.dic.kept-1"], before.at("myej.dic"));
+  EXPECT_EQ(user({"list", "--lang", "en"}).out, "ant\nbee\ngrok\n");
+  EXPECT_EQ(user({"import", words}).out, "1 entry added, 5 there already\n");
+  EXPECT_EQ(user({"list", "--lang", "en"}).out, "ant\nbee\ngrok\nlater\n");
+}
+
 TEST_F(UserDamage, AStaleBackupTakesNoWordBack) {
   makeSets();
   const Bytes old = files()["myej.idx"];

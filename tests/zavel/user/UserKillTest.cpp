@@ -22,15 +22,17 @@ constexpr int kKills = 200;
 
 class UserKillTest : public test::RootTest {
  protected:
-  // Runs `zavel user add` and kills it after a while; true when it had ended well by then.
-  bool addAndKill(const std::string& word, int microseconds) const {
+  // Runs `zavel user add`, or another command, and kills it after a while; true when it had ended well by
+  // then.
+  bool addAndKill(const std::string& word, int microseconds, const char* command = "add") const {
     const std::string root = "ZAVEL_ROOT=" + this->root();
     const pid_t child = fork();
     if (child == 0) {
       const int null = open("/dev/null", O_WRONLY);
       dup2(null, 1);
       dup2(null, 2);
-      const char* argv[] = {"zavel", "user", "add", word.c_str(), "meaning", nullptr};
+      const bool add = command == std::string("add");
+      const char* argv[] = {"zavel", "user", command, word.c_str(), add ? "meaning" : "--all", nullptr};
       char* envp[] = {const_cast<char*>(root.c_str()), nullptr};
       execve(ZAVEL_PROGRAM, const_cast<char**>(argv), envp);
       _exit(126);
@@ -92,6 +94,39 @@ TEST_F(UserKillTest, NoAcknowledgedEntryIsLostAndNoneIsHalf) {
   for (const std::string& word : stored) EXPECT_TRUE(found.contains(word)) << word;
   EXPECT_GT(stored.size(), 1u);  // more than the measured one
   EXPECT_LT(stored.size(), static_cast<size_t>(kKills) + 1);
+}
+
+// Deletions are told from losses whenever they are killed: nothing is said to be unclear afterwards, and
+// nothing that was deleted comes back.
+TEST_F(UserKillTest, NoKillMakesDeletionsSeemLosses) {
+  std::mt19937 random(5);
+  std::set<std::string> kept, deleted;
+  for (int i = 0; i < kKills / 2; ++i) {
+    const std::string word = wordOf(i, i % 2 == 0);
+    ASSERT_EQ(inRoot({"user", "add", word, "meaning"}).run().err, "") << i;
+    kept.insert(word);
+  }
+  const auto start = std::chrono::steady_clock::now();
+  ASSERT_EQ(inRoot({"user", "delete", *kept.begin(), "--all"}).run().status, 0);
+  const auto took = std::chrono::steady_clock::now() - start;
+  const auto micros = std::chrono::duration_cast<std::chrono::microseconds>(took).count();
+  kept.erase(kept.begin());
+  int kills = 0;
+  for (const std::string& word : std::set<std::string>(kept)) {
+    const int wait = static_cast<int>(random() % static_cast<unsigned>(micros * 5 / 4));
+    const bool done = addAndKill(word, wait, "delete");
+    if (done) deleted.insert(word);
+    kills += done ? 0 : 1;
+    kept.erase(word);
+    const test::Outcome list = inRoot({"user", "list"}).run();
+    ASSERT_EQ(list.status, list.out.empty() ? 1 : 0) << list.err;
+    ASSERT_EQ(list.err.find("not as they were left"), std::string::npos) << list.err;
+    const std::string lines = "\n" + list.out;
+    for (const std::string& one : kept) ASSERT_NE(lines.find("\n" + one + "\n"), std::string::npos) << one;
+    for (const std::string& one : deleted) ASSERT_EQ(lines.find("\n" + one + "\n"), std::string::npos) << one;
+  }
+  EXPECT_GT(kills, 0);
+  ASSERT_EQ(inRoot({"user", "arrange"}).run().status, 0);
 }
 
 }  // namespace
