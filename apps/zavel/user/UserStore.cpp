@@ -68,6 +68,7 @@ Failure UserStore::open(UserLanguage language, UserAccess access) {
   }
   if (access == UserAccess::kRead && !place_.exists(language)) return unreadable();
   if (access == UserAccess::kWrite && !makeFolders(place_.folder())) {
+    if (Failure failure = noFolder()) return failure;
     return {kExitEnvironment, "no_folder", "the folder " + place_.folder() + " can't be made",
             "See whether the disk is full, or the folder above it not yours."};
   }
@@ -103,14 +104,20 @@ Failure UserStore::look() {
   return {};
 }
 
-// None where there really is nothing.
-Failure UserStore::unreadable() const {
+// Where something else stands in its place.
+Failure UserStore::noFolder() const {
   std::error_code error;
   const auto there = std::filesystem::status(place_.folder(), error);
   if (std::filesystem::exists(there) && !std::filesystem::is_directory(there)) {
     return {kExitEnvironment, "unreadable", place_.folder() + " is no folder; your entries stand in one",
             "Give what is there another name."};
   }
+  return {};
+}
+
+// None where there really is nothing.
+Failure UserStore::unreadable() const {
+  if (Failure failure = noFolder()) return failure;
   if (::access(place_.folder().c_str(), R_OK | X_OK) == 0 || errno == ENOENT) return {};
   return {kExitEnvironment, "unreadable",
           "the folder " + place_.folder() + " can't be read: " + std::strerror(errno),

@@ -88,6 +88,7 @@ class UserStore {
 
  private:
   Failure lock(UserAccess access);
+  Failure noFolder() const;
   Failure unreadable() const;
   Failure recover();
   Failure look();

@@ -237,9 +237,10 @@ TEST_F(UserCommandTest, AWordTooLongForLookUpsIsToldSo) {
 TEST_F(UserCommandTest, AFileInThePlaceOfTheFolderIsNoFolder) {
   std::filesystem::create_directories(root());
   std::ofstream(users()) << "x";
-  for (const char* command : {"list", "export"}) {
-    const Outcome outcome = run({command});
-    EXPECT_EQ(outcome.status, 3);
+  for (const std::vector<std::string>& command :
+       {std::vector<std::string>{"list"}, {"export"}, {"add", "bank", "銀行"}}) {
+    const Outcome outcome = run(command);
+    EXPECT_EQ(outcome.status, 3) << command[0];
     EXPECT_EQ(
         outcome.err,
         "zavel: " + users() + " is no folder; your entries stand in one\nGive what is there another name.\n");
