@@ -117,8 +117,8 @@ Failure UserImport::run() {
   for (const UserLanguage language : {UserLanguage::kEnglish, UserLanguage::kJapanese}) {
     if (interrupted()) break;
     const Failure failure = runLanguage(language);
-    if (failure && failure.status != kExitDamaged) return damage ? damage : failure;
     addDamage(failure, &damage);
+    if (failure && failure.status != kExitDamaged) break;
   }
   counts_.refused = items_.size() - sound(items_);
   return damage;

@@ -57,8 +57,9 @@ std::string summary(const ImportCounts& counts) {
   return text + "\n";
 }
 
-std::string summaryJson(const ImportCounts& counts, const std::vector<ImportItem>& items,
-                        const char* status) {
+// What went in, and what was refused, is told beside a failure, too.
+std::string summaryJson(const ImportCounts& counts, const std::vector<ImportItem>& items, const char* status,
+                        const Failure& failure) {
   JsonWriter json;
   const auto number = [&json](const char* key, size_t value) {
     json.member(key, static_cast<int64_t>(value));
@@ -76,7 +77,12 @@ std::string summaryJson(const ImportCounts& counts, const std::vector<ImportItem
         .member("reason", item.wrong)
         .endObject();
   }
-  json.endArray().endObject();
+  json.endArray();
+  if (failure) {
+    json.key("error").beginObject().member("code", failure.code).member("message", failure.message);
+    json.member("hint", failure.hint).endObject();
+  }
+  json.endObject();
   return json.text() + "\n";
 }
 
@@ -108,9 +114,8 @@ int runUserImport(const UserOptions& options) {
   tellRefused(options, items, byLine);
   const bool whole = !failure && !interrupted();
   const char* status = failure ? "error" : !whole ? "interrupted" : counts.refused > 0 ? "partly" : "done";
-  if (options.json && !failure) std::fputs(summaryJson(counts, items, status).c_str(), stdout);
-  if (!options.json) std::fputs(summary(counts).c_str(), stdout);
-  if (failure) return report(failure, options.json);
+  std::fputs((options.json ? summaryJson(counts, items, status, failure) : summary(counts)).c_str(), stdout);
+  if (failure) return report(failure, false);
   if (interrupted()) {
     std::fflush(stdout);
     std::fprintf(stderr, "zavel: interrupted; what was added is stored\n");

@@ -238,6 +238,27 @@ TEST_F(UserDamage, AnImportGoesOnWithTheOtherLanguage) {
   EXPECT_EQ(user({"list", "--lang", "ja"}).out, "あり\nいぬ\nねこ\nはち\n");
 }
 
+// What went in and what was refused of the other language is told with the failure.
+TEST_F(UserDamage, AnImportTellsAsJsonWhatWentInBesideTheDamage) {
+  makeSets();
+  put("myej.dic", shorter(files()["myej.dic"]));
+  const std::string words = this->file("words.tsv");
+  std::ofstream(words) << "lang\tword\tmeaning\nen\tcat\t猫\nja\tねこ\tcat\nja\tいぬ\t犬\n";
+  const test::Outcome imported = user({"import", words, "--json"});
+  EXPECT_EQ(imported.status, 5);
+  const auto json = nlohmann::json::parse(imported.out);
+  EXPECT_EQ(json["schema"], 1);
+  EXPECT_EQ(json["status"], "error");
+  EXPECT_EQ(json["error"]["code"], "damaged_user_dictionary");
+  EXPECT_EQ(imported.err.substr(imported.err.find('\n') + 1),
+            "zavel: " + json["error"]["message"].get<std::string>() + "\n" +
+                json["error"]["hint"].get<std::string>() + "\n");
+  EXPECT_EQ(json["added"], 1);
+  EXPECT_EQ(json["present"], 0);
+  EXPECT_EQ(json["refused"].size(), 1u);
+  EXPECT_EQ(json["refused"][0]["line"], 4);
+}
+
 // As a disk leaves it that lost a page.
 TEST_F(UserDamage, WhatALostPageOfTheIndexHidesIsSaved) {
   makeSets();
