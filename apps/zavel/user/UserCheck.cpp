@@ -118,7 +118,7 @@ bool UserCheck::readIndexes() {
     if (!storage().exists(paths_(name))) return fail(name, " is missing");
     UserIndex index(paths_(name), typeOf(name, language_));
     if (!index.readable()) return cantRead(name);
-    if (!index.sound()) return fail(name, " is no index");
+    if (!index.sound()) return fail(name, index.shaped() ? " was changed or is damaged" : " is no index");
     if (name == "kji.idx" && index.furtherIndexes() > kMostKanjiIndexes)
       return fail(name, " counts too many indexes");
     for (int number = 1; name == "kji.idx" && number <= index.furtherIndexes(); ++number)

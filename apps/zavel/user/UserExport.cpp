@@ -4,6 +4,7 @@
 #include <iterator>
 #include <utility>
 
+#include "Interrupt.h"
 #include "JsonWriter.h"
 #include "user/OutputFile.h"
 #include "user/UserJson.h"
@@ -15,13 +16,15 @@
 namespace zavel::host {
 namespace {
 
-// What can be read; the failure tells of the rest.
-Failure readAll(UserLanguage language, std::vector<UserEntry>* entries) {
+// What can be read; the damage tells of the rest.
+Failure readAll(UserLanguage language, std::vector<UserEntry>* entries, UserDamage* damage) {
   const auto store = makeStore();
   std::vector<UserEntry> read;
   const Failure failure = store->readAll(store->open(language, UserAccess::kRead), &read);
   std::move(read.begin(), read.end(), std::back_inserter(*entries));
-  return failure;
+  if (failure.status != kExitDamaged) return failure;
+  damage->add(failure, store->lost());
+  return {};
 }
 
 // An export from before the damage may hold what can't be read now.
@@ -43,7 +46,8 @@ std::string jsonOf(const UserEntry& entry) {
 }
 
 // An entry a line in every form, so that two exports can be compared.
-std::string textOf(const std::vector<UserEntry>& entries, const std::string& format) {
+std::string textOf(const std::vector<UserEntry>& entries, const std::string& format,
+                   const UserDamage& damage) {
   std::string text;
   if (format == "tsv") {
     text = tableHeader();
@@ -53,29 +57,39 @@ std::string textOf(const std::vector<UserEntry>& entries, const std::string& for
   } else {
     text = "{\"schema\":1,\"entries\":[";
     for (size_t i = 0; i < entries.size(); ++i) text += (i == 0 ? "\n" : ",\n") + jsonOf(entries[i]);
-    text += "\n]}\n";
+    JsonWriter marked;
+    marked.beginObject();
+    writeDamage(marked, damage);
+    const std::string mark = marked.endObject().text();  // "{}" without any
+    text += "\n]" + (damage ? "," + mark.substr(1) : mark.substr(1)) + "\n";
   }
   return text;
+}
+
+int tellInterrupted() {
+  warn("interrupted; nothing was exported");
+  return interruptedStatus();
 }
 
 }  // namespace
 
 int runUserExport(const UserOptions& options) {
+  watchInterrupts();
   std::vector<UserEntry> entries;
-  Failure damage;
+  UserDamage damage;
   for (const UserLanguage language : languagesOf(options)) {
-    const Failure failure = readAll(language, &entries);
-    if (failure && failure.status != kExitDamaged) return report(failure, options.json);
-    addDamage(failure, &damage);
+    if (const Failure failure = readAll(language, &entries, &damage)) return report(failure, options.json);
   }
-  if (damage && entries.empty()) return report(damage, options.json);
-  const std::string text = textOf(entries, options.json ? "json" : options.format);
+  if (damage && entries.empty()) return report(damage.failure, options.json);
+  if (interrupted()) return tellInterrupted();
+  const std::string text = textOf(entries, options.json ? "json" : options.format, damage);
   if (options.file == "-") {
     std::fwrite(text.data(), 1, text.size(), stdout);
     return damage ? reportDamage(damage) : kExitFound;
   }
-  if (damage && !isUnclear(damage) && holdsSomething(options.file))
-    return report(notReplaced(damage, options.file), options.json);
+  if (damage && !isUnclear(damage.failure) && holdsSomething(options.file))
+    return report(notReplaced(damage.failure, options.file), options.json);
+  if (interrupted()) return tellInterrupted();
   if (!writeOutputFile(options.file, text)) {
     return report(
         {kExitEnvironment, "not_written", "the file " + options.file + " can't be written", kWriteHint},

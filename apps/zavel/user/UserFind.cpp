@@ -33,7 +33,7 @@ bool beginsSo(UserLanguage language, const std::string& word, const std::string&
 }
 
 // The words of one dictionary; of a damaged one those that can be read, with the failure.
-Failure readHeadwords(UserLanguage language, std::vector<std::string>* words) {
+Failure readHeadwords(UserLanguage language, std::vector<std::string>* words, std::vector<LostWord>* lost) {
   const auto store = makeStore();
   Failure failure = store->open(language, UserAccess::kRead);
   if (!failure) failure = store->check();
@@ -42,21 +42,22 @@ Failure readHeadwords(UserLanguage language, std::vector<std::string>* words) {
   std::vector<UserEntry> entries;
   failure = store->salvage(std::move(failure), &entries);
   *words = headwordsOf(entries);
+  *lost = store->lost();
   return failure;
 }
 
-Failure readWords(const UserOptions& options, Words* words) {
-  Failure damage;
+Failure readWords(const UserOptions& options, Words* words, UserDamage* damage) {
   for (const UserLanguage language : languagesOf(options)) {
     std::vector<std::string> all;
-    const Failure failure = readHeadwords(language, &all);
+    std::vector<LostWord> lost;
+    const Failure failure = readHeadwords(language, &all, &lost);
     if (failure && failure.status != kExitDamaged) return failure;
-    addDamage(failure, &damage);
+    damage->add(failure, lost);
     for (std::string& word : all) {
       if (beginsSo(language, word, options.filter)) words->emplace_back(language, std::move(word));
     }
   }
-  return damage;
+  return {};
 }
 
 // As the engine would find them among the entries that can be read.
@@ -74,7 +75,8 @@ std::vector<StoredEntry> matching(const std::string& word, const std::vector<Use
 }
 
 // What is found of a damaged dictionary comes with the failure.
-Failure readFound(UserLanguage language, const std::string& word, std::vector<StoredEntry>* found) {
+Failure readFound(UserLanguage language, const std::string& word, std::vector<StoredEntry>* found,
+                  UserDamage* damage) {
   const auto store = makeStore();
   Failure failure = store->open(language, UserAccess::kRead);
   if (!failure) failure = store->check();
@@ -83,25 +85,31 @@ Failure readFound(UserLanguage language, const std::string& word, std::vector<St
   std::vector<UserEntry> entries;
   failure = store->salvage(std::move(failure), &entries);
   *found = matching(word, entries);
-  return failure;
+  damage->add(failure, store->lost());
+  return {};
 }
 
-std::string wordsJson(const Words& words) {
+std::string wordsJson(const Words& words, const UserDamage& damage) {
   JsonWriter json;
   json.beginObject().member("schema", 1).key("words").beginArray();
   for (const auto& [language, word] : words) {
     json.beginObject().member("lang", languageCode(language)).member("word", word).endObject();
   }
-  json.endArray().member("count", static_cast<int64_t>(words.size())).endObject();
+  json.endArray().member("count", static_cast<int64_t>(words.size()));
+  writeDamage(json, damage);
+  json.endObject();
   return json.text() + "\n";
 }
 
-std::string foundJson(const std::string& word, const std::vector<StoredEntry>& found) {
+std::string foundJson(const std::string& word, const std::vector<StoredEntry>& found,
+                      const UserDamage& damage) {
   JsonWriter json;
   json.beginObject().member("schema", 1).member("query", word);
   json.member("status", found.empty() ? "not_found" : "found").key("entries").beginArray();
   for (size_t i = 0; i < found.size(); ++i) writeEntry(json, found[i].entry, i + 1);
-  json.endArray().endObject();
+  json.endArray();
+  writeDamage(json, damage);
+  json.endObject();
   return json.text() + "\n";
 }
 
@@ -110,10 +118,12 @@ std::string foundJson(const std::string& word, const std::vector<StoredEntry>& f
 int runUserFind(const UserOptions& options) {
   const UserLanguage language = options.language().value_or(guessLanguage(options.word));
   std::vector<StoredEntry> found;
-  const Failure failure = readFound(language, options.word, &found);
-  if (failure && found.empty() && !isUnclear(failure)) return report(failure, options.json);
+  UserDamage damage;
+  if (const Failure failure = readFound(language, options.word, &found, &damage))
+    return report(failure, options.json);
+  if (damage && found.empty() && !isUnclear(damage.failure)) return report(damage.failure, options.json);
   if (options.json) {
-    std::fputs(foundJson(options.word, found).c_str(), stdout);
+    std::fputs(foundJson(options.word, found, damage).c_str(), stdout);
   } else if (found.empty()) {
     std::fprintf(stderr, "zavel: you have no %s entry \"%s\"\n", languageName(language),
                  printable(options.word).c_str());
@@ -121,16 +131,17 @@ int runUserFind(const UserOptions& options) {
   if (!options.json) {
     for (size_t i = 0; i < found.size(); ++i) std::fputs(entryText(found[i].entry, i + 1).c_str(), stdout);
   }
-  const int status = failure ? reportDamage(failure) : kExitFound;
+  const int status = damage ? reportDamage(damage) : kExitFound;
   return status == kExitFound && found.empty() ? kExitNothing : status;
 }
 
 int runUserList(const UserOptions& options) {
   Words words;
-  const Failure failure = readWords(options, &words);
-  if (failure && words.empty() && !isUnclear(failure)) return report(failure, options.json);
+  UserDamage damage;
+  if (const Failure failure = readWords(options, &words, &damage)) return report(failure, options.json);
+  if (damage && words.empty() && !isUnclear(damage.failure)) return report(damage.failure, options.json);
   if (options.json) {
-    std::fputs(wordsJson(words).c_str(), stdout);
+    std::fputs(wordsJson(words, damage).c_str(), stdout);
   } else {
     for (const auto& [language, word] : words) std::printf("%s\n", withoutControls(word).c_str());
     if (words.empty()) {
@@ -138,7 +149,7 @@ int runUserList(const UserOptions& options) {
                                                   : "zavel: none of your words begins so\n");
     }
   }
-  const int status = failure ? reportDamage(failure) : kExitFound;
+  const int status = damage ? reportDamage(damage) : kExitFound;
   return status == kExitFound && words.empty() ? kExitNothing : status;
 }
 

@@ -59,7 +59,7 @@ Failure readTable(std::string_view text, const UserLanguage* language, std::vect
 }
 
 Failure readJson(std::string_view text, const UserLanguage* language, std::vector<ImportItem>* items,
-                 bool* byLine) {
+                 bool* byLine, std::string* damage) {
   std::vector<JsonEntry> read;
   *byLine = !isJsonDocument(text);
   if (*byLine) {
@@ -69,7 +69,7 @@ Failure readJson(std::string_view text, const UserLanguage* language, std::vecto
     });
     return {};
   }
-  if (!readJsonDocument(text, language, &read)) {
+  if (!readJsonDocument(text, language, &read, damage)) {
     const std::string fault = jsonFault(text);
     return noTable(fault.empty() ? "the JSON has neither entries nor a list of them"
                                  : "it breaks off at " + fault);
@@ -92,7 +92,7 @@ bool isOfEntry(const Failure& failure) {
 }  // namespace
 
 Failure readImport(std::string_view text, const UserLanguage* language, std::vector<ImportItem>* items,
-                   bool* byLine) {
+                   bool* byLine, std::string* damage) {
   *byLine = true;
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   using namespace std::string_view_literals;
@@ -105,7 +105,7 @@ Failure readImport(std::string_view text, const UserLanguage* language, std::vec
   const size_t first = text.find_first_not_of(" \t\r\n");
   if (first == std::string_view::npos) return {};
   const bool json = text[first] == '{' || text[first] == '[';
-  return json ? readJson(text, language, items, byLine) : readTable(text, language, items);
+  return json ? readJson(text, language, items, byLine, damage) : readTable(text, language, items);
 }
 
 UserImport::UserImport(const UserOptions& options, std::vector<ImportItem>* items)
@@ -113,15 +113,15 @@ UserImport::UserImport(const UserOptions& options, std::vector<ImportItem>* item
 
 // Damage of one language's entries is none of the other's.
 Failure UserImport::run() {
-  Failure damage;
+  UserDamage damage;
   for (const UserLanguage language : {UserLanguage::kEnglish, UserLanguage::kJapanese}) {
     if (interrupted()) break;
     const Failure failure = runLanguage(language);
-    addDamage(failure, &damage);
+    damage.add(failure);
     if (failure && failure.status != kExitDamaged) break;
   }
   counts_.refused = items_.size() - sound(items_);
-  return damage;
+  return damage.failure;
 }
 
 Failure UserImport::runLanguage(UserLanguage language) {

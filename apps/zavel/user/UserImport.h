@@ -24,8 +24,9 @@ struct ImportItem {
 
 // Finds out the form of `text` and takes it apart; entries are settled. A failure where it is none at all.
 // *byLine: whether `line` counts lines.
+// *damage: what it tells of the entries, where these were damaged when it was exported.
 Failure readImport(std::string_view text, const UserLanguage* language, std::vector<ImportItem>* items,
-                   bool* byLine);
+                   bool* byLine, std::string* damage);
 
 struct ImportCounts {
   size_t added = 0, replaced = 0, present = 0, skipped = 0, refused = 0;

@@ -22,7 +22,7 @@ bool readInput(const std::string& file, std::string* text) {
     std::fprintf(stderr, "Reading entries from the terminal; Ctrl-D ends them\n");
   char piece[65536];
   // What ends a terminal's input once would be waited for again.
-  while (text->size() <= kLongestInput && !std::feof(in) && !std::ferror(in)) {
+  while (text->size() <= kLongestInput && !std::feof(in) && !std::ferror(in) && !interrupted()) {
     text->append(piece, std::fread(piece, 1, sizeof piece, in));
   }
   const bool whole = !std::ferror(in) && text->size() <= kLongestInput;
@@ -35,9 +35,12 @@ Failure notRead(const std::string& file) {
           "Give a file that can be read, of at most 512 MB."};
 }
 
+std::string fileName(const UserOptions& options) {
+  return options.file == "-" ? "standard input" : options.file;
+}
+
 std::string whereIs(const UserOptions& options, const ImportItem& item, bool byLine) {
-  const std::string name = options.file == "-" ? "standard input" : options.file;
-  return name + (byLine ? ":" : ": entry ") + std::to_string(item.line);
+  return fileName(options) + (byLine ? ":" : ": entry ") + std::to_string(item.line);
 }
 
 void tellRefused(const UserOptions& options, const std::vector<ImportItem>& items, bool byLine) {
@@ -59,7 +62,7 @@ std::string summary(const ImportCounts& counts) {
 
 // What went in, and what was refused, is told beside a failure, too.
 std::string summaryJson(const ImportCounts& counts, const std::vector<ImportItem>& items, const char* status,
-                        const Failure& failure) {
+                        const Failure& failure, const std::string& damage) {
   JsonWriter json;
   const auto number = [&json](const char* key, size_t value) {
     json.member(key, static_cast<int64_t>(value));
@@ -78,6 +81,7 @@ std::string summaryJson(const ImportCounts& counts, const std::vector<ImportItem
         .endObject();
   }
   json.endArray();
+  if (!damage.empty()) json.member("damaged_export", damage);
   if (failure) {
     json.key("error").beginObject().member("code", failure.code).member("message", failure.message);
     json.member("hint", failure.hint).endObject();
@@ -95,15 +99,21 @@ int statusOf(const ImportCounts& counts) {
 }  // namespace
 
 int runUserImport(const UserOptions& options) {
+  watchInterrupts();
   std::string text;
-  if (!readInput(options.file, &text)) return report(notRead(options.file), options.json);
+  const bool read = readInput(options.file, &text);
+  if (interrupted()) {
+    warn("interrupted; nothing was added");
+    return interruptedStatus();
+  }
+  if (!read) return report(notRead(options.file), options.json);
   std::vector<ImportItem> items;
   bool byLine = true;
   const std::optional<UserLanguage> language = options.language();
-  if (Failure failure = readImport(text, language ? &*language : nullptr, &items, &byLine)) {
+  std::string damage;
+  if (Failure failure = readImport(text, language ? &*language : nullptr, &items, &byLine, &damage)) {
     return report(failure, options.json);
   }
-  watchInterrupts();
   Failure failure;
   ImportCounts counts;
   {
@@ -111,10 +121,13 @@ int runUserImport(const UserOptions& options) {
     failure = import.run();
     counts = import.counts();
   }
+  if (!damage.empty())
+    warn(fileName(options) + " is an export of entries that were damaged: " + printable(damage));
   tellRefused(options, items, byLine);
   const bool whole = !failure && !interrupted();
   const char* status = failure ? "error" : !whole ? "interrupted" : counts.refused > 0 ? "partly" : "done";
-  std::fputs((options.json ? summaryJson(counts, items, status, failure) : summary(counts)).c_str(), stdout);
+  std::fputs((options.json ? summaryJson(counts, items, status, failure, damage) : summary(counts)).c_str(),
+             stdout);
   if (failure) return report(failure, false);
   if (interrupted()) {
     std::fflush(stdout);

@@ -41,6 +41,10 @@ constexpr size_t kLetters = 26, kLettersOrEnd = kLetters + 1;
 constexpr size_t kUnderLetter = 1 + kLetters * kLettersOrEnd;  // rows of table C under one of table A
 constexpr size_t kKana = 83, kKanaOrEnd = kKana + 1;
 constexpr uint8_t kFirstKana = 0x9F;
+constexpr size_t kEnglishSize = kUserHeader + 2 * kTableHead + kTableHeadC + kLetters * kRowAE +
+                                kLetters * kLettersOrEnd * kRowB + kLetters * kUnderLetter * kRowC;
+constexpr size_t kKanaSize =
+    kUserHeader + kTableHead + kTableHeadC + kKana * kRowAE + kKana * kKanaOrEnd * kRowC;
 
 uint8_t keyAt(std::string_view table, size_t rowSize, size_t row) {
   return static_cast<uint8_t>(table[row * rowSize]);
@@ -142,6 +146,8 @@ UserIndex::UserIndex(const std::string& path, uint16_t type) {
 }
 
 bool UserIndex::read(const std::string& bytes, uint16_t type) {
+  const bool empty = bytes.find_first_not_of('\0') == std::string::npos;
+  shaped_ = !empty && bytes.size() == (type == kTypeE ? kEnglishSize : type == kTypeKana ? kKanaSize : 0);
   if (bytes.size() < kUserHeader) return false;
   further_ = readLE16(bytesOf(bytes) + kKjiCountOffset);
   size_t table = kUserHeader;
@@ -151,6 +157,7 @@ bool UserIndex::read(const std::string& bytes, uint16_t type) {
   uint32_t size = 0;
   if (!file.readLE32At(table, &size) || !file.contains(table + kTableHeadC, size)) return false;
   const std::string_view c = std::string_view(bytes).substr(table + kTableHeadC, size);
+  shaped_ = shaped_ || type == kTypeKji;
   if (!(type == kTypeE ? hasAllLetters(a, b, c) : type == kTypeKana ? hasAllKana(a, c) : isInOrder(a, c)))
     return false;
   readRows(a, b, c, type);

@@ -20,6 +20,8 @@ class UserIndex {
   // Whether its tables lie inside it and have the rows that they must have, in order. Readings and English
   // words have all rows from the beginning.
   bool sound() const { return sound_; }
+  // Whether it has at least the size of one, or its tables: it was an index once.
+  bool shaped() const { return shaped_; }
   // The number that the header of a first kanji index has for further ones.
   uint16_t furtherIndexes() const { return further_; }
   // A fingerprint of the file's bytes.
@@ -40,6 +42,7 @@ class UserIndex {
 
   bool readable_ = false;
   bool sound_ = false;
+  bool shaped_ = false;
   uint16_t further_ = 0;
   uint64_t hash_ = 0;
   std::vector<Row> rows_;

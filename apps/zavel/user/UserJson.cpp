@@ -99,6 +99,13 @@ size_t findFault(std::string_view text, std::string* complaint) try {
   return parse ? std::clamp<size_t>(parse->byte, 1, text.size() + 1) : 1;
 }
 
+std::string damageOf(const Json& document) {
+  const auto damage = document.find("damage");
+  if (damage == document.end()) return {};
+  const bool told = damage->is_object() && damage->contains("message") && (*damage)["message"].is_string();
+  return told ? (*damage)["message"].get<std::string>() : "they were damaged";
+}
+
 JsonEntry entryOf(const Json& object, const UserLanguage* language) {
   JsonEntry read;
   read.wrong = takeEntry(object, language, &read.entry);
@@ -126,7 +133,8 @@ JsonEntry readJsonEntry(std::string_view object, const UserLanguage* language) {
   return entryOf(json, language);
 }
 
-bool readJsonDocument(std::string_view text, const UserLanguage* language, std::vector<JsonEntry>* entries) {
+bool readJsonDocument(std::string_view text, const UserLanguage* language, std::vector<JsonEntry>* entries,
+                      std::string* damage) {
   const Json json = Json::parse(text, nullptr, false);
   const Json* list = &json;
   if (json.is_object()) {
@@ -136,6 +144,7 @@ bool readJsonDocument(std::string_view text, const UserLanguage* language, std::
       return json.contains("word");
     }
     list = &*found;
+    *damage = damageOf(json);
   }
   if (!list->is_array()) return false;
   for (const Json& object : *list) entries->push_back(entryOf(object, language));

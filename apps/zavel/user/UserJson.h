@@ -25,7 +25,9 @@ JsonEntry readJsonEntry(std::string_view object, const UserLanguage* language);
 
 // Reads a document: a list of entries, or an object that has one as "entries". False when it is none of
 // these.
-bool readJsonDocument(std::string_view text, const UserLanguage* language, std::vector<JsonEntry>* entries);
+// `damage`: what an export of damaged entries tells of them; untouched otherwise.
+bool readJsonDocument(std::string_view text, const UserLanguage* language, std::vector<JsonEntry>* entries,
+                      std::string* damage);
 
 // Whether the text is meant as one JSON value, not as one entry a line: it is one, or begins a list, or its
 // first line goes on in the next, which is no value either.

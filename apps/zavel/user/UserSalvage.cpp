@@ -2,6 +2,7 @@
 #include "user/UserSalvage.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 #include "QueryText.h"
@@ -43,7 +44,11 @@ class Salvage {
   Salvage(UserLanguage language, const UserPaths& paths)
       : language_(language), paths_(paths), entries_(paths(userFiles(language).back()), kEntriesWindow) {}
 
-  SalvagedEntries run(const UserStamp& stamp) {
+  SalvagedEntries run(const UserStamp& stamp, bool fits) {
+    if (fits && stamp.entriesEnd == entries_.size()) {
+      takeUnreached(stamp);  // no index has been looked at
+      return std::move(found_);
+    }
     const UserIndex index(paths_(userFiles(language_).front()), type());
     if (!index.sound()) {
       takeAll();
@@ -145,11 +150,19 @@ class Salvage {
   void loseRow(const std::string& prefix, const std::string& key, bool named, const std::string& own) {
     const bool otherBlock = !own.empty() && !own.starts_with(prefix);
     lose(keyText(named && !otherBlock ? key : prefix, type()) + (named && !otherBlock ? "" : "..."));
-    if (!own.empty() && !otherBlock) lose(keyText(own, type()));
+    // The same entry under another name.
+    const std::string other = own.empty() || otherBlock ? std::string() : keyText(own, type());
+    if (!other.empty() && !named_.contains(other)) lose(other);
   }
 
+  // One more entry of the word; of a beginning its name alone.
   void lose(const std::string& word) {
-    if (named_.insert(word).second) found_.lost.push_back(word);
+    const auto [known, isNew] = named_.try_emplace(word, found_.lost.size());
+    if (isNew) {
+      found_.lost.push_back({language_, word, 1});
+    } else if (!word.ends_with("...")) {
+      ++found_.lost[known->second].entries;
+    }
   }
 
   // Bytes of its text, 0 where none can be read whole; and the key under which it is to be filed.
@@ -169,14 +182,15 @@ class Salvage {
   WindowFile entries_;
   std::set<uint64_t> starts_;  // of entries, as the rows have them
   std::set<uint32_t> seen_;
-  std::set<std::string> named_;  // of the lost
+  std::map<std::string, size_t> named_;  // where it stands among the lost
   SalvagedEntries found_;
 };
 
 }  // namespace
 
-SalvagedEntries salvageEntries(UserLanguage language, const UserPaths& paths, const UserStamp& stamp) {
-  return Salvage(language, paths).run(stamp);
+SalvagedEntries salvageEntries(UserLanguage language, const UserPaths& paths, const UserStamp& stamp,
+                               bool fits) {
+  return Salvage(language, paths).run(stamp, fits);
 }
 
 std::vector<std::string> headwordsOf(const std::vector<UserEntry>& entries) {
@@ -191,16 +205,19 @@ std::vector<std::string> headwordsOf(const std::vector<UserEntry>& entries) {
 }
 
 std::string lostText(const SalvagedEntries& entries) {
-  const std::vector<std::string>& lost = entries.lost;
+  const std::vector<LostWord>& lost = entries.lost;
   if (entries.byFile && !entries.entries.empty())
     return std::string("entries that you deleted or changed may be among those that can be read") +
            (entries.gaps ? ", and others can't be read" : "");
   if (lost.empty()) return entries.entries.empty() ? "" : "each of them can be read";
   std::string text;
-  for (size_t i = 0; i < std::min(lost.size(), kMostNamed); ++i)
-    text += (i > 0 ? ", \"" : "\"") + lost[i] + "\"";
+  for (size_t i = 0; i < std::min(lost.size(), kMostNamed); ++i) {
+    text += (i > 0 ? ", \"" : "\"") + lost[i].word + "\"";
+    if (lost[i].entries > 1) text += " (" + std::to_string(lost[i].entries) + " entries)";
+  }
   if (lost.size() > kMostNamed) text += " and " + std::to_string(lost.size() - kMostNamed) + " others";
-  return (lost.size() == 1 ? "the entry " : "the entries ") + text + " can't be read";
+  const bool one = lost.size() == 1 && lost[0].entries == 1;
+  return (one ? "the entry " : "the entries ") + text + " can't be read";
 }
 
 }  // namespace zavel::host

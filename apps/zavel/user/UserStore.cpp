@@ -191,17 +191,19 @@ Failure UserStore::check() const {
   return UserRecovery(place_, language_).damage(UserCheck::kAll, nullptr);
 }
 
-Failure UserStore::salvage(Failure damage, std::vector<UserEntry>* entries) const {
+Failure UserStore::salvage(Failure damage, std::vector<UserEntry>* entries) {
   const UserPaths paths = [this](const std::string& name) { return place_.file(name); };
   const bool whole = isUnclear(damage);
   // A damaged file of entries is hardly another one: what was deleted in it is where it was.
   UserStamp stamp = UserStamp::read(place_, language_);
-  if (whole && !stamp.fits(place_, language_)) stamp.dead.clear();
-  SalvagedEntries found = salvageEntries(language_, paths, stamp);
+  const bool fits = stamp.fits(place_, language_);
+  if (whole && !fits) stamp.dead.clear();
+  SalvagedEntries found = salvageEntries(language_, paths, stamp, fits && !whole);
   const std::string lost = whole ? std::string() : lostText(found);
   if (!lost.empty()) damage.message += "; " + lost;
   if (!whole) damage.hint = kDamageHint;
   *entries = std::move(found.entries);
+  lost_ = whole ? std::vector<LostWord>() : std::move(found.lost);
   return damage;
 }
 

@@ -64,7 +64,9 @@ class UserStore {
 
   // For the words of damaged dictionaries: the entries that can be read, one by one, whether open() went well
   // or not. The failure, with what can't be read in its message.
-  Failure salvage(Failure damage, std::vector<UserEntry>* entries) const;
+  Failure salvage(Failure damage, std::vector<UserEntry>* entries);
+  // What the last of these didn't find.
+  const std::vector<LostWord>& lost() const { return lost_; }
 
   // Every entry. Of a damaged dictionary those that can be read, with the failure that tells of the others.
   Failure readAll(Failure opened, std::vector<UserEntry>* entries);
@@ -114,6 +116,7 @@ class UserStore {
   bool changed_ = false;  // in memory: the index in its file is another
   bool accepting_ = false;
   Failure unclear_;
+  std::vector<LostWord> lost_;
   // For the stamp: what nothing leads to.
   FileRanges dead_;
   bool refused_ = false;  // texts of entries may stand there that were not taken into the index then

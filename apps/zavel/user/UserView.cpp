@@ -44,16 +44,29 @@ Failure badEntry(const std::string& why) {
   return {kExitUsage, "refused", why, "Nothing was stored. Change the text, then try again."};
 }
 
-void addDamage(const Failure& more, Failure* damage) {
+void UserDamage::add(const Failure& more, const std::vector<LostWord>& lostToo) {
   if (!more) return;
-  const Failure first = *damage;
-  *damage = first && !isUnclear(first) ? first : more;
-  damage->message = first ? first.message + "; " + more.message : more.message;
+  const Failure first = failure;
+  failure = first && !isUnclear(first) ? first : more;
+  failure.message = first ? first.message + "; " + more.message : more.message;
+  lost.insert(lost.end(), lostToo.begin(), lostToo.end());
 }
 
-int reportDamage(const Failure& damage) {
-  const int status = report(damage, false);
-  return isUnclear(damage) ? kExitFound : status;
+void writeDamage(JsonWriter& json, const UserDamage& damage) {
+  if (!damage) return;
+  json.key("damage").beginObject().member("code", damage.failure.code);
+  json.member("message", damage.failure.message).member("hint", damage.failure.hint);
+  json.key("lost").beginArray();
+  for (const LostWord& word : damage.lost) {
+    json.beginObject().member("lang", languageCode(word.language)).member("word", word.word);
+    json.member("entries", static_cast<int64_t>(word.entries)).endObject();
+  }
+  json.endArray().endObject();
+}
+
+int reportDamage(const UserDamage& damage) {
+  const int status = report(damage.failure, false);
+  return isUnclear(damage.failure) ? kExitFound : status;
 }
 
 std::string inQuotes(std::string_view text) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "Failure.h"
+#include "JsonWriter.h"
 #include "user/UserOptions.h"
 #include "user/UserStore.h"
 
@@ -25,12 +26,22 @@ std::unique_ptr<UserStore> makeStore();
 // The failure of a text that can't be stored.
 Failure badEntry(const std::string& why);
 
-// Adds what is wrong with the entries of another language; the graver of both decides.
-void addDamage(const Failure& more, Failure* damage);
+// What is wrong with the entries that were shown.
+struct UserDamage {
+  Failure failure;
+  std::vector<LostWord> lost;
+
+  explicit operator bool() const { return static_cast<bool>(failure); }
+  // Adds what is wrong with those of another language; the graver of both decides.
+  void add(const Failure& more, const std::vector<LostWord>& lostToo = {});
+};
+
+// The member `damage` of documents; none for entries that are whole.
+void writeDamage(JsonWriter& json, const UserDamage& damage);
 
 // Tells what is wrong with entries that were shown as far as they can be read, and gives the status. Of those
 // that aren't clear all were shown.
-int reportDamage(const Failure& damage);
+int reportDamage(const UserDamage& damage);
 
 // A text of the user's in quotes, fit for one line of a message.
 std::string inQuotes(std::string_view text);

@@ -86,7 +86,7 @@ TEST_F(UserCheckTest, AKeyThatIsNotThatOfItsEntryIsTold) {
   EXPECT_EQ(wrong(kE), "myej.dic holds other entries than are looked for in it");
   put("myej.dic", dic);
   put("myej.idx", with(idx, 128 + 8, 'b'));
-  EXPECT_EQ(wrong(kE), "myej.idx is no index");
+  EXPECT_EQ(wrong(kE), "myej.idx was changed or is damaged");
   put("myej.idx", idx);
   EXPECT_EQ(wrong(kE), "");
 }
@@ -101,7 +101,9 @@ TEST_F(UserCheckTest, AnIndexWithAPageOfZerosIsNone) {
       std::string zeroed = whole;
       const size_t length = std::min<size_t>(4096, whole.size() - page);
       put(name, zeroed.replace(page, length, std::string(length, '\0')));
-      EXPECT_EQ(check(language, UserCheck::kIndexes).wrong(), name + std::string(" is no index")) << page;
+      EXPECT_EQ(check(language, UserCheck::kIndexes).wrong(),
+                name + std::string(" was changed or is damaged"))
+          << page;
     }
     put(name, whole);
   }

@@ -548,11 +548,11 @@ TEST_F(UserCommandTest, ADamagedDictionaryHidesNoOwnWords) {
 }
 
 TEST_F(UserCommandTest, AFolderThatCantBeMadeIsNamed) {
-  std::ofstream(users()) << "in the way";
-  const Outcome outcome = run({"add", "bank", "銀行"});
+  std::ofstream(file("plain")) << "in the way";
+  const Outcome outcome = user({"add", "bank", "銀行"}).env("ZAVEL_ROOT", file("plain")).run();
   EXPECT_EQ(outcome.status, 3);
   EXPECT_EQ(outcome.err,
-            "zavel: the folder " + users() +
+            "zavel: the folder " + file("plain") + "/user" +
                 " can't be made\nSee whether the disk is full, or the folder above it not yours.\n");
 }
 

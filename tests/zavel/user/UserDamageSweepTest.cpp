@@ -74,8 +74,9 @@ class UserDamageSweep : public UserSetTest {
   }
 
   // Whether the salvage names the word of an entry, or the beginning of words that it is one of.
-  static bool isNamed(const std::string& word, const Lines& lost) {
-    return std::any_of(lost.begin(), lost.end(), [&](const std::string& name) {
+  static bool isNamed(const std::string& word, const std::vector<LostWord>& lost) {
+    return std::any_of(lost.begin(), lost.end(), [&](const LostWord& one) {
+      const std::string& name = one.word;
       return name == word || (name.ends_with("...") && word.starts_with(name.substr(0, name.size() - 3)));
     });
   }

@@ -118,6 +118,7 @@ class UserDamageTest : public test::RootTest, public testing::WithParamInterface
 TEST_P(UserDamageTest, EveryCommandTellsItAndLosesNothing) {
   const Damage& damage = GetParam();
   makeSets();
+  for (const char* stamp : {"myej.stamp", "myje.stamp"}) fs::remove(users() + stamp);
   const std::string name = std::string("my") + damage.name;
   Files whole = files();
   put(name, damage.how ? damage.how(whole[name]) : whole["my" + std::string(damage.other)]);
@@ -159,6 +160,26 @@ TEST_P(UserDamageTest, EveryCommandTellsItAndLosesNothing) {
   EXPECT_EQ(files(), damaged);
 }
 
+// The stamp tells which entries in the file of entries are to be there: no other file is needed to read them.
+TEST_P(UserDamageTest, WithAStampDamageOfOtherFilesHidesNothing) {
+  const Damage& damage = GetParam();
+  if (std::string(damage.name).ends_with(".dic")) return;
+  for (const char* word : {"deleted", "さくじょ"}) {
+    ASSERT_EQ(user({"add", word, "x"}).status, 0);
+    ASSERT_EQ(user({"delete", word}).status, 0);
+  }
+  makeSets();
+  const std::string name = std::string("my") + damage.name;
+  Files whole = files();
+  put(name, damage.how ? damage.how(whole[name]) : whole["my" + std::string(damage.other)]);
+  const bool english = damage.name[0] == 'e';
+  const test::Outcome list = user({"list", "--lang", english ? "en" : "ja"});
+  EXPECT_EQ(list.status, 5);
+  EXPECT_EQ(list.out, english ? "ant\nbee\ngrok\n" : "あり\nはち\n");
+  EXPECT_NE(list.err.find("; each of them can be read\n"), std::string::npos) << list.err;
+  EXPECT_EQ(user({"export", "--lang", english ? "en" : "ja"}).status, 5);
+}
+
 INSTANTIATE_TEST_SUITE_P(All, UserDamageTest, testing::ValuesIn(kDamages));
 
 using UserDamage = UserDamageTest;
@@ -185,6 +206,24 @@ TEST_F(UserDamage, OneBadEntryKeepsNoOtherFromBeingExported) {
   const test::Outcome other = user({"find", "ant"});
   EXPECT_EQ(other.status, 5);
   EXPECT_EQ(other.out, "1  ant  [noun]  x\n");
+}
+
+// Entries that are filed alike have one name among the lost.
+TEST_F(UserDamage, AsManyEntriesAsAreLostAreTold) {
+  for (const char* meaning : {"x", "y", "z"}) ASSERT_EQ(user({"add", "bee", meaning}).status, 0);
+  ASSERT_EQ(user({"add", "grok", "x"}).status, 0);
+  Bytes dic = files()["myej.dic"];
+  for (const char* meaning : {"\xF5\xD4x", "\xF5\xD4z"}) dic.replace(dic.find(meaning), 2, "\xF5\xD7");
+  put("myej.dic", dic);
+  const test::Outcome list = user({"list"});
+  EXPECT_EQ(list.status, 5);
+  EXPECT_EQ(list.out, "bee\ngrok\n");
+  EXPECT_NE(list.err.find("; the entries \"bee\" (2 entries) can't be read\n"), std::string::npos)
+      << list.err;
+  dic.replace(dic.rfind("\xF5\xD4x"), 2, "\xF5\xD7");
+  put("myej.dic", dic);
+  EXPECT_NE(user({"list"}).err.find("; the entries \"bee\" (2 entries), \"grok\" can't be read\n"),
+            std::string::npos);
 }
 
 TEST_F(UserDamage, OneBadMarkKeepsNoOtherWordFromBeingListed) {
@@ -259,6 +298,39 @@ TEST_F(UserDamage, AnImportTellsAsJsonWhatWentInBesideTheDamage) {
   EXPECT_EQ(json["refused"][0]["line"], 4);
 }
 
+// Documents of damaged entries say so themselves, and an import passes it on.
+TEST_F(UserDamage, DocumentsTellTheDamage) {
+  makeSets();
+  put("myej.dic", shorter(files()["myej.dic"]));
+  const std::string message =
+      "your English entries in " + root() +
+      "/user are damaged: myej.dic ends too soon; no backup stands there, nothing was "
+      "changed; the entry \"grok\" can't be read";
+  const auto lost = nlohmann::json::parse(R"([{"lang":"en","word":"grok","entries":1}])");
+  const std::string words = this->file("words.json");
+  EXPECT_EQ(user({"export", words, "--format", "json"}).status, 5);
+  std::ifstream in(words);
+  const auto exported = nlohmann::json::parse(in);
+  for (const auto& json : {exported, nlohmann::json::parse(user({"list", "--json"}).out),
+                           nlohmann::json::parse(user({"find", "ant", "--json"}).out),
+                           nlohmann::json::parse(user({"export", "--json"}).out)}) {
+    EXPECT_EQ(json["damage"]["code"], "damaged_user_dictionary");
+    EXPECT_EQ(json["damage"]["message"], message);
+    EXPECT_EQ(json["damage"]["hint"].get<std::string>().substr(0, 10), "Put a copy");
+    EXPECT_EQ(json["damage"]["lost"], lost);
+  }
+  EXPECT_EQ(exported["entries"].size(), 4u);
+  fs::remove_all(users());
+  const test::Outcome imported = user({"import", words});
+  EXPECT_EQ(imported.status, 0);
+  EXPECT_EQ(imported.out, "4 entries added\n");
+  EXPECT_EQ(imported.err,
+            "zavel: " + words + " is an export of entries that were damaged: " + message + "\n");
+  EXPECT_EQ(nlohmann::json::parse(user({"import", words, "--json"}).out)["damaged_export"], message);
+  EXPECT_FALSE(nlohmann::json::parse(user({"export", "--json"}).out).contains("damage"));
+  EXPECT_FALSE(nlohmann::json::parse(user({"list", "--json"}).out).contains("damage"));
+}
+
 // As a disk leaves it that lost a page.
 TEST_F(UserDamage, WhatALostPageOfTheIndexHidesIsSaved) {
   makeSets();
@@ -268,6 +340,8 @@ TEST_F(UserDamage, WhatALostPageOfTheIndexHidesIsSaved) {
     if (marked) put(".changing-en", "x");
     const test::Outcome exported = user({"export", "--lang", "en"});
     EXPECT_EQ(exported.status, 5);
+    EXPECT_NE(exported.err.find("are damaged: myej.idx was changed or is damaged; "), std::string::npos)
+        << exported.err;
     EXPECT_NE(exported.out.find("\tgrok\t"), std::string::npos) << exported.out;
     EXPECT_EQ(user({"arrange", "--lang", "en"}).status, 5);
   }

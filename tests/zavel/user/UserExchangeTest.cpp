@@ -2,6 +2,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -294,6 +295,31 @@ TEST_F(UserExchangeTest, ProgressComesAsJson) {
   const Outcome refused = import("word\tmeaning\nbee\t蜂\n7\tx\n", {"--progress", "json"});
   EXPECT_EQ(refused.err.substr(0, refused.err.find('\n')),
             R"({"event":"progress","stage":"Importing","done":1,"total":1})");
+}
+
+// Standard input is a pipe that nothing comes from; the signal finds the program waiting for it.
+TEST_F(UserExchangeTest, AnInterruptAheadOfTheEntriesIsTold) {
+  const std::string pipe = file("pipe");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const int both = open(pipe.c_str(), O_RDWR);
+  ASSERT_GE(both, 0);
+  for (const bool json : {false, true}) {
+    std::vector<std::string> arguments = {"import", "-"};
+    if (json) arguments.push_back("--json");
+    const std::string ready = file(json ? "ready-json" : "ready");
+    std::thread feeder([&] {
+      EXPECT_EQ(write(both, "word\tmeaning\n", 13), 13);
+      for (int left = 1; left > 0; usleep(1000)) ioctl(both, FIONREAD, &left);
+      usleep(50000);
+      std::ofstream(ready).flush();
+    });
+    const Outcome outcome = user(arguments).inputFile(pipe).signalAt(ready, SIGINT).run();
+    feeder.join();
+    EXPECT_EQ(outcome.status, 130);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "zavel: interrupted; nothing was added\n");
+  }
+  close(both);
 }
 
 TEST_F(UserExchangeTest, AnInterruptKeepsWhatIsIn) {

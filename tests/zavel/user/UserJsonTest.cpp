@@ -50,14 +50,16 @@ TEST(UserJsonTest, WhatIsNoEntrySaysWhy) {
 TEST(UserJsonTest, ADocumentIsAListOrHasOne) {
   std::vector<JsonEntry> entries;
   const std::string list = "[" + std::string(kDog) + "," + kDog + "]";
-  EXPECT_TRUE(readJsonDocument(list, nullptr, &entries));
+  std::string damage;
+  EXPECT_TRUE(readJsonDocument(list, nullptr, &entries, &damage));
   EXPECT_EQ(entries.size(), 2u);
-  EXPECT_TRUE(readJsonDocument("{\"entries\":" + list + "}", nullptr, &entries));
+  EXPECT_TRUE(readJsonDocument("{\"entries\":" + list + "}", nullptr, &entries, &damage));
   EXPECT_EQ(entries.size(), 4u);
-  EXPECT_TRUE(readJsonDocument(kDog, nullptr, &entries));
+  EXPECT_TRUE(readJsonDocument(kDog, nullptr, &entries, &damage));
   EXPECT_EQ(entries.size(), 5u);
-  EXPECT_FALSE(readJsonDocument("{\"entries\":1}", nullptr, &entries));
-  EXPECT_FALSE(readJsonDocument("3", nullptr, &entries));
+  EXPECT_FALSE(readJsonDocument("{\"entries\":1}", nullptr, &entries, &damage));
+  EXPECT_EQ(damage, "");
+  EXPECT_FALSE(readJsonDocument("3", nullptr, &entries, &damage));
   EXPECT_TRUE(isJsonDocument(kDog));
   EXPECT_FALSE(isJsonDocument(std::string(kDog) + "\n" + kDog));
 }
