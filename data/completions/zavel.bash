@@ -71,7 +71,7 @@ _zavel() {
     user) words+=" add edit find list delete arrange import export" ;;
     "user add"*) words+=" --lang --pos --phrase --kanji --reading --example --sentence --force" ;;
     "user list"*) words+=" --lang" ;;
-    "user arrange") words+=" --lang" ;;
+    "user arrange") words+=" --lang --accept" ;;
     "user edit") words+=" --lang --number --set --no-input" ;;&
     "user find") words+=" --lang" ;;&
     "user delete") words+=" --lang --number --all --yes --no-input" ;;&

@@ -109,6 +109,7 @@ end
 complete -c zavel -n '__zavel_in user edit' -l set -x -d 'FIELD=TEXT'
 complete -c zavel -n '__zavel_in user delete' -l all -d 'All of its entries'
 complete -c zavel -n '__zavel_in user delete' -s y -l yes -d "Don't ask"
+complete -c zavel -n '__zavel_in user arrange' -l accept -d 'Take entries as they stand'
 complete -c zavel -n '__zavel_in user import' -l replace -d 'Replace your entry of the same word'
 complete -c zavel -n '__zavel_in user import' -l skip-existing -d 'Leave out words that are there'
 complete -c zavel -n '__zavel_in user import' -s f -l force -d 'Also what is there already'
