@@ -27,6 +27,15 @@ TEST(Summary, KeepsFiveSamplesOfAReason) {
             summary.text());
 }
 
+// Equal ones count, and are named once; dots stand where there are others.
+TEST(Summary, KeepsEqualSamplesOnce) {
+  Summary summary;
+  for (const char* word : {"a", "b", "a", "c", "d", "a", "e", "b"}) summary.leftOut("lost", word);
+  EXPECT_EQ("Left out or changed:\n          8  lost: a, b, c, d, e\n", summary.text());
+  summary.leftOut("lost", "f");
+  EXPECT_EQ("Left out or changed:\n          9  lost: a, b, c, d, e, ...\n", summary.text());
+}
+
 TEST(Summary, KeepsEverySampleForProgramsWhereAsked) {
   Summary summary;
   for (const char* word : {"a", "b", "c", "d", "e", "f"}) summary.leftOut("gap", word, true);

@@ -39,11 +39,16 @@ void Summary::count(const std::string& name, uint64_t by) {
 void Summary::leftOut(const std::string& reason, const std::string& sample, bool every) {
   auto at = std::find_if(reasons_.begin(), reasons_.end(), [&](const Reason& r) { return r.name == reason; });
   if (at == reasons_.end()) {
-    reasons_.push_back({reason, 0, {}});
+    reasons_.push_back({reason, 0, {}, false});
     at = reasons_.end() - 1;
   }
   ++at->count;
-  if (every || at->samples.size() < kSamples) at->samples.push_back(sample);
+  if (!every && std::find(at->samples.begin(), at->samples.end(), sample) != at->samples.end()) return;
+  if (every || at->samples.size() < kSamples) {
+    at->samples.push_back(sample);
+  } else {
+    at->more = true;
+  }
 }
 
 uint64_t Summary::valueOf(const std::string& name) const {
@@ -68,7 +73,7 @@ std::string Summary::text() const {
     out += padded(grouped(reason.count)) + "  " + reason.name + ": ";
     const size_t shown = std::min(reason.samples.size(), kSamples);
     for (size_t i = 0; i < shown; ++i) out += (i == 0 ? "" : ", ") + reason.samples[i];
-    out += reason.count > shown ? ", ...\n" : "\n";
+    out += reason.more || reason.samples.size() > shown ? ", ...\n" : "\n";
   }
   return out;
 }

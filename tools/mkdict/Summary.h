@@ -17,8 +17,8 @@ class Summary {
   // Counts one more under a figure.
   void count(const std::string& name, uint64_t by = 1);
 
-  // One thing left out or changed: `reason` groups, the first few `samples` of each reason are kept, or with
-  // `every` all of them, of which text() shows the first few. All UTF-8.
+  // One thing left out or changed: `reason` groups, the first few `samples` of each reason are kept, equal
+  // ones once, or with `every` all of them, of which text() shows the first few. All UTF-8.
   void leftOut(const std::string& reason, const std::string& sample, bool every = false);
 
   uint64_t valueOf(const std::string& name) const;  // 0 when never mentioned
@@ -33,6 +33,7 @@ class Summary {
     std::string name;
     uint64_t count = 0;
     std::vector<std::string> samples;  // at most five, or every one
+    bool more = false;                 // whether there were others than those kept
   };
   std::vector<std::pair<std::string, uint64_t>> figures_;
   std::vector<Reason> reasons_;
