@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
@@ -150,6 +152,15 @@ TEST_F(Build, LeadsReferencesToTheirEntries) {
   EXPECT_EQ(body.find("\x1F\x62", at + 2), std::string::npos);  // zebra has no entry
   EXPECT_EQ(summary_.valueOf("references"), 2u);
   EXPECT_EQ(summary_.leftOutCount("references to words that have no entry, written as plain text"), 1u);
+}
+
+TEST_F(Build, NamesALostReferenceOnce) {
+  files_.entry("emu\n    {zebra}, {zebra} and {ox}\n", {"emu"}).write(folder_.file("d"));
+  EXPECT_EQ(run().status, 0);
+  EXPECT_NE(summary_.text().find(
+                "          4  references to words that have no entry, written as plain text: zebra, ox\n"),
+            std::string::npos)
+      << summary_.text();
 }
 
 TEST_F(Build, FindsWordsAsTheyAreTyped) {
@@ -308,6 +319,25 @@ TEST_F(Build, LeavesNothingBehindWhenItFails) {
   for (const auto& found : fs::directory_iterator(folder_.path())) {
     EXPECT_EQ(found.path().string().find("partial"), std::string::npos) << found.path();
   }
+}
+
+// A run that was killed can't remove its folder. Numbers of processes end far below these.
+TEST_F(Build, RemovesWhatKilledRunsLeft) {
+  const auto leave = [this](const std::string& name, const std::string& file) {
+    fs::create_directory(folder_.file(name));
+    folder_.write(name + "/" + file, "x");
+    return folder_.file(name);
+  };
+  const std::string dead = leave("other.partial-99999999", "BODY.DAT");
+  const std::string alive = leave("other.partial-" + std::to_string(::getppid()), "BODY.DAT");
+  const std::string foreign = leave("mine.partial-99999998", "letter.txt");
+  const std::string named = leave("mine.partial-99999998x", "BODY.DAT");
+  const std::string held = leave("held.partial-99999997", "BODY.DAT");
+  const auto holder = std::make_unique<PartialFolder>(held);
+  EXPECT_EQ(run().status, 0);
+  EXPECT_FALSE(fs::exists(dead));
+  for (const std::string& left : {alive, foreign, named, held}) EXPECT_TRUE(fs::exists(left)) << left;
+  EXPECT_TRUE(fs::exists(held + "/BODY.DAT"));
 }
 
 // Whatever operation of the disk fails, once or from then on: the old book or the new one, each of them

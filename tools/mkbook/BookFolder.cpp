@@ -23,13 +23,6 @@ bool belongsToBook(const std::string& name) {
   return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-// A book's files by name, then the folder if nothing else is in it.
-void removeBook(const std::string& folder) {
-  for (const std::string& name : bookFileNames()) storage().remove(folder + "/" + name);
-  std::error_code ignored;
-  fs::remove(folder, ignored);
-}
-
 // An existing folder's real name, so that a link to it stays a link.
 std::string resolved(const std::string& target) {
   std::error_code error;
@@ -49,6 +42,12 @@ Failure badTarget(const std::string& message) {
 
 std::string multiFile(size_t form) {
   return "MULTI" + (form == 0 ? "" : std::to_string(form + 1)) + ".DAT";
+}
+
+void removeBook(const std::string& folder) {
+  for (const std::string& name : bookFileNames()) storage().remove(folder + "/" + name);
+  std::error_code ignored;
+  fs::remove(folder, ignored);
 }
 
 const std::vector<std::string>& bookFileNames() {
@@ -82,15 +81,17 @@ const std::vector<std::string>& bookFileNames() {
 }
 
 BookFolder::BookFolder(const std::string& target)
-    : target_(resolved(target)), partial_(target_ + ".partial-" + std::to_string(::getpid())) {
+    : target_(resolved(target)), partial_(partialNameOf(target_)) {
   check();
   std::error_code code;
   const std::string parent = fs::path(target_).parent_path().string();
   fs::create_directories(parent, code);
   if (code) throw badTarget("the folder " + parent + " can't be made: " + code.message());
+  removeAbandonedFolders(parent);
   removeBook(partial_);  // of a killed run with the same number
   errno = storage().makeFolder(partial_);
   if (errno != 0) throw writeFailure("making the folder " + partial_);
+  held_ = std::make_unique<PartialFolder>(partial_);
   unfinished_ = true;
 }
 

@@ -2,9 +2,12 @@
 #ifndef MKBOOK_BOOKFOLDER_H
 #define MKBOOK_BOOKFOLDER_H
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "mkbook/PartialFolder.h"
 
 namespace zavel::mkbook {
 
@@ -37,8 +40,12 @@ std::string multiFile(size_t form);
 
 const std::vector<std::string>& bookFileNames();
 
+// Removes a book's files by name, then the folder if nothing else is in it.
+void removeBook(const std::string& folder);
+
 // Files are written into a folder beside the target, `target`.partial-<process>, which takes the target's
-// name when all is on the disk. What stood there before is removed only after. A target that holds anything
+// name when all is on the disk. What stood there before is removed only after, and so are such folders there
+// that killed runs left behind. A target that holds anything
 // but the files of such a book is never touched. All operations throw Failure.
 class BookFolder {
  public:
@@ -60,6 +67,7 @@ class BookFolder {
 
   std::string target_;   // absolute
   std::string partial_;  // the folder being filled
+  std::unique_ptr<PartialFolder> held_;
   bool unfinished_ = false;
 };
 

@@ -2,10 +2,9 @@
 #include "mkbook/TextLines.h"
 
 #include <algorithm>
-#include <filesystem>
 
-#include "foundation/Storage.h"
 #include "mkbook/Failure.h"
+#include "mkbook/InputFile.h"
 #include "mkdict/Utf8.h"
 
 namespace zavel::mkbook {
@@ -14,18 +13,20 @@ namespace {
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
 
 std::string readFile(const std::string& path) {
-  std::error_code code;
-  if (!std::filesystem::is_regular_file(path, code))
-    throw Failure(mkdict::kExitEnvironment, "missing_input", path + " is missing, or no file",
-                  "Name a book in the form of mkbook-text(5).");
-  const uint64_t size = std::filesystem::file_size(path, code);
   std::string text;
-  if (!code && size > TextLines::kLargestFile)
-    throw Failure(mkdict::kExitDamaged, "too_large", path + " has more than 256 MB",
-                  "Make several books of it.");
-  if (!readWholeFile(path, TextLines::kLargestFile, &text))
-    throw Failure(mkdict::kExitEnvironment, "missing_input", path + " can't be read",
-                  "Give yourself the right to read it.");
+  switch (readInput(path, TextLines::kLargestFile, &text)) {
+    case InputState::kRead:
+      break;
+    case InputState::kTooLarge:
+      throw Failure(mkdict::kExitDamaged, "too_large", path + " has more than 256 MB",
+                    "Make several books of it.");
+    case InputState::kUnreadable:
+      throw Failure(mkdict::kExitEnvironment, "missing_input", path + " can't be read",
+                    "Give yourself the right to read it.");
+    default:
+      throw Failure(mkdict::kExitEnvironment, "missing_input", path + " is missing, or no file",
+                    "Name a book in the form of mkbook-text(5).");
+  }
   if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"))
     throw Failure(mkdict::kExitDamaged, "damaged_input", path + " is in UTF-16", "Save it as UTF-8.");
   return text;

@@ -1,10 +1,8 @@
 // Tests: tests/mkbook/TextSourceTest.cpp
 #include "mkbook/TextMedia.h"
 
-#include <filesystem>
-
-#include "foundation/Storage.h"
 #include "mkbook/Failure.h"
+#include "mkbook/InputFile.h"
 #include "mkbook/MediumFault.h"
 #include "mkbook/PictureFile.h"
 #include "mkbook/WaveFile.h"
@@ -25,14 +23,19 @@ std::string TextMedia::pathOf(const std::string& name) const {
 
 std::string TextMedia::read(const std::string& name) const {
   const std::string path = pathOf(name);
-  std::error_code code;
-  if (!std::filesystem::exists(path, code)) throw MediumFault("is missing; looked for as " + path);
-  if (!std::filesystem::is_regular_file(path, code)) throw MediumFault("is no file");
-  const uint64_t size = std::filesystem::file_size(path, code);
-  if (!code && size > kLargestMedium) throw MediumFault("has more than 128 MB");
   std::string bytes;
-  if (!readWholeFile(path, kLargestMedium, &bytes)) throw MediumFault("can't be read");
-  return bytes;
+  switch (readInput(path, kLargestMedium, &bytes)) {
+    case InputState::kRead:
+      return bytes;
+    case InputState::kMissing:
+      throw MediumFault("is missing; looked for as " + path);
+    case InputState::kNoFile:
+      throw MediumFault("is no file");
+    case InputState::kTooLarge:
+      throw MediumFault("has more than 128 MB");
+    default:
+      throw MediumFault("can't be read");
+  }
 }
 
 Medium TextMedia::load(const Key& key) const {
