@@ -77,8 +77,8 @@ class Checked {
     reading_.errors.error_exit = giveUp;
     reading_.errors.emit_message = noteWarning;
     reading_.progress.progress_monitor = boundScans;
+    reading_.picture.client_data = &reading_;  // stays when the rest is cleared
     jpeg_create_decompress(&reading_.picture);
-    reading_.picture.client_data = &reading_;
     reading_.picture.progress = &reading_.progress;
   }
   ~Checked() { jpeg_destroy_decompress(&reading_.picture); }
