@@ -15,6 +15,7 @@ _zavel_read() {
     fi
     case "$word" in
       --root | --mode | --color | --progress | --limit | -n | --suggest | --row) valued=$word ;;
+      --method | --dict | -d | --output | -o) valued=$word ;;
       --lang | --pos | --format | --number | --phrase | --kanji | --reading | --example | --sentence | --set) valued=$word ;;
       -*) ;;
       *) line+=("$word") ;;
@@ -34,6 +35,12 @@ _zavel_own_words() {
     < <(zavel "${root[@]}" user list -- "$1" 2>/dev/null | head -n 50)
 }
 
+_zavel_books() {
+  local name
+  while read -r name; do [[ "$name" == "$1"* ]] && COMPREPLY+=("$(printf '%q' "$name")"); done \
+    < <(zavel "${root[@]}" book list --plain 2>/dev/null | cut -f1)
+}
+
 _zavel() {
   local current=${COMP_WORDS[COMP_CWORD]} words="--json --root --help" valued
   local -a line root
@@ -44,6 +51,12 @@ _zavel() {
     --mode) COMPREPLY=($(compgen -W "all pos phrase example" -- "$current")); return ;;
     --color) COMPREPLY=($(compgen -W "auto always never" -- "$current")); return ;;
     --progress) COMPREPLY=($(compgen -W "auto bar plain json none" -- "$current")); return ;;
+    --method) COMPREPLY=($(compgen -W "exact forward backward keyword cross" -- "$current")); return ;;
+    --dict | -d) _zavel_books "$current"; return ;;
+    --output | -o)
+      compopt -o filenames 2>/dev/null
+      mapfile -t COMPREPLY < <(compgen -f -- "$current")
+      return ;;
     --lang) COMPREPLY=($(compgen -W "en ja" -- "$current")); return ;;
     --format) COMPREPLY=($(compgen -W "tsv json jsonl" -- "$current")); return ;;
     --pos) COMPREPLY=($(compgen -W "noun pronoun adjective adverb verb transitive intransitive preposition conjunction" -- "$current")); return ;;
@@ -54,7 +67,7 @@ _zavel() {
     ?*) return ;;
   esac
   case "${line[*]}" in
-    "") words+=" --version look dict prefs user paths about help" ;;
+    "") words+=" --version look dict prefs user book paths about help" ;;
     look | "look "*)
       words+=" --mode --list --forms --plain --limit --suggest --row --null --color --no-pager"
       if [[ "$current" != -* ]]; then
@@ -88,7 +101,23 @@ _zavel() {
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
         return
       fi ;;
-    help) words="look dict prefs user paths about" ;;
+    book) words+=" list info search show next prev menu multi gaiji picture sound icon" ;;
+    "book list") words+=" --plain" ;;
+    "book search"*) words+=" --method --query --dict --limit --plain --null --color --no-pager" ;;
+    "book show"* | "book next"* | "book prev"*) words+=" --limit --raw --color --no-pager" ;;&
+    "book menu"*) words+=" --color --no-pager" ;;&
+    "book multi"*) words+=" --limit --plain --color --no-pager" ;;&
+    "book gaiji"*) words+=" --half --output --color --no-pager" ;;&
+    "book picture"* | "book sound"*) words+=" --output --color" ;;&
+    "book icon"*) words+=" --small --output --color" ;;&
+    "book info" | "book show" | "book next" | "book prev" | "book menu" | "book multi" | "book gaiji" | "book picture" | \
+      "book sound" | "book icon")
+      if [[ "$current" != -* ]]; then
+        _zavel_books "$current"
+        return
+      fi ;;
+    help) words="look dict prefs user book paths about" ;;
+    "help book") words="list info search show next prev menu multi gaiji picture sound icon" ;;
     "help dict") words="build verify info" ;;
     "help prefs") words="dict" ;;
     "help user") words="add edit find list delete arrange import export" ;;

@@ -23,7 +23,7 @@ function __zavel_line
     for word in (commandline -opc)[2..-1]
         if test $valued -eq 1
             set valued 0
-        else if contains -- $word --root --mode --color --progress --limit -n --suggest --row --lang --pos --format --number --phrase --kanji --reading --example --sentence --set
+        else if contains -- $word --root --mode --color --progress --limit -n --suggest --row --lang --pos --format --number --phrase --kanji --reading --example --sentence --set --method --dict -d --output -o
             set valued 1
         else if not string match -q -- '-*' "$word"
             echo $word
@@ -47,11 +47,17 @@ function __zavel_positions
     zavel (__zavel_root) prefs dict list 2>/dev/null | string match -r '^\d+'
 end
 
+# Names of books.
+function __zavel_books
+    zavel (__zavel_root) book list --plain 2>/dev/null | cut -f1
+end
+
 complete -c zavel -f
 complete -c zavel -n __zavel_words -a look -d 'Look words up'
 complete -c zavel -n __zavel_words -a dict -d 'Make, check and describe the dictionary'
 complete -c zavel -n __zavel_words -a prefs -d 'Show and change preferences'
 complete -c zavel -n __zavel_words -a user -d 'Your own entries'
+complete -c zavel -n __zavel_words -a book -d 'Electronic books'
 complete -c zavel -n __zavel_words -a paths -d 'Print the folders in use'
 complete -c zavel -n __zavel_words -a about -d 'Version, sources and licences'
 complete -c zavel -n __zavel_words -a help -d 'Help of a command'
@@ -82,7 +88,7 @@ end
 for dictionary in bilingual translation
     complete -c zavel -n "__zavel_words prefs dict move $dictionary" -a '(__zavel_positions)'
 end
-complete -c zavel -n '__zavel_words help' -a 'look dict prefs user paths about'
+complete -c zavel -n '__zavel_words help' -a 'look dict prefs user book paths about'
 complete -c zavel -n '__zavel_words help dict' -a 'build verify info'
 complete -c zavel -n '__zavel_words help prefs' -a dict
 complete -c zavel -n '__zavel_words help user' -a 'add edit find list delete arrange import export'
@@ -115,3 +121,32 @@ complete -c zavel -n '__zavel_in user import' -l skip-existing -d 'Leave out wor
 complete -c zavel -n '__zavel_in user import' -s f -l force -d 'Also what is there already'
 complete -c zavel -n '__zavel_in user import' -l progress -x -a 'auto bar plain json none' -d 'Progress'
 complete -c zavel -n '__zavel_in user export' -l format -x -a 'tsv json jsonl' -d 'Form'
+complete -c zavel -n '__zavel_words book' -a 'list info search show next prev menu multi gaiji picture sound icon'
+complete -c zavel -n '__zavel_words help book' -a 'list info search show next prev menu multi gaiji picture sound icon'
+for command in info show next prev menu multi gaiji picture sound icon
+    complete -c zavel -n "__zavel_words book $command" -a '(__zavel_books)'
+end
+for command in list search multi
+    complete -c zavel -n "__zavel_in book $command" -l plain -d 'One record a line'
+end
+complete -c zavel -n '__zavel_in book search' -l method -x -a 'exact forward backward keyword cross' -d 'How'
+complete -c zavel -n '__zavel_in book search' -l query -d 'Each word is a query'
+complete -c zavel -n '__zavel_in book search' -s d -l dict -x -a '(__zavel_books)' -d 'Search in this book'
+complete -c zavel -n '__zavel_in book search' -s 0 -l null -d 'Words end in NUL'
+for command in search show next prev multi
+    complete -c zavel -n "__zavel_in book $command" -s n -l limit -x -d 'At most so many'
+end
+for command in show next prev
+    complete -c zavel -n "__zavel_in book $command" -l raw -d 'Words as they are'
+end
+for command in search show next prev menu multi gaiji
+    complete -c zavel -n "__zavel_in book $command" -l no-pager -d 'No pager'
+end
+for command in search show next prev menu multi gaiji picture sound icon
+    complete -c zavel -n "__zavel_in book $command" -l color -x -a 'auto always never' -d 'Colours'
+end
+for command in gaiji picture sound icon
+    complete -c zavel -n "__zavel_in book $command" -s o -l output -r -F -d 'Write it to this file'
+end
+complete -c zavel -n '__zavel_in book gaiji' -l half -d 'Half width'
+complete -c zavel -n '__zavel_in book icon' -l small -d 'The small one'

@@ -138,8 +138,8 @@ expect "build --if-missing does nothing when there is one" 0 "" "" "$zavel" dict
 # completions name no others.
 fail() { echo "FAILED: $*"; failures=$((failures + 1)); }
 long_options() { grep -oE -- '--[a-z][a-z-]*' | sort -u; }
-page_of() { case "$1" in dict*) echo zavel-dict ;; prefs*) echo zavel-prefs ;; user*) echo zavel-user ;; *) echo "zavel-$1" ;; esac; }
-for command in look "dict build" "dict verify" "dict info" "prefs dict list" "prefs dict enable" "prefs dict disable" "prefs dict move" "user add" "user edit" "user find" "user list" "user delete" "user arrange" "user import" "user export" paths about; do
+page_of() { case "$1" in dict*) echo zavel-dict ;; prefs*) echo zavel-prefs ;; user*) echo zavel-user ;; book*) echo zavel-book ;; *) echo "zavel-$1" ;; esac; }
+for command in look "dict build" "dict verify" "dict info" "prefs dict list" "prefs dict enable" "prefs dict disable" "prefs dict move" "user add" "user edit" "user find" "user list" "user delete" "user arrange" "user import" "user export" "book list" "book info" "book search" "book show" "book next" "book prev" "book menu" "book multi" "book gaiji" "book picture" "book sound" "book icon" paths about; do
   "$zavel" help $command | sed -n '/^Options:/,$p' | sed 's/Excludes: [-a-z]*//' | long_options >"$work/options"
   page=$source/docs/man/$(page_of "$command").1.scd
   for option in $(cat "$work/options"); do
@@ -152,27 +152,27 @@ for command in look "dict build" "dict verify" "dict info" "prefs dict list" "pr
   cat "$work/options" >>"$work/all-options"
 done
 known=" $(sort -u "$work/all-options" | tr '\n' ' ') --version "
-for file in "$source"/docs/man/zavel{,-look,-dict,-prefs,-user,-paths,-about}.1.scd "$source"/data/completions/{zavel.bash,_zavel}; do
+for file in "$source"/docs/man/zavel{,-look,-dict,-prefs,-user,-book,-paths,-about}.1.scd "$source"/data/completions/{zavel.bash,_zavel}; do
   for option in $(grep -v 'sed -E\|cut -f' "$file" | long_options); do
     checks=$((checks + 1))
     [[ "$known" == *" $option "* ]] || fail "$file names $option, which no command has"
   done
 done
-for page in zavel zavel-look zavel-dict zavel-prefs zavel-paths zavel-about mkdict; do
+for page in zavel zavel-look zavel-dict zavel-prefs zavel-book zavel-paths zavel-about mkdict; do
   for section in NAME SYNOPSIS DESCRIPTION OPTIONS "EXIT STATUS" EXAMPLES "SEE ALSO"; do
     checks=$((checks + 1))
     grep -qx "# $section" "$source/docs/man/$page.1.scd" || fail "$page.1 has no section $section"
   done
 done
 
-# The examples of README and manual pages are commands that the program takes.
+# The examples of README and manual pages are commands that the program takes; those of books have a test of their own.
 while read -r line; do
   checks=$((checks + 1))
   (cd "$work" && printf 'church\n' >words.txt && PATH=$(dirname "$zavel"):$PATH bash -c "$line" >/dev/null 2>"$work/err" </dev/null)
   status=$?
   [ "$status" -le 1 ] || fail "the example \"$line\" ends in $status: $(cat "$work/err")"
 done < <({ sed -n '/^```sh/,/^```/p' "$source/README.md"; sed -n '/^# EXAMPLES/,/^# SEE/p' "$source"/docs/man/zavel{,-look,-dict,-prefs,-user,-paths,-about}.1.scd; } |
-  sed -E 's/^[[:space:]]+//; s/\\\\/\\/g; s/ +# .*//' | grep -E '^(zavel|printf|xargs)' | grep -vE 'dict build|\| (verify|info)' | sort -u)
+  sed -E 's/^[[:space:]]+//; s/\\\\/\\/g; s/ +# .*//' | grep -E '^(zavel|printf|xargs)' | grep -vE 'dict build|zavel book|\| (verify|info)' | sort -u)
 
 # bash: completion of commands, options, values and headwords.
 complete_bash() {

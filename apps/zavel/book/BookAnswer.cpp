@@ -59,7 +59,7 @@ bool BookAnswer::allFailed() const {
   return std::all_of(parts.begin(), parts.end(), [](const Part& part) { return bool(part.failure); });
 }
 
-BookAnswer::Part answerPart(OpenBook& book, const BookHits& hits, size_t limit) {
+BookAnswer::Part answerPart(ShelvedBook& book, const BookHits& hits, size_t limit) {
   BookAnswer::Part part{book.name(), book.title(), {}, hits.hits.size(), hits.available, hits.failure};
   BookSearch search(book);
   const size_t shown = limit > 0 ? std::min(limit, hits.hits.size()) : hits.hits.size();

@@ -38,7 +38,7 @@ struct BookAnswer {
 };
 
 // Entries of one book for an answer, `limit` at most (0: all).
-BookAnswer::Part answerPart(OpenBook& book, const BookHits& hits, size_t limit);
+BookAnswer::Part answerPart(ShelvedBook& book, const BookHits& hits, size_t limit);
 
 // For the eye: each book that found something with its entries below its title.
 std::string answerText(const BookAnswer& answer, const BookScreen& screen);

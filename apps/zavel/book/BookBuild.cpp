@@ -12,7 +12,7 @@
 #include "Utf8.h"
 #include "book/BookOptions.h"
 #include "book/BookSources.h"
-#include "book/OpenBook.h"
+#include "book/ShelvedBook.h"
 
 namespace zavel::host {
 namespace {
@@ -56,7 +56,7 @@ Failure wrongOptions(const BookBuildOptions& options, const std::vector<BookSour
 // Among the books of this user and of the machine, not at a path of that name.
 bool isSound(const std::string& name) {
   for (const BookPlace& place : listBooks()) {
-    OpenBook book;
+    ShelvedBook book;
     if (place.name == name) return !book.open(place);
   }
   return false;

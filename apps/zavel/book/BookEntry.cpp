@@ -21,13 +21,13 @@ _SDICADDRESS normal(const _SDICADDRESS& place) {
 }
 
 // Words begin at even offsets.
-bool isInText(const OpenBook& book, const _SDICADDRESS& place) {
+bool isInText(const ShelvedBook& book, const _SDICADDRESS& place) {
   uint32_t first = 0, last = 0;
   SDicGetHonbunBlockInformation(book.handle(), &first, &last);
   return place.block >= first && place.block <= last && place.offset % 2 == 0 && book.has(place);
 }
 
-Failure noSuchWord(OpenBook& book, const std::string& word) {
+Failure noSuchWord(ShelvedBook& book, const std::string& word) {
   BookSearch search(book);
   std::string near;
   size_t count = 0;
@@ -48,7 +48,7 @@ std::string taken(char* bytes, size_t length) {
   return text;
 }
 
-Failure readEntry(OpenBook& book, const _SDICADDRESS& given, BookEntry* entry, bool anywhere) {
+Failure readEntry(ShelvedBook& book, const _SDICADDRESS& given, BookEntry* entry, bool anywhere) {
   const _SDICADDRESS place = normal(given);
   if (!(anywhere ? book.has(place) && place.offset % 2 == 0 : isInText(book, place))) {
     return book.noSuchPlace(given);
@@ -64,7 +64,7 @@ Failure readEntry(OpenBook& book, const _SDICADDRESS& given, BookEntry* entry, b
   return {};
 }
 
-Failure placesOf(OpenBook& book, const std::string& placeOrWord, std::vector<_SDICADDRESS>* places) {
+Failure placesOf(ShelvedBook& book, const std::string& placeOrWord, std::vector<_SDICADDRESS>* places) {
   _SDICADDRESS place = {};
   if (readPlace(placeOrWord, &place)) {
     places->push_back(place);
@@ -78,7 +78,7 @@ Failure placesOf(OpenBook& book, const std::string& placeOrWord, std::vector<_SD
   return places->empty() ? noSuchWord(book, placeOrWord) : Failure();
 }
 
-Failure neighbour(OpenBook& book, bool next, const _SDICADDRESS& given, _SDICADDRESS* neighbour) {
+Failure neighbour(ShelvedBook& book, bool next, const _SDICADDRESS& given, _SDICADDRESS* neighbour) {
   const _SDICADDRESS place = normal(given);
   if (!isInText(book, place)) return book.noSuchPlace(given);
   const bool through = SDicIsZenbunSearch(book.handle());

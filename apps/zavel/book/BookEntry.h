@@ -7,7 +7,7 @@
 
 #include "Failure.h"
 #include "book/BookText.h"
-#include "book/OpenBook.h"
+#include "book/ShelvedBook.h"
 
 namespace zavel::host {
 
@@ -19,14 +19,14 @@ struct BookEntry {
 };
 
 // The entry at a place of the book's text; with `anywhere` of any part of the book, as menus are.
-Failure readEntry(OpenBook& book, const _SDICADDRESS& place, BookEntry* entry, bool anywhere = false);
+Failure readEntry(ShelvedBook& book, const _SDICADDRESS& place, BookEntry* entry, bool anywhere = false);
 
 // Where the entries stand that a place or a word means. For a word that isn't there the failure's status is
 // that of nothing found.
-Failure placesOf(OpenBook& book, const std::string& placeOrWord, std::vector<_SDICADDRESS>* places);
+Failure placesOf(ShelvedBook& book, const std::string& placeOrWord, std::vector<_SDICADDRESS>* places);
 
 // The entry behind or ahead of one; of books that may be read through also beyond the end of a text.
-Failure neighbour(OpenBook& book, bool next, const _SDICADDRESS& place, _SDICADDRESS* neighbour);
+Failure neighbour(ShelvedBook& book, bool next, const _SDICADDRESS& place, _SDICADDRESS* neighbour);
 
 // Takes bytes over that the engine allocated.
 std::string taken(char* bytes, size_t length);

@@ -24,9 +24,9 @@ struct Row {
 constexpr Row kRows[] = {
     {book::kOutOfMemory, kExitEnvironment, "no_memory", "there is not memory enough for %w in the book %b",
      "End other programs, then try again."},
-    {book::kInvalidArgument, kExitNothing, "no_such_place", "the book %b has nothing at this place",
+    {book::kInvalidArgument, kExitNothing, "nothing_there", "the book %b has nothing at this place",
      "Take places from what search, show and menu print."},
-    {book::kInvalidAddress, kExitNothing, "no_such_place", "the book %b has nothing at this place",
+    {book::kInvalidAddress, kExitNothing, "nothing_there", "the book %b has nothing at this place",
      "Take places from what search, show and menu print."},
     {book::kNoFurtherEntry, kExitNothing, "no_further_entry", "there is no further entry in the book %b",
      "Go the other way: zavel book prev and zavel book next."},

@@ -45,7 +45,7 @@ std::vector<BookChoice> choicesOf(const _SDICMULTIREFLIST* node, const BookChara
   return choices;
 }
 
-Failure readField(OpenBook& book, uint16_t form, uint8_t number, BookField* field) {
+Failure readField(ShelvedBook& book, uint16_t form, uint8_t number, BookField* field) {
   char* label = nullptr;
   uint32_t code = SDicGetMultiSearchEntryInfo(book.handle(), form, number, &label, &field->hasChoices);
   if (code != book::kDone) return bookFailure(code, book.name(), "reading the form");
@@ -76,7 +76,7 @@ std::string comparable(const std::string& text) {
 
 }  // namespace
 
-Failure readForms(OpenBook& book, std::vector<BookForm>* forms) {
+Failure readForms(ShelvedBook& book, std::vector<BookForm>* forms) {
   uint16_t count = 0;
   Failure first;
   if (SDicGetMultiSearchCount(book.handle(), &count) != book::kDone || count == 0) {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "Failure.h"
-#include "book/OpenBook.h"
+#include "book/ShelvedBook.h"
 
 namespace zavel::host {
 
@@ -28,7 +28,7 @@ struct BookForm {
 };
 
 // With their choices; the failure of a list that can't be read comes with all the rest.
-Failure readForms(OpenBook& book, std::vector<BookForm>* forms);
+Failure readForms(ShelvedBook& book, std::vector<BookForm>* forms);
 
 // The form of a number from 1 on, or of a name; nothing when there is none.
 std::optional<size_t> formIndex(const std::vector<BookForm>& forms, const std::string& given);

@@ -35,7 +35,7 @@ std::string codeText(uint16_t code) {
 }
 
 // Rows of 94 characters follow one another.
-std::vector<Glyph> glyphsOf(const OpenBook& book) {
+std::vector<Glyph> glyphsOf(const ShelvedBook& book) {
   std::vector<Glyph> glyphs;
   for (const bool full : {true, false}) {
     const unsigned count = SDicCustomCharCodeNumber(book.handle(), full);
@@ -52,7 +52,7 @@ std::vector<Glyph> glyphsOf(const OpenBook& book) {
   return glyphs;
 }
 
-std::string characterOf(OpenBook& book, const Glyph& glyph) {
+std::string characterOf(ShelvedBook& book, const Glyph& glyph) {
   const char32_t character = book.characters().custom(glyph.code, glyph.full);
   return character == 0 ? std::string() : utf8Of(character);
 }
@@ -64,7 +64,7 @@ bool readCode(const std::string& text, uint16_t* code) {
 }
 
 // What is meant by "A121" or by the character itself.
-Failure findGlyph(OpenBook& book, const std::string& given, bool half, Glyph* glyph) {
+Failure findGlyph(ShelvedBook& book, const std::string& given, bool half, Glyph* glyph) {
   char32_t character = 0;
   const bool one = !given.empty() && decodeUtf8(given, &character) == given.size();
   if (const BookCharacters::Custom* custom = one ? book.characters().find(character) : nullptr) {
@@ -78,7 +78,7 @@ Failure findGlyph(OpenBook& book, const std::string& given, bool half, Glyph* gl
   return lacking(book.name(), std::string(widthName(*glyph)) + "-width character " + codeText(glyph->code));
 }
 
-Failure readGlyph(OpenBook& book, const Glyph& glyph, BookMedium* medium) {
+Failure readGlyph(ShelvedBook& book, const Glyph& glyph, BookMedium* medium) {
   char* bitmap = nullptr;
   const uint32_t code = SDicGetCustomCharacterBitmap(book.handle(), glyph.full, glyph.code, kSize, &bitmap);
   if (code != book::kDone) return bookFailure(code, book.name(), "reading the character");
@@ -90,7 +90,7 @@ Failure readGlyph(OpenBook& book, const Glyph& glyph, BookMedium* medium) {
   return {};
 }
 
-int listGlyphs(OpenBook& book, const BookOptions& options) {
+int listGlyphs(ShelvedBook& book, const BookOptions& options) {
   const std::vector<Glyph> glyphs = glyphsOf(book);
   JsonWriter json;
   json.beginObject().member("schema", 1).member("book", book.name()).member("title", book.title());
@@ -119,7 +119,7 @@ int listGlyphs(OpenBook& book, const BookOptions& options) {
 }  // namespace
 
 int runBookGaiji(const BookOptions& options) {
-  OpenBook book;
+  ShelvedBook book;
   BookPlace place;
   Failure failure = findBook(options.book, &place);
   if (!failure) failure = book.open(place);

@@ -12,8 +12,8 @@
 #include "book/BookFormat.h"
 #include "book/BookOptions.h"
 #include "book/BookStatus.h"
-#include "book/OpenBook.h"
 #include "book/SDic.h"
+#include "book/ShelvedBook.h"
 
 namespace zavel::host {
 namespace {
@@ -65,7 +65,7 @@ std::string publisherOf(void* handle) {
   return foreignText(bytes);
 }
 
-Info infoOf(const OpenBook& book) {
+Info infoOf(const ShelvedBook& book) {
   Info info;
   void* const handle = book.handle();
   info.title = book.title();
@@ -151,7 +151,7 @@ void printText(const BookPlace& place, const Info& info) {
 int runBookInfo(const BookOptions& options) {
   BookPlace place;
   Failure failure = findBook(options.book, &place);
-  OpenBook book;
+  ShelvedBook book;
   if (!failure) failure = book.open(place);
   if (failure) return report(failure, options.json);
   const Info info = infoOf(book);

@@ -8,7 +8,7 @@
 #include "Utf8.h"
 #include "book/BookFailure.h"
 #include "book/BookOptions.h"
-#include "book/OpenBook.h"
+#include "book/ShelvedBook.h"
 
 namespace zavel::host {
 namespace {
@@ -22,7 +22,7 @@ struct Row {
 std::vector<Row> readRows(const std::vector<BookPlace>& places) {
   std::vector<Row> rows;
   for (const BookPlace& place : places) {
-    OpenBook book;
+    ShelvedBook book;
     Failure failure = book.open(place);
     std::string title = failure ? std::string() : book.title();
     rows.push_back({place, std::move(title), std::move(failure)});

@@ -67,7 +67,7 @@ std::string contentFor(const std::string& file, const BookMedium& medium,
   return png && image ? pngFile(*image) : medium.data;
 }
 
-void printJson(const OpenBook& book, const BookMedium& medium, const std::optional<BookImage>& image,
+void printJson(const ShelvedBook& book, const BookMedium& medium, const std::optional<BookImage>& image,
                const std::string& file) {
   JsonWriter json;
   json.beginObject().member("schema", 1).member("status", "found").member("book", book.name());
@@ -107,7 +107,7 @@ void draw(const BookImage& image, const BookScreen& screen) {
 
 }  // namespace
 
-Failure findTag(OpenBook& book, const std::string& placeOrWord, SpanKind kind, std::string* tag,
+Failure findTag(ShelvedBook& book, const std::string& placeOrWord, SpanKind kind, std::string* tag,
                 BookMedium* medium) {
   std::vector<_SDICADDRESS> places;
   if (const Failure failure = placesOf(book, placeOrWord, &places)) return failure;
@@ -129,7 +129,7 @@ Failure findTag(OpenBook& book, const std::string& placeOrWord, SpanKind kind, s
   return {};
 }
 
-int deliver(const OpenBook& book, const BookMedium& medium, const BookOptions& options) {
+int deliver(const ShelvedBook& book, const BookMedium& medium, const BookOptions& options) {
   const std::optional<BookImage> image = readBitmap(medium.data);
   if (options.output == kStandardOutput) {
     if (options.json) {
@@ -142,7 +142,7 @@ int deliver(const OpenBook& book, const BookMedium& medium, const BookOptions& o
   }
   const std::string content = contentFor(options.output, medium, image);
   if (!options.output.empty() && !writeOutputFile(options.output, content)) {
-    return report({kExitEnvironment, "not_stored", printable(options.output) + " can't be written",
+    return report({kExitEnvironment, "not_written", printable(options.output) + " can't be written",
                    "Check that its folder is there and yours, and that the disk isn't full."},
                   options.json);
   }

@@ -19,11 +19,11 @@ struct BookMedium {
 };
 
 // The tag of the picture or sound at a place, or of the only one of the entry there, with zeroes behind it.
-Failure findTag(OpenBook& book, const std::string& placeOrWord, SpanKind kind, std::string* tag,
+Failure findTag(ShelvedBook& book, const std::string& placeOrWord, SpanKind kind, std::string* tag,
                 BookMedium* medium);
 
 // Writes it to the file that is asked for; without one tells what it is and shows a bitmap. The exit status.
-int deliver(const OpenBook& book, const BookMedium& medium, const BookOptions& options);
+int deliver(const ShelvedBook& book, const BookMedium& medium, const BookOptions& options);
 
 // "1 channel, 22050 Hz, 16 bits, 1.5 s" of a WAVE file; empty for one that doesn't tell.
 std::string soundFacts(std::string_view wav);

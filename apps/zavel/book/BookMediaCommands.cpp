@@ -16,7 +16,7 @@ namespace {
 constexpr size_t kIconHeader = 118;                   // with its palette
 constexpr size_t kLargeIcon = 512, kSmallIcon = 120;  // bytes of dots
 
-Failure open(const BookOptions& options, OpenBook* book) {
+Failure open(const BookOptions& options, ShelvedBook* book) {
   BookPlace place;
   const Failure failure = findBook(options.book, &place);
   return failure ? failure : book->open(place);
@@ -28,7 +28,7 @@ std::string takenBitmap(char* bitmap) {
   return taken(bitmap, readLE32(reinterpret_cast<const uint8_t*>(bitmap) + kLength));
 }
 
-Failure readPicture(OpenBook& book, const std::string& place, BookMedium* medium) {
+Failure readPicture(ShelvedBook& book, const std::string& place, BookMedium* medium) {
   std::string tag;
   if (const Failure failure = findTag(book, place, SpanKind::kPicture, &tag, medium)) return failure;
   char *name = nullptr, *data = nullptr;
@@ -42,7 +42,7 @@ Failure readPicture(OpenBook& book, const std::string& place, BookMedium* medium
 }
 
 // A sound with a known fault is given with word of it.
-Failure readSound(OpenBook& book, const std::string& place, BookMedium* medium) {
+Failure readSound(ShelvedBook& book, const std::string& place, BookMedium* medium) {
   std::string tag;
   if (const Failure failure = findTag(book, place, SpanKind::kSound, &tag, medium)) return failure;
   char *name = nullptr, *data = nullptr;
@@ -57,40 +57,42 @@ Failure readSound(OpenBook& book, const std::string& place, BookMedium* medium) 
   return {};
 }
 
+Failure cutIcon(const ShelvedBook& book, const std::string& which) {
+  return {kExitDamaged, kDamagedBook,
+          "the book " + quoted(book.name()) + " is damaged: its " + which + " is cut short",
+          "Make it again from its source, or put back a copy that is whole."};
+}
+
 // A catalog without an icon gives a bitmap without dots.
-Failure readIcon(OpenBook& book, bool small, BookMedium* medium) {
+Failure readIcon(ShelvedBook& book, bool small, BookMedium* medium) {
   char* icon = nullptr;
   const char* const catalog = book.place().catalog.c_str();
   const uint32_t code = SDicGetDicIconInformation(catalog, small ? nullptr : &icon, small ? &icon : nullptr);
   const std::string which = small ? "small icon" : "large icon";
-  if (code != book::kDone) {
-    return {kExitDamaged, kDamagedBook,
-            "the book " + quoted(book.name()) + " is damaged: its " + which + " is cut short",
-            "Make it again from its source, or put back a copy that is whole."};
-  }
+  if (code != book::kDone) return cutIcon(book, which);
   medium->data = takenBitmap(icon);
   medium->kind = "icon";
-  if (medium->data.size() < kIconHeader + (small ? kSmallIcon : kLargeIcon))
-    return lacking(book.name(), which);
-  return {};
+  if (medium->data.size() <= kIconHeader) return lacking(book.name(), which);
+  const bool whole = medium->data.size() >= kIconHeader + (small ? kSmallIcon : kLargeIcon);
+  return whole ? Failure() : cutIcon(book, which);
 }
 
 template <typename Read>
-Failure readFrom(const BookOptions& options, OpenBook* book, BookMedium* medium, const Read& read) {
+Failure readFrom(const BookOptions& options, ShelvedBook* book, BookMedium* medium, const Read& read) {
   const Failure failure = open(options, book);
   return failure ? failure : read(*book, medium);
 }
 
 template <typename Read>
 int run(const BookOptions& options, const Read& read) {
-  OpenBook book;
+  ShelvedBook book;
   BookMedium medium;
   const Failure failure = readFrom(options, &book, &medium, read);
   return failure ? report(failure, options.json) : deliver(book, medium, options);
 }
 
 // What it is stands there while it is heard. A document comes last: there is one, whatever fails.
-int deliverAndPlay(const OpenBook& book, const BookMedium& sound, const BookOptions& options) {
+int deliverAndPlay(const ShelvedBook& book, const BookMedium& sound, const BookOptions& options) {
   if (!options.json) {
     const int status = deliver(book, sound, options);
     std::fflush(stdout);
@@ -104,13 +106,15 @@ int deliverAndPlay(const OpenBook& book, const BookMedium& sound, const BookOpti
 
 int runBookPicture(const BookOptions& options) {
   return run(options,
-             [&](OpenBook& book, BookMedium* medium) { return readPicture(book, options.place, medium); });
+             [&](ShelvedBook& book, BookMedium* medium) { return readPicture(book, options.place, medium); });
 }
 
 int runBookSound(const BookOptions& options) {
-  const auto read = [&](OpenBook& from, BookMedium* sound) { return readSound(from, options.place, sound); };
+  const auto read = [&](ShelvedBook& from, BookMedium* sound) {
+    return readSound(from, options.place, sound);
+  };
   if (!options.play) return run(options, read);
-  OpenBook book;
+  ShelvedBook book;
   BookMedium sound;
   const Failure failure = readFrom(options, &book, &sound, read);
   return failure ? report(failure, options.json) : deliverAndPlay(book, sound, options);
@@ -118,7 +122,7 @@ int runBookSound(const BookOptions& options) {
 
 int runBookIcon(const BookOptions& options) {
   return run(options,
-             [&](OpenBook& book, BookMedium* medium) { return readIcon(book, options.small, medium); });
+             [&](ShelvedBook& book, BookMedium* medium) { return readIcon(book, options.small, medium); });
 }
 
 }  // namespace zavel::host

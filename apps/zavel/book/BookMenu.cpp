@@ -18,11 +18,10 @@ namespace {
 struct Menu {
   std::string place;  // empty: the first one
   BookText text;
-  bool more = false;  // it goes on behind what is shown
 };
 
 // A book may have a menu of words, of pictures, or both; that of words can be read.
-Failure readMenu(OpenBook& book, const std::string& place, Menu* menu) {
+Failure readMenu(ShelvedBook& book, const std::string& place, Menu* menu) {
   _SDICADDRESS address = {};
   if (!place.empty() && !readPlace(place, &address)) {
     return {kExitUsage, "usage", quoted(place) + " is no place",
@@ -33,8 +32,9 @@ Failure readMenu(OpenBook& book, const std::string& place, Menu* menu) {
   if (!words && (book.methods() & book::kMethodColorMenu) == 0) return lacking(book.name(), "menu");
   char* bytes = nullptr;
   uint32_t length = 0;
+  bool more = false;  // said of every menu that doesn't begin behind the mark of a text
   const _SDICADDRESS* const at = place.empty() ? nullptr : &address;
-  const uint32_t code = words ? SDicGetMenuData(book.handle(), at, &bytes, &length, &menu->more)
+  const uint32_t code = words ? SDicGetMenuData(book.handle(), at, &bytes, &length, &more)
                               : SDicGetColorMenuData(book.handle(), at, &bytes, &length);
   if (code != book::kDone) return bookFailure(code, book.name(), "reading the menu");
   menu->place = place;
@@ -42,7 +42,7 @@ Failure readMenu(OpenBook& book, const std::string& place, Menu* menu) {
   return {};
 }
 
-void printJson(const OpenBook& book, const Menu& menu) {
+void printJson(const ShelvedBook& book, const Menu& menu) {
   JsonWriter json;
   json.beginObject().member("schema", 1).member("status", "found").member("book", book.name());
   json.member("title", book.title()).key("place");
@@ -51,10 +51,7 @@ void printJson(const OpenBook& book, const Menu& menu) {
   } else {
     json.string(menu.place);
   }
-  json.key("more")
-      .boolean(menu.more)
-      .member("text", textForEye(menu.text, {.places = LinkPlaces::kNone}))
-      .key("lines");
+  json.member("text", textForEye(menu.text, {.places = LinkPlaces::kNone})).key("lines");
   writeLines(json, menu.text);
   std::printf("%s\n", json.endObject().text().c_str());
 }
@@ -62,7 +59,7 @@ void printJson(const OpenBook& book, const Menu& menu) {
 }  // namespace
 
 int runBookMenu(const BookOptions& options) {
-  OpenBook book;
+  ShelvedBook book;
   BookPlace place;
   Menu menu;
   Failure failure = findBook(options.book, &place);

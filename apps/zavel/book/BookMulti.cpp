@@ -68,14 +68,17 @@ std::string formText(const BookForm& form, size_t number, bool withChoices, cons
   for (size_t i = 0; i < form.fields.size(); ++i) {
     const BookField& field = form.fields[i];
     out += "   " + std::to_string(i + 1) + "  " + field.label;
-    if (field.hasChoices) out += screen.dim("  (" + std::to_string(choiceCount(field.choices)) + " choices)");
+    if (field.hasChoices) {
+      const size_t count = choiceCount(field.choices);
+      out += screen.dim("  (" + std::to_string(count) + (count == 1 ? " choice)" : " choices)"));
+    }
     out += "\n";
     if (withChoices) out += choicesText(field.choices, 6, screen.look().width);
   }
   return out;
 }
 
-int showForms(const OpenBook& book, const std::vector<BookForm>& forms, std::optional<size_t> one,
+int showForms(const ShelvedBook& book, const std::vector<BookForm>& forms, std::optional<size_t> one,
               const BookOptions& options) {
   JsonWriter json;
   json.beginObject().member("schema", 1).member("book", book.name()).member("title", book.title());
@@ -113,7 +116,7 @@ Failure readFields(const BookForm& form, const std::vector<std::string>& given, 
   return {};
 }
 
-int search(OpenBook& book, size_t form, const std::vector<FieldKey>& keys, const BookOptions& options) {
+int search(ShelvedBook& book, size_t form, const std::vector<FieldKey>& keys, const BookOptions& options) {
   BookAnswer answer;
   for (const std::string& field : options.fields) answer.query += (answer.query.empty() ? "" : " ") + field;
   answer.method = "form";
@@ -142,7 +145,7 @@ int search(OpenBook& book, size_t form, const std::vector<FieldKey>& keys, const
 
 // Choices that can't be read keep nobody from searching.
 int runBookMulti(const BookOptions& options) {
-  OpenBook book;
+  ShelvedBook book;
   BookPlace place;
   std::vector<BookForm> forms;
   Failure failure = findBook(options.book, &place);

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "Failure.h"
-#include "book/OpenBook.h"
+#include "book/ShelvedBook.h"
 
 namespace zavel::host {
 
@@ -43,7 +43,7 @@ using FieldKey = std::pair<unsigned, std::string>;
 class BookSearch {
  public:
   // The book is borrowed.
-  explicit BookSearch(OpenBook& book) : book_(book) {}
+  explicit BookSearch(ShelvedBook& book) : book_(book) {}
 
   // The entries of a word (UTF-8): of the first of its spellings that has any.
   BookHits find(BookMethod method, std::string_view word);
@@ -61,7 +61,7 @@ class BookSearch {
  private:
   bool nextCombination(std::vector<size_t>* choice, const std::vector<std::vector<std::string>>& spellings);
 
-  OpenBook& book_;
+  ShelvedBook& book_;
 };
 
 }  // namespace zavel::host

@@ -48,7 +48,7 @@ Failure BookSearcher::open() {
   std::vector<BookPlace> places;
   if (const Failure failure = chooseBooks(options_.books, &places)) return failure;
   for (const BookPlace& place : places) {
-    auto book = std::make_unique<OpenBook>();
+    auto book = std::make_unique<ShelvedBook>();
     const Failure failure = book->open(place);
     if (!failure) {
       books_.push_back(std::move(book));
@@ -100,7 +100,7 @@ BookAnswer BookSearcher::ask(const std::string& word, const BookQuery* query) {
   BookAnswer answer{
       word, options_.query ? "query" : methodName(method_.value_or(BookMethod::kExact)), {}, {}, ""};
   bool known = false;
-  for (const std::unique_ptr<OpenBook>& book : books_) {
+  for (const std::unique_ptr<ShelvedBook>& book : books_) {
     const BookHits hits = word.empty() ? BookHits() : search(*book, word, query);
     answer.parts.push_back(answerPart(*book, hits, static_cast<size_t>(options_.limit)));
     if (hits.failure) complain(hits.failure);
@@ -114,14 +114,14 @@ BookAnswer BookSearcher::ask(const std::string& word, const BookQuery* query) {
   return answer;
 }
 
-BookHits BookSearcher::search(OpenBook& book, const std::string& word, const BookQuery* query) const {
+BookHits BookSearcher::search(ShelvedBook& book, const std::string& word, const BookQuery* query) const {
   BookSearch search(book);
   return query ? runQuery(search, *query) : search.find(method_.value_or(BookMethod::kExact), word);
 }
 
 // Headwords that begin with the word, each once, those of the first books first.
 void BookSearcher::suggest(const std::string& word, BookAnswer* answer) {
-  for (const std::unique_ptr<OpenBook>& book : books_) {
+  for (const std::unique_ptr<ShelvedBook>& book : books_) {
     BookSearch search(*book);
     for (const BookHit& hit : search.find(BookMethod::kForward, word).hits) {
       if (answer->suggestions.size() == kSuggestions) return;

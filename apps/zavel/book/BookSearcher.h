@@ -31,7 +31,7 @@ class BookSearcher {
 
  private:
   BookAnswer ask(const std::string& word, const BookQuery* query);
-  BookHits search(OpenBook& book, const std::string& word, const BookQuery* query) const;
+  BookHits search(ShelvedBook& book, const std::string& word, const BookQuery* query) const;
   void suggest(const std::string& word, BookAnswer* answer);
   void show(const BookAnswer& answer);
   void tellNotFound(const BookAnswer& answer) const;
@@ -43,7 +43,7 @@ class BookSearcher {
   const bool batch_;
   const std::optional<BookMethod> method_;
   BookScreen screen_;
-  std::vector<std::unique_ptr<OpenBook>> books_;
+  std::vector<std::unique_ptr<ShelvedBook>> books_;
   std::vector<BookAnswer::Part> lost_;  // books that can't be opened
   std::vector<std::string> complaints_;
   size_t answered_ = 0, found_ = 0, refused_ = 0;

@@ -34,7 +34,7 @@ std::string rawText(const BookEntry& entry) {
   return out;
 }
 
-std::string entryText(const OpenBook& book, const BookEntry& entry, const BookScreen& screen, bool raw) {
+std::string entryText(const ShelvedBook& book, const BookEntry& entry, const BookScreen& screen, bool raw) {
   const std::string where = printable(book.name()) + " " + placeText(entry.place);
   BookLook look = screen.look();
   look.self = entry.place;
@@ -61,7 +61,7 @@ void writeEntry(JsonWriter& json, const BookEntry& entry, bool raw) {
 // What is asked for, then entries as they come.
 class EntryView {
  public:
-  EntryView(const BookOptions& options, OpenBook& book)
+  EntryView(const BookOptions& options, ShelvedBook& book)
       : options_(options), book_(book), screen_(options, !options.json) {
     json_.beginObject().member("schema", 1).member("query", options.place).member("status", "found");
     json_.member("book", book.name()).member("title", book.title()).key("entries").beginArray();
@@ -88,13 +88,13 @@ class EntryView {
 
  private:
   const BookOptions& options_;
-  OpenBook& book_;
+  ShelvedBook& book_;
   BookScreen screen_;
   JsonWriter json_;
   size_t count_ = 0;
 };
 
-Failure openFor(const BookOptions& options, OpenBook* book, std::vector<_SDICADDRESS>* places) {
+Failure openFor(const BookOptions& options, ShelvedBook* book, std::vector<_SDICADDRESS>* places) {
   BookPlace place;
   Failure failure = findBook(options.book, &place);
   if (!failure) failure = book->open(place);
@@ -103,7 +103,7 @@ Failure openFor(const BookOptions& options, OpenBook* book, std::vector<_SDICADD
 }
 
 int walk(const BookOptions& options, bool next) {
-  OpenBook book;
+  ShelvedBook book;
   std::vector<_SDICADDRESS> places;
   Failure failure = openFor(options, &book, &places);
   if (failure) return report(failure, options.json);
@@ -128,7 +128,7 @@ int walk(const BookOptions& options, bool next) {
 }  // namespace
 
 int runBookShow(const BookOptions& options) {
-  OpenBook book;
+  ShelvedBook book;
   std::vector<_SDICADDRESS> places;
   Failure failure = openFor(options, &book, &places);
   if (failure) return report(failure, options.json);

@@ -34,7 +34,7 @@ class QuietLog {
 
 }  // namespace
 
-Failure playSound(const OpenBook& book, const BookMedium& sound) {
+Failure playSound(const ShelvedBook& book, const BookMedium& sound) {
   const QuietLog quiet;
   const uint32_t code = ImportWAVDataFromMemory(sound.data.data(), static_cast<uint32_t>(sound.data.size()));
   if (code == kNoDevice) {

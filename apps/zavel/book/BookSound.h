@@ -4,12 +4,12 @@
 
 #include "Failure.h"
 #include "book/BookMedia.h"
-#include "book/OpenBook.h"
+#include "book/ShelvedBook.h"
 
 namespace zavel::host {
 
 // Plays the sound and returns when it is over.
-Failure playSound(const OpenBook& book, const BookMedium& sound);
+Failure playSound(const ShelvedBook& book, const BookMedium& sound);
 
 }  // namespace zavel::host
 

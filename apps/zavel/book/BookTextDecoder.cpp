@@ -257,7 +257,7 @@ void BookTextDecoder::feed() {
   apart_ = true;
 }
 
-// Entries too short for the format are filled up with blanks.
+// Entries too short for the format are filled up with blanks, and an address may be that of a line's end.
 void BookTextDecoder::tidy() {
   for (BookLine& line : text_.lines) {
     while (!line.spans.empty() && line.spans.back().kind == SpanKind::kText) {
@@ -268,6 +268,8 @@ void BookTextDecoder::tidy() {
       line.spans.pop_back();
     }
   }
+  const auto hasInk = [](const BookLine& line) { return !line.spans.empty(); };
+  text_.lines.erase(text_.lines.begin(), std::find_if(text_.lines.begin(), text_.lines.end(), hasInk));
   while (!text_.lines.empty() && text_.lines.back().spans.empty()) text_.lines.pop_back();
 }
 

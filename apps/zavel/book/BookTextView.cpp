@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "Utf8.h"
-#include "book/OpenBook.h"
+#include "book/ShelvedBook.h"
 
 namespace zavel::host {
 namespace {

@@ -1,5 +1,5 @@
 // Tests: tests/zavel/book/BookCommandTest.cpp
-#include "book/OpenBook.h"
+#include "book/ShelvedBook.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -29,12 +29,12 @@ bool readNumber(std::string_view digits, uint32_t* number) {
 
 }  // namespace
 
-OpenBook::~OpenBook() {
+ShelvedBook::~ShelvedBook() {
   SDicCloseDictionary(handle_);
 }
 
 // A file that is no book opens with success and answers nothing.
-Failure OpenBook::open(const BookPlace& place) {
+Failure ShelvedBook::open(const BookPlace& place) {
   place_ = place;
   SDicCloseDictionary(handle_);
   handle_ = nullptr;
@@ -47,31 +47,31 @@ Failure OpenBook::open(const BookPlace& place) {
   return {};
 }
 
-std::string OpenBook::title() const {
+std::string ShelvedBook::title() const {
   const char* const title = SDicGetDicName(handle_);
   const std::string text = title ? withoutControls(platform().encoding().fromSjisLossy(title)) : "";
   return text.empty() ? printable(place_.name) : text;
 }
 
-uint32_t OpenBook::methods() const {
+uint32_t ShelvedBook::methods() const {
   uint32_t methods = 0;
   SDicGetAvailableMethods(handle_, &methods);
   return methods;
 }
 
 // A book without a table has no custom characters that could be written.
-const BookCharacters& OpenBook::characters() {
+const BookCharacters& ShelvedBook::characters() {
   if (!characters_) characters_.emplace(bytesOf(tablePath(place_.catalog)).value_or(""));
   return *characters_;
 }
 
-bool OpenBook::has(const _SDICADDRESS& address, uint16_t type) const {
+bool ShelvedBook::has(const _SDICADDRESS& address, uint16_t type) const {
   const _SDICADDRESS real = {address.block + static_cast<uint32_t>(address.offset >> book::kBlockShift),
                              static_cast<uint32_t>(address.offset & book::kBlockMask)};
   return SDicIsValidAddress(handle_, &real, type) == book::kDone;
 }
 
-Failure OpenBook::noSuchPlace(const _SDICADDRESS& address) const {
+Failure ShelvedBook::noSuchPlace(const _SDICADDRESS& address) const {
   Failure failure = bookFailure(book::kInvalidAddress, place_.name, "");
   failure.message = "the book " + quoted(place_.name) + " has nothing at " + placeText(address);
   return failure;

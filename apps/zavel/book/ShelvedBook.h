@@ -1,6 +1,6 @@
 // An open book: the engine's functions with texts as UTF-8 and failures in words.
-#ifndef ZAVEL_BOOK_OPENBOOK_H
-#define ZAVEL_BOOK_OPENBOOK_H
+#ifndef ZAVEL_BOOK_SHELVEDBOOK_H
+#define ZAVEL_BOOK_SHELVEDBOOK_H
 
 #include <cstdint>
 #include <optional>
@@ -14,12 +14,12 @@
 namespace zavel::host {
 
 // Searches of two books must not interleave, and all is used from one thread.
-class OpenBook {
+class ShelvedBook {
  public:
-  OpenBook() = default;
-  ~OpenBook();
-  OpenBook(const OpenBook&) = delete;
-  OpenBook& operator=(const OpenBook&) = delete;
+  ShelvedBook() = default;
+  ~ShelvedBook();
+  ShelvedBook(const ShelvedBook&) = delete;
+  ShelvedBook& operator=(const ShelvedBook&) = delete;
 
   Failure open(const BookPlace& place);
 
