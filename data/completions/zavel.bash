@@ -108,7 +108,8 @@ _zavel() {
     "book menu"*) words+=" --color --no-pager" ;;&
     "book multi"*) words+=" --limit --plain --color --no-pager" ;;&
     "book gaiji"*) words+=" --half --output --color --no-pager" ;;&
-    "book picture"* | "book sound"*) words+=" --output --color" ;;&
+    "book picture"*) words+=" --output --color" ;;&
+    "book sound"*) words+=" --play --output --color" ;;&
     "book icon"*) words+=" --small --output --color" ;;&
     "book info" | "book show" | "book next" | "book prev" | "book menu" | "book multi" | "book gaiji" | "book picture" | \
       "book sound" | "book icon")

@@ -150,3 +150,4 @@ for command in gaiji picture sound icon
 end
 complete -c zavel -n '__zavel_in book gaiji' -l half -d 'Half width'
 complete -c zavel -n '__zavel_in book icon' -l small -d 'The small one'
+complete -c zavel -n '__zavel_in book sound' -l play -d 'Play it'

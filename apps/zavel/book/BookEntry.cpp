@@ -35,7 +35,7 @@ Failure noSuchWord(ShelvedBook& book, const std::string& word) {
     if (count++ == kSuggestions) break;
     near += (near.empty() ? "" : ", ") + search.headword(hit);
   }
-  return {kExitNothing, "not_found", "no entry for " + quoted(word) + " in the book " + quoted(book.name()),
+  return {kExitNothing, kNotFound, "no entry for " + quoted(word) + " in the book " + quoted(book.name()),
           near.empty() ? "Search for a part of it: zavel book search --method forward"
                        : "Headwords that begin so: " + near};
 }

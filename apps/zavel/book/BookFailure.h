@@ -11,6 +11,7 @@
 namespace zavel::host {
 
 inline constexpr const char* kDamagedBook = "damaged_book";
+inline constexpr const char* kNotFound = "not_found";
 
 // `name` is what the user calls the book by; `what` was under way, as a sentence begins: "the search".
 Failure bookFailure(uint32_t code, const std::string& name, const std::string& what);

@@ -21,7 +21,8 @@ bool isUnseen(char32_t c) {
 
 // Marks that join the letter ahead of them.
 bool isCombining(char32_t c) {
-  return c >= 0x300 && c <= 0x36F;
+  return (c >= 0x300 && c <= 0x36F) || (c >= 0x1AB0 && c <= 0x1AFF) || (c >= 0x1DC0 && c <= 0x1DFF) ||
+         (c >= 0x20D0 && c <= 0x20FF);
 }
 
 bool isOuterSign(char32_t c) {
@@ -103,7 +104,9 @@ std::vector<std::string> keySpellings(std::string_view word, const BookCharacter
                                       std::string* unknown) {
   std::vector<std::string> spellings;
   std::string lacking, customless;
-  const std::string_view inner = withoutOuterBlanks(word), bare = asTyped ? inner : withoutOuterSigns(inner);
+  const std::string joined = withSoundMarksJoined(word);
+  const std::string_view inner = withoutOuterBlanks(joined),
+                         bare = asTyped ? inner : withoutOuterSigns(inner);
   for (const bool plainly : {false, true}) {
     for (const std::string_view text : {inner, bare}) {
       const std::string codes = codesOf(text, characters, plainly, plainly ? &lacking : &customless);

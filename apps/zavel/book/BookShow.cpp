@@ -61,14 +61,12 @@ void writeEntry(JsonWriter& json, const BookEntry& entry, bool raw) {
 // What is asked for, then entries as they come.
 class EntryView {
  public:
-  EntryView(const BookOptions& options, ShelvedBook& book)
-      : options_(options), book_(book), screen_(options, !options.json) {
-    json_.beginObject().member("schema", 1).member("query", options.place).member("status", "found");
-    json_.member("book", book.name()).member("title", book.title()).key("entries").beginArray();
-  }
+  EntryView(const BookOptions& options, const ShelvedBook& book)
+      : options_(options), book_(book), screen_(options, !options.json) {}
 
   void add(const BookEntry& entry) {
     if (options_.json) {
+      if (count_ == 0) begin("found");
       writeEntry(json_, entry, options_.raw);
     } else {
       screen_.write((count_ > 0 ? "\n" : "") + entryText(book_, entry, screen_, options_.raw));
@@ -76,19 +74,27 @@ class EntryView {
     ++count_;
   }
 
-  // The exit status; `failure` ended it.
+  // The exit status; `failure` ended it. A word that isn't there is no failure to who reads documents.
   int finish(const Failure& failure) {
-    if (count_ == 0 && failure) return report(failure, options_.json);
+    const bool nothing = options_.json && count_ == 0 && failure.code == kNotFound;
+    if (count_ == 0 && failure && !nothing) return report(failure, options_.json);
     screen_.finish();
+    if (nothing) begin(kNotFound);
     if (options_.json) std::printf("%s\n", json_.endArray().endObject().text().c_str());
+    if (nothing) return kExitNothing;
     if (!failure) return kExitFound;
     report(failure, false);
     return failure.status == kExitNothing ? kExitFound : kExitPartly;
   }
 
  private:
+  void begin(const char* status) {
+    json_.beginObject().member("schema", 1).member("query", options_.place).member("status", status);
+    json_.member("book", book_.name()).member("title", book_.title()).key("entries").beginArray();
+  }
+
   const BookOptions& options_;
-  ShelvedBook& book_;
+  const ShelvedBook& book_;
   BookScreen screen_;
   JsonWriter json_;
   size_t count_ = 0;
@@ -106,7 +112,7 @@ int walk(const BookOptions& options, bool next) {
   ShelvedBook book;
   std::vector<_SDICADDRESS> places;
   Failure failure = openFor(options, &book, &places);
-  if (failure) return report(failure, options.json);
+  if (failure) return EntryView(options, book).finish(failure);
   if (places.size() > 1) {
     std::string all;
     for (const _SDICADDRESS& place : places) all += (all.empty() ? "" : ", ") + placeText(place);
@@ -131,7 +137,7 @@ int runBookShow(const BookOptions& options) {
   ShelvedBook book;
   std::vector<_SDICADDRESS> places;
   Failure failure = openFor(options, &book, &places);
-  if (failure) return report(failure, options.json);
+  if (failure) return EntryView(options, book).finish(failure);
   if (options.limit > 0 && places.size() > static_cast<size_t>(options.limit))
     places.resize(static_cast<size_t>(options.limit));
   EntryView view(options, book);

@@ -59,6 +59,11 @@ TEST(BookKeysTest, WhatNobodySeesIsLeftOut) {
   EXPECT_EQ(spell("ne\u0301").codes, Codes{jis("ne")});
 }
 
+TEST(BookKeysTest, SoundMarksBehindTheirKana) {
+  EXPECT_EQ(spell("か\u3099").codes, Codes{jis("が")});
+  EXPECT_EQ(spell("ハ\u309A").codes, Codes{jis("パ")});
+}
+
 TEST(BookKeysTest, SignsOfQueriesAreNoPartOfWords) {
   EXPECT_EQ(spell("a◆b│c⊃").codes, Codes{jis("abc")});
   EXPECT_TRUE(spell("◇").codes.empty());

@@ -1,5 +1,8 @@
 // `zavel book search` and what it finds.
+#include <fcntl.h>
 #include <signal.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -215,6 +218,18 @@ TEST_F(BookSearchTest, AReaderThatGoesAwayEndsIt) {
   const Outcome outcome =
       zavel({"book", "search", "--plain"}).input("dog\ncat\n").outputFile("/dev/full").run();
   EXPECT_EQ(outcome.status, 3);
+}
+
+TEST_F(BookSearchTest, InterruptedWhileItWaitsForWords) {
+  const std::string fifo = file("words");
+  ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+  // Open at both ends, so that the reader waits for words that never come.
+  const int writer = open(fifo.c_str(), O_RDWR | O_CLOEXEC);
+  ASSERT_EQ(write(writer, "dog\n", 4), 4);
+  for (const int signal : {SIGINT, SIGTERM}) {
+    EXPECT_EQ(zavel({"book", "search"}).inputFile(fifo).signalAt(fifo, signal).run().status, 128 + signal);
+  }
+  close(writer);
 }
 
 }  // namespace

@@ -47,7 +47,11 @@ TEST_F(BookShowTest, AWordThatIsntThere) {
   EXPECT_EQ(told(book({"show", "pets", "xyz"})),
             "1||zavel: no entry for \"xyz\" in the book \"pets\"\n"
             "Search for a part of it: zavel book search --method forward\n");
-  EXPECT_EQ(json({"show", "pets", "xyz"})["error"]["code"], "not_found");
+  EXPECT_EQ(told(book({"show", "pets", "xyz", "--json"})),
+            R"(1|{"schema":1,"query":"xyz","status":"not_found","book":"pets","title":"Pets","entries":[]})"
+            "\n|");
+  EXPECT_EQ(json({"next", "pets", "xyz"})["status"], "not_found");
+  EXPECT_EQ(json({"picture", "pets", "xyz"})["error"]["code"], "not_found");
   EXPECT_EQ(book({"show", "pets", "\xFF"}).status, 2);
 }
 
