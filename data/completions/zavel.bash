@@ -15,7 +15,7 @@ _zavel_read() {
     fi
     case "$word" in
       --root | --mode | --color | --progress | --limit | -n | --suggest | --row) valued=$word ;;
-      --method | --dict | -d | --output | -o) valued=$word ;;
+      --method | --dict | -d | --output | -o | --form | --source | --title) valued=$word ;;
       --lang | --pos | --format | --number | --phrase | --kanji | --reading | --example | --sentence | --set) valued=$word ;;
       -*) ;;
       *) line+=("$word") ;;
@@ -52,8 +52,9 @@ _zavel() {
     --color) COMPREPLY=($(compgen -W "auto always never" -- "$current")); return ;;
     --progress) COMPREPLY=($(compgen -W "auto bar plain json none" -- "$current")); return ;;
     --method) COMPREPLY=($(compgen -W "exact forward backward keyword cross" -- "$current")); return ;;
+    --form) COMPREPLY=($(compgen -W "dictd edict kanjidic text" -- "$current")); return ;;
     --dict | -d) _zavel_books "$current"; return ;;
-    --output | -o)
+    --output | -o | --source)
       compopt -o filenames 2>/dev/null
       mapfile -t COMPREPLY < <(compgen -f -- "$current")
       return ;;
@@ -101,7 +102,8 @@ _zavel() {
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
         return
       fi ;;
-    book) words+=" list info search show next prev menu multi gaiji picture sound icon" ;;
+    book) words+=" build list info search show next prev menu multi gaiji picture sound icon" ;;
+    "book build"*) words+=" --all --list --form --source --title --if-missing --verify --quiet --progress" ;;
     "book list") words+=" --plain" ;;
     "book search"*) words+=" --method --query --dict --limit --plain --null --color --no-pager" ;;
     "book show"* | "book next"* | "book prev"*) words+=" --limit --raw --color --no-pager" ;;&
@@ -118,7 +120,7 @@ _zavel() {
         return
       fi ;;
     help) words="look dict prefs user book paths about" ;;
-    "help book") words="list info search show next prev menu multi gaiji picture sound icon" ;;
+    "help book") words="build list info search show next prev menu multi gaiji picture sound icon" ;;
     "help dict") words="build verify info" ;;
     "help prefs") words="dict" ;;
     "help user") words="add edit find list delete arrange import export" ;;

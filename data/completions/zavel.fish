@@ -23,7 +23,7 @@ function __zavel_line
     for word in (commandline -opc)[2..-1]
         if test $valued -eq 1
             set valued 0
-        else if contains -- $word --root --mode --color --progress --limit -n --suggest --row --lang --pos --format --number --phrase --kanji --reading --example --sentence --set --method --dict -d --output -o
+        else if contains -- $word --root --mode --color --progress --limit -n --suggest --row --lang --pos --format --number --phrase --kanji --reading --example --sentence --set --method --dict -d --output -o --form --source --title
             set valued 1
         else if not string match -q -- '-*' "$word"
             echo $word
@@ -121,8 +121,8 @@ complete -c zavel -n '__zavel_in user import' -l skip-existing -d 'Leave out wor
 complete -c zavel -n '__zavel_in user import' -s f -l force -d 'Also what is there already'
 complete -c zavel -n '__zavel_in user import' -l progress -x -a 'auto bar plain json none' -d 'Progress'
 complete -c zavel -n '__zavel_in user export' -l format -x -a 'tsv json jsonl' -d 'Form'
-complete -c zavel -n '__zavel_words book' -a 'list info search show next prev menu multi gaiji picture sound icon'
-complete -c zavel -n '__zavel_words help book' -a 'list info search show next prev menu multi gaiji picture sound icon'
+complete -c zavel -n '__zavel_words book' -a 'build list info search show next prev menu multi gaiji picture sound icon'
+complete -c zavel -n '__zavel_words help book' -a 'build list info search show next prev menu multi gaiji picture sound icon'
 for command in info show next prev menu multi gaiji picture sound icon
     complete -c zavel -n "__zavel_words book $command" -a '(__zavel_books)'
 end
@@ -151,3 +151,12 @@ end
 complete -c zavel -n '__zavel_in book gaiji' -l half -d 'Half width'
 complete -c zavel -n '__zavel_in book icon' -l small -d 'The small one'
 complete -c zavel -n '__zavel_in book sound' -l play -d 'Play it'
+complete -c zavel -n '__zavel_in book build' -l all -d 'Of every dictionary that is installed'
+complete -c zavel -n '__zavel_in book build' -l list -d 'What books can be made from'
+complete -c zavel -n '__zavel_in book build' -l form -x -a 'dictd edict kanjidic text' -d 'Form of a source'
+complete -c zavel -n '__zavel_in book build' -l source -r -F -d 'Its file'
+complete -c zavel -n '__zavel_in book build' -l title -x -d 'Title'
+complete -c zavel -n '__zavel_in book build' -l if-missing -d 'Make only what is missing'
+complete -c zavel -n '__zavel_in book build' -l verify -d 'Compare with the source'
+complete -c zavel -n '__zavel_in book build' -s q -l quiet -d 'No summary'
+complete -c zavel -n '__zavel_in book build' -l progress -x -a 'auto bar plain json none' -d 'Progress'

@@ -139,7 +139,7 @@ expect "build --if-missing does nothing when there is one" 0 "" "" "$zavel" dict
 fail() { echo "FAILED: $*"; failures=$((failures + 1)); }
 long_options() { grep -oE -- '--[a-z][a-z-]*' | sort -u; }
 page_of() { case "$1" in dict*) echo zavel-dict ;; prefs*) echo zavel-prefs ;; user*) echo zavel-user ;; book*) echo zavel-book ;; *) echo "zavel-$1" ;; esac; }
-for command in look "dict build" "dict verify" "dict info" "prefs dict list" "prefs dict enable" "prefs dict disable" "prefs dict move" "user add" "user edit" "user find" "user list" "user delete" "user arrange" "user import" "user export" "book list" "book info" "book search" "book show" "book next" "book prev" "book menu" "book multi" "book gaiji" "book picture" "book sound" "book icon" paths about; do
+for command in look "dict build" "dict verify" "dict info" "prefs dict list" "prefs dict enable" "prefs dict disable" "prefs dict move" "user add" "user edit" "user find" "user list" "user delete" "user arrange" "user import" "user export" "book build" "book list" "book info" "book search" "book show" "book next" "book prev" "book menu" "book multi" "book gaiji" "book picture" "book sound" "book icon" paths about; do
   "$zavel" help $command | sed -n '/^Options:/,$p' | sed 's/Excludes: [-a-z]*//' | long_options >"$work/options"
   page=$source/docs/man/$(page_of "$command").1.scd
   for option in $(cat "$work/options"); do
