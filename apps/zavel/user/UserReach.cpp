@@ -2,6 +2,7 @@
 #include "user/UserReach.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "engine/DicFormat.h"
 #include "engine/Entry.h"
@@ -21,10 +22,11 @@ constexpr size_t kWindow = size_t{4} * kMaxEntry;
 std::vector<std::string> wordsOf(const std::string& entries, UserLanguage language,
                                  const std::vector<uint32_t>& offsets) {
   std::vector<std::string> words;
+  std::unordered_set<std::string> known;
   WindowFile file(entries, kWindow);
   for (const uint32_t offset : offsets) {
     std::string word = textOfStored(std::string(formOfEntry(file.at(offset, kMaxEntry), language).word));
-    if (std::find(words.begin(), words.end(), word) == words.end()) words.push_back(std::move(word));
+    if (known.insert(word).second) words.push_back(std::move(word));
   }
   return words;
 }

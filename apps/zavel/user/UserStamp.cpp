@@ -2,9 +2,11 @@
 #include "user/UserStamp.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cinttypes>
 #include <cstdio>
 #include <cstring>
+#include <system_error>
 
 #include "engine/DicFormat.h"
 #include "foundation/Storage.h"
@@ -57,6 +59,18 @@ std::string line(const char* form, Values... values) {
   return text;
 }
 
+// Takes a line as kRange writes it off the text. There may be tens of thousands, and sscanf() measures all
+// that is left each time.
+bool takeRange(std::string_view* text, FileRange* range) {
+  const char* const end = text->data() + text->size();
+  const std::from_chars_result from = std::from_chars(text->data(), end, range->from, 16);
+  if (from.ec != std::errc() || from.ptr == end || *from.ptr != '-') return false;
+  const std::from_chars_result to = std::from_chars(from.ptr + 1, end, range->to, 16);
+  if (to.ec != std::errc() || to.ptr == end || *to.ptr != '\n') return false;
+  text->remove_prefix(static_cast<size_t>(to.ptr + 1 - text->data()));
+  return true;
+}
+
 }  // namespace
 
 UserStamp UserStamp::of(const UserPlace& place, UserLanguage language, FileRanges dead) {
@@ -84,12 +98,11 @@ UserStamp UserStamp::read(const UserPlace& place, UserLanguage language) {
   size_t count = 0;
   if (std::sscanf(text.c_str(), kHead, &stamp.entriesEnd, &stamp.entriesHash, &stamp.indexHash, &count) != 4)
     return {};
-  size_t at = text.find('\n') + 1;
+  std::string_view rest = sealed.substr(sealed.find('\n') + 1);
   for (size_t i = 0; i < count; ++i) {
     FileRange range;
-    if (std::sscanf(text.c_str() + at, kRange, &range.from, &range.to) != 2) return {};
+    if (!takeRange(&rest, &range)) return {};
     stamp.dead.push_back(range);
-    at = text.find('\n', at) + 1;
   }
   stamp.known = true;
   return stamp;
