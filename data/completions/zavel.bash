@@ -107,7 +107,7 @@ _zavel() {
     "book list") words+=" --plain" ;;
     "book search"*) words+=" --method --query --dict --limit --plain --null --color --no-pager" ;;
     "book show"* | "book next"* | "book prev"*) words+=" --limit --raw --color --no-pager" ;;&
-    "book menu"*) words+=" --color --no-pager" ;;&
+    "book menu"*) words+=" --pictures --color --no-pager" ;;&
     "book multi"*) words+=" --limit --plain --color --no-pager" ;;&
     "book gaiji"*) words+=" --half --output --color --no-pager" ;;&
     "book picture"*) words+=" --output --color" ;;&

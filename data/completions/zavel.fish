@@ -160,3 +160,4 @@ complete -c zavel -n '__zavel_in book build' -l if-missing -d 'Make only what is
 complete -c zavel -n '__zavel_in book build' -l verify -d 'Compare with the source'
 complete -c zavel -n '__zavel_in book build' -s q -l quiet -d 'No summary'
 complete -c zavel -n '__zavel_in book build' -l progress -x -a 'auto bar plain json none' -d 'Progress'
+complete -c zavel -n '__zavel_in book menu' -l pictures -d 'The menu of pictures'

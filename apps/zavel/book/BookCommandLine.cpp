@@ -96,6 +96,7 @@ void addEntries(CLI::App* book, BookOptions& o, const AddCommon& addCommon) {
   CLI::App* menu = book->add_subcommand("menu", "Show a menu");
   addBookName(menu, o);
   addPlace(menu, o, "Where a menu stands, as in 39:10; the first one without this", "PLACE");
+  menu->add_flag("--pictures", o.pictures, "The menu of pictures, where there is one of words, too");
   addPaged(menu, o);
   addCommon(menu);
 }

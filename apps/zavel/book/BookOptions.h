@@ -27,6 +27,7 @@ struct BookOptions {
   bool raw = false;                 // words of the text as they are
   bool half = false;                // of custom characters: half width
   bool small = false;               // of icons
+  bool pictures = false;            // of menus: that of pictures
   bool play = false;                // of sounds
   bool plain = false, json = false, noPager = false;
   std::string colourWhen = "auto";  // "always", "never"

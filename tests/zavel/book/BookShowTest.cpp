@@ -123,10 +123,18 @@ TEST_F(BookShowTest, Menus) {
   EXPECT_EQ(told(book({"menu", "small"})), "0|Ｍ→1:2\n|");
   EXPECT_EQ(told(book({"menu", "small", "2:0"})), "0|Ｍ→1:2\n|");
   EXPECT_EQ(told(book({"menu", "small", "--json"})),
-            R"(0|{"schema":1,"status":"found","book":"small","title":"Test","place":null,)"
+            R"(0|{"schema":1,"status":"found","book":"small","title":"Test","place":"2:0",)"
             R"("text":"Ｍ\n","lines":[{"indent":0,"spans":[)"
             R"({"type":"item","text":"Ｍ","styles":[],"place":"1:2"}]}]})"
             "\n|");
+}
+
+// The small book's has a letter and nothing else.
+TEST_F(BookShowTest, AMenuOfPictures) {
+  putSmall();
+  EXPECT_EQ(told(book({"menu", "small", "--pictures"})), "0|Ａ\n|");
+  EXPECT_EQ(told(book({"menu", "pets", "--pictures"})),
+            "1||zavel: the book \"pets\" has no menu of pictures\nSee what it has: zavel book info pets\n");
 }
 
 TEST_F(BookShowTest, NoMenu) {

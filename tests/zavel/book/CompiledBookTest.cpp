@@ -98,6 +98,25 @@ TEST_F(CompiledBookTest, AnIcon) {
   EXPECT_EQ(json({"icon", "kanji", "--small"})["height"], 15);
 }
 
+// The example that the documentation names: menus, pictures, sounds, forms of two kinds.
+TEST_F(CompiledBookTest, TheExampleOfAHandMadeBook) {
+  make("text", ZAVEL_DOCS "/../data/example-book/garden.txt", "garden");
+  EXPECT_EQ(book({"menu", "garden"}).out.substr(0, 15), "A Small Garden\n");
+  const nlohmann::json apple = json({"show", "garden", "apple"});
+  EXPECT_EQ(apple["entries"][0]["headword"], "林檎【りんご】");
+  EXPECT_NE(apple["entries"][0]["text"].get<std::string>().find("85% H₂O; there are some 10⁴ sorts."),
+            std::string::npos);
+  EXPECT_EQ(json({"picture", "garden", "apple"})["form"], "jpeg");
+  EXPECT_EQ(json({"sound", "garden", "風鈴"})["error"]["code"], "several_entries");
+  EXPECT_EQ(json({"multi", "garden", "1", "colour=moss green"})["entries"][0]["headword"], "苔【こけ】");
+  EXPECT_EQ(json({"multi", "garden", "1", "Latin name=mal"})["entries"][0]["headword"], "林檎【りんご】");
+  EXPECT_EQ(json({"search", "--method", "keyword", "--query", "stone and moss"})["entries"][0]["headword"],
+            "苔【こけ】");
+  const nlohmann::json plan = json({"menu", "garden", "--pictures"})["lines"][0]["spans"][0];
+  EXPECT_EQ(plan["type"], "picture");
+  EXPECT_EQ(json({"picture", "garden", plan["place"].get<std::string>()})["width"], 96);
+}
+
 // What helps, manual page and README show are commands that the program takes.
 TEST_F(CompiledBookTest, Examples) {
   makeKanji();
