@@ -277,6 +277,29 @@ TEST_F(Build, FindsWordsThatAreMissing) {
   EXPECT_EQ(faults_.kept()[0].text(), "BODY.DAT at 2: a word of \"dog\" isn't found");
 }
 
+// Each index and each font is looked at: without any one of them the book isn't what its source says.
+TEST_F(Build, FindsEachFileThatIsMissing) {
+  files_.entry("かな漢字\n    script\n", {"かな漢字", "漢字かな"}).entry("かな\n    kana\n", {"かな"});
+  files_.write(folder_.file("d"));
+  EXPECT_EQ(run().status, 0);
+  EXPECT_EQ(check().status, 0);
+  size_t files = 0;
+  for (const std::string& name : bookFileNames()) {
+    const std::string path = options_.target + "/" + name;
+    if (name == kCatalogFile || !fs::exists(path)) continue;
+    ++files;
+    fs::rename(path, folder_.file("aside"));
+    EXPECT_EQ(check().status, 5) << name;
+    fs::rename(folder_.file("aside"), path);
+  }
+  EXPECT_EQ(files, 16u);
+  std::string font = read(kHalfFontFile);
+  font[2048] = static_cast<char>(font[2048] ^ 1);
+  write(kHalfFontFile, font);
+  EXPECT_EQ(check().status, 5);
+  EXPECT_EQ(faults_.kept()[0].text(), "HALF16.FNT at 41249: the glyph of a character differs");
+}
+
 TEST_F(Build, FindsDamage) {
   EXPECT_EQ(run().status, 0);
   std::string text = read(kBodyFile);

@@ -24,6 +24,9 @@ class CustomTable {
   char32_t characterOf(uint16_t code, bool half) const;  // 0 for none
   uint16_t codeOf(char32_t character) const;             // 0 for none
 
+  // Each character by its width (true: half) and code.
+  const std::map<std::pair<bool, uint16_t>, char32_t>& characters() const { return characters_; }
+
  private:
   std::map<std::pair<bool, uint16_t>, char32_t> characters_;
   std::map<char32_t, uint16_t> codes_;

@@ -50,7 +50,8 @@ Outcome verify(const Options& options, mkdict::Progress& progress, mkdict::Summa
                mkdict::Faults* faults) {
   mkdict::Summary ofSource;
   const std::unique_ptr<BookSource> source = openSource(options, progress, &ofSource);
-  if (!verifyBook(*source, options.target, progress, summary, faults)) return interrupted();
+  const Unifont font = Unifont::open(options.unifont);
+  if (!verifyBook(*source, options.target, font, progress, summary, faults)) return interrupted();
   if (faults->total() == 0) return {};
   return {mkdict::kExitDamaged, "damaged_book",
           std::to_string(faults->total()) + (faults->total() == 1 ? " fault in " : " faults in ") +

@@ -15,6 +15,7 @@
 #include "mkbook/BookFolder.h"
 #include "mkbook/BookSource.h"
 #include "mkbook/BookText.h"
+#include "mkbook/Unifont.h"
 #include "mkbook/WordKeys.h"
 #include "mkdict/Faults.h"
 #include "mkdict/Progress.h"
@@ -53,6 +54,12 @@ struct TextSearch {
   std::vector<std::string> (BookSource::*words)(size_t number) const;
   const char* name;
 };
+// A way to search by words, and which parts of a word lead to its entry.
+struct WordSearch {
+  const char* method;
+  enum class Part { kWhole, kBeginning, kEnd } part;
+  const char* missing;  // told of a word that isn't found so
+};
 struct WordOfTexts {
   std::string word;             // as it first comes
   std::vector<size_t> entries;  // that have it
@@ -61,9 +68,9 @@ struct WordOfTexts {
 class Verification {
  public:
   // All borrowed. Throws Failure for a book that can't be opened.
-  Verification(const BookSource& source, const std::string& folder, mkdict::Progress& progress,
-               mkdict::Faults* faults)
-      : source_(source), folder_(folder), progress_(progress), faults_(faults) {
+  Verification(const BookSource& source, const std::string& folder, const Unifont& font,
+               mkdict::Progress& progress, mkdict::Faults* faults)
+      : source_(source), folder_(folder), font_(font), progress_(progress), faults_(faults) {
     open();
   }
 
@@ -77,22 +84,23 @@ class Verification {
   bool walkBack();
   bool compareTexts();
   void compareText(size_t number);
+  void comparePublisher();
   int64_t numberAt(const _SDICADDRESS& address) const;
   int64_t numberOf(const Span& span) const;
   void fault(size_t entry, const std::string& message) { faults_->add(kBodyFile, entry, message); }
 
   // Verification_Searches.cpp
-  bool askWords();
+  bool askWords(const WordSearch& search);
   bool askTextWords(const TextSearch& search, uint64_t* asked);
   bool askFields();
   void collectFields(size_t number, size_t form, std::map<std::string, WordOfTexts>* expected) const;
   void compareForms();
   bool choicesAre(const std::vector<Choice>& choices, const _SDICMULTIREFLIST* list) const;
   std::string queryFor(const std::string& word) const;
-  bool leadsTo(const std::string& query, const _SDICADDRESS& address);
   std::vector<size_t> entriesFor(const std::string& query);
 
   // Verification_Media.cpp
+  void compareGlyphs();
   void compareMedia(const char* bytes, const std::vector<size_t>& tags, const std::vector<size_t>& media,
                     size_t number);
   bool isMedium(const char* tag, size_t medium);
@@ -103,6 +111,7 @@ class Verification {
 
   const BookSource& source_;
   std::string folder_;
+  const Unifont& font_;
   mkdict::Progress& progress_;
   mkdict::Faults* faults_;
   std::unique_ptr<void, CloseBook> book_;

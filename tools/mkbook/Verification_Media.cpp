@@ -11,6 +11,7 @@ namespace zavel::mkbook {
 namespace {
 
 constexpr size_t kIconHeader = 118;     // bytes of a bitmap file ahead of its dots
+constexpr size_t kLongestGlyph = 64;    // room for one of 16 dots, and what the reader clears
 constexpr int64_t kToMenu = INT64_MAX;  // where an item leads that doesn't lead to an entry
 
 }  // namespace
@@ -123,6 +124,18 @@ void Verification::compareIcons() {
     if (status != kDone ||
         std::string_view(icons[i].owner.get() + kIconHeader, expected[i].size()) != expected[i])
       faults_->add(kCatalogFile, i, i == 0 ? "the icon differs" : "the small icon differs");
+  }
+}
+
+// Of the characters that the book leads back to Unicode.
+void Verification::compareGlyphs() {
+  for (const auto& [place, character] : table_.characters()) {
+    const auto [half, code] = place;
+    char dots[kLongestGlyph];
+    uint16_t length = 0;
+    const bool good = SDicGetRawCustomCharacterBitmap(book_.get(), !half, code, 16, dots, &length) == kDone &&
+                      std::string_view(dots, length) == font_.glyph(character);
+    if (!good) faults_->add(half ? kHalfFontFile : kFullFontFile, code, "the glyph of a character differs");
   }
 }
 

@@ -6,6 +6,7 @@
 #include "book/BookStatus.h"
 #include "book/IndexKey.h"
 #include "foundation/ByteReader.h"
+#include "foundation/StringType.h"
 #include "mkbook/IndexBuilder.h"
 #include "mkbook/JisTable.h"
 #include "mkbook/Verification.h"
@@ -44,18 +45,28 @@ bool isNothingInWords(uint16_t code) {
   return IndexBuilder::keyOf(kKindExact, kPlainKeys, text).empty();
 }
 
-}  // namespace
-
-bool Verification::leadsTo(const std::string& query, const _SDICADDRESS& address) {
-  long count = 0, first = 0;
-  if (SDicExecIndexSearch(book_.get(), query.c_str(), false, false, &count, &first) != kDone) return false;
-  for (long i = 0; i < count; ++i) {
-    _SDICITEMADDRESS hit{};
-    SDicGetSearchResult(book_.get(), static_cast<unsigned long>(i), &hit);
-    if (same(hit.body, address)) return true;
-  }
-  return false;
+// Which of a method's indexes a key is looked for in.
+int indexOf(const std::string& key) {
+  const int type = foundation::GFnGetStringType(key.c_str());
+  return type == foundation::kStringDigits ? foundation::kStringMixed : type;
 }
+
+// The query itself, or, for each index in which its beginnings or ends are looked for, the longest of them.
+std::vector<std::string> partsOf(const std::string& query, WordSearch::Part part) {
+  if (query.empty()) return {};
+  if (part == WordSearch::Part::kWhole) return {query};
+  std::map<int, std::string> longest;
+  for (size_t length = query.size(); length > 0; length -= 2) {
+    const size_t at = part == WordSearch::Part::kEnd ? query.size() - length : 0;
+    std::string key = asQuery(query.substr(at, length), isNothingInWords);
+    if (const int index = indexOf(key); index != foundation::kStringNone) longest.try_emplace(index, key);
+  }
+  std::vector<std::string> parts;
+  for (auto& [index, key] : longest) parts.push_back(std::move(key));
+  return parts;
+}
+
+}  // namespace
 
 // A word with characters that can't be typed is asked for as it is typed.
 std::string Verification::queryFor(const std::string& word) const {
@@ -64,19 +75,27 @@ std::string Verification::queryFor(const std::string& word) const {
 }
 
 // In the order of the words, so that neighbours in the index are asked for one after the other.
-bool Verification::askWords() {
-  std::vector<std::pair<std::string, size_t>> queries;
-  for (size_t i = 0; i < places_.size(); ++i)
-    for (const std::string& word : source_.entry(i).words)
-      if (std::string query = queryFor(word); !query.empty()) queries.emplace_back(std::move(query), i);
-  std::sort(queries.begin(), queries.end());
-  queries.erase(std::unique(queries.begin(), queries.end()), queries.end());
-  progress_.stage("asking for words", queries.size());
-  for (const auto& [query, number] : queries) {
+bool Verification::askWords(const WordSearch& search) {
+  std::map<std::string, std::vector<size_t>> expected;
+  for (size_t i = 0; i < places_.size(); ++i) {
+    for (const std::string& word : source_.entry(i).words) {
+      for (const std::string& query : partsOf(queryFor(word), search.part)) {
+        std::vector<size_t>& entries = expected[query];
+        if (entries.empty() || entries.back() != i) entries.push_back(i);
+      }
+    }
+  }
+  progress_.stage("asking for words", expected.size());
+  uint64_t asked = 0;
+  for (const auto& [query, entries] : expected) {
     if (progress_.cancelled()) return false;
-    if (!leadsTo("\x22\x21" + query, places_[number]))
-      fault(number, "a word of \"" + source_.entry(number).headword + "\" isn't found");
-    progress_.advance(++asked_);
+    const std::vector<size_t> found = entriesFor(search.method + query);
+    for (const size_t number : entries) {
+      if (!std::binary_search(found.begin(), found.end(), number))
+        fault(number, "a word of \"" + source_.entry(number).headword + "\"" + search.missing);
+    }
+    if (search.part == WordSearch::Part::kWhole) asked_ += entries.size();
+    progress_.advance(++asked);
   }
   return true;
 }

@@ -107,15 +107,32 @@ bool Verification::compareTexts() {
   return true;
 }
 
+// As much of it as the book takes.
+void Verification::comparePublisher() {
+  OwnBytes bytes;
+  char* given = nullptr;
+  const bool read = SDicGetPublisherInfo(book_.get(), &given, &bytes.length) == kDone;
+  if (read) bytes.take(given);
+  const std::string_view found = read ? std::string_view(bytes.owner.get()) : std::string_view();
+  const std::string expected = source_.publisher();
+  if (!expected.starts_with(found) || found.empty() != expected.empty())
+    faults_->add(kInfoFile, 0, "source and licence differ");
+}
+
 bool Verification::run(mkdict::Summary* summary) {
-  if (!walk() || !walkBack() || !compareTexts() || !askWords() ||
+  if (!walk() || !walkBack() || !compareTexts() ||
+      !askWords({"\x22\x21", WordSearch::Part::kWhole, " isn't found"}) ||
+      !askWords({"\x22\x22", WordSearch::Part::kBeginning, " isn't found by its beginning"}) ||
+      !askWords({"\x22\x23", WordSearch::Part::kEnd, " isn't found by its end"}) ||
       !askTextWords({"\x22\x25", &BookSource::keywords, "keywords"}, &keywordsAsked_) ||
       !askTextWords({"\x22\x24", &BookSource::crossWords, "words of texts"}, &crossWordsAsked_) ||
       !askFields())
     return false;
   walkMenus(false);
   walkMenus(true);
+  comparePublisher();
   compareIcons();
+  compareGlyphs();
   summary->figure("entries", places_.size());
   summary->figure("words asked for", asked_);
   summary->figure("keywords asked for", keywordsAsked_);
@@ -128,9 +145,9 @@ bool Verification::run(mkdict::Summary* summary) {
   return true;
 }
 
-bool verifyBook(const BookSource& source, const std::string& folder, mkdict::Progress& progress,
-                mkdict::Summary* summary, mkdict::Faults* faults) {
-  return Verification(source, folder, progress, faults).run(summary);
+bool verifyBook(const BookSource& source, const std::string& folder, const Unifont& font,
+                mkdict::Progress& progress, mkdict::Summary* summary, mkdict::Faults* faults) {
+  return Verification(source, folder, font, progress, faults).run(summary);
 }
 
 }  // namespace zavel::mkbook
