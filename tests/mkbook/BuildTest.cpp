@@ -280,6 +280,7 @@ TEST_F(Build, FindsWordsThatAreMissing) {
 // Each index and each font is looked at: without any one of them the book isn't what its source says.
 TEST_F(Build, FindsEachFileThatIsMissing) {
   files_.entry("かな漢字\n    script\n", {"かな漢字", "漢字かな"}).entry("かな\n    kana\n", {"かな"});
+  files_.entry("long\n    a long word\n", {"begin " + std::string(70, 'x') + " end", "end"});
   files_.write(folder_.file("d"));
   EXPECT_EQ(run().status, 0);
   EXPECT_EQ(check().status, 0);

@@ -96,7 +96,7 @@ class Verification {
   void collectFields(size_t number, size_t form, std::map<std::string, WordOfTexts>* expected) const;
   void compareForms();
   bool choicesAre(const std::vector<Choice>& choices, const _SDICMULTIREFLIST* list) const;
-  std::string queryFor(const std::string& word) const;
+  std::string queryFor(const std::string& word, bool end) const;
   std::vector<size_t> entriesFor(const std::string& query);
 
   // Verification_Media.cpp

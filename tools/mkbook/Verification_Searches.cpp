@@ -27,14 +27,20 @@ bool isToken(uint16_t code) {
          code == kTokenAnd || code == kTokenOr;
 }
 
-// Of a word what a host asks for: not the signs that a query has for its own ends, and not what is nothing by
-// itself at its ends: a key that ends in a blank, once signs are dropped, finds no word that doesn't.
-std::string asQuery(std::string_view word, bool (*isNothing)(uint16_t code)) {
+// Of a word what a host asks for, its first characters, or for `end` its last: not the signs that a query has
+// for its own ends, and not what is nothing by itself at its ends: a key that ends in a blank, once signs are
+// dropped, finds no word that doesn't.
+std::string asQuery(std::string_view word, bool (*isNothing)(uint16_t code), bool end = false) {
   std::string out;
-  for (size_t at = 0; at + 2 <= word.size() && out.size() < kSearched; at += 2)
+  for (size_t at = 0; at + 2 <= word.size(); at += 2)
     if (!isToken(codeAt(word, at))) out += word.substr(at, 2);
-  while (!out.empty() && isNothing(codeAt(out, out.size() - 2))) out.resize(out.size() - 2);
-  while (!out.empty() && isNothing(codeAt(out, 0))) out.erase(0, 2);
+  const auto trim = [&out, isNothing] {
+    while (!out.empty() && isNothing(codeAt(out, out.size() - 2))) out.resize(out.size() - 2);
+    while (!out.empty() && isNothing(codeAt(out, 0))) out.erase(0, 2);
+  };
+  trim();
+  if (out.size() > kSearched) out = end ? out.substr(out.size() - kSearched) : out.substr(0, kSearched);
+  trim();
   return out;
 }
 
@@ -69,9 +75,9 @@ std::vector<std::string> partsOf(const std::string& query, WordSearch::Part part
 }  // namespace
 
 // A word with characters that can't be typed is asked for as it is typed.
-std::string Verification::queryFor(const std::string& word) const {
+std::string Verification::queryFor(const std::string& word, bool end) const {
   const std::string typed = typedForm(word);
-  return asQuery(typed.empty() ? codesOf(word, table_) : typed, isNothingInWords);
+  return asQuery(typed.empty() ? codesOf(word, table_) : typed, isNothingInWords, end);
 }
 
 // In the order of the words, so that neighbours in the index are asked for one after the other.
@@ -79,7 +85,8 @@ bool Verification::askWords(const WordSearch& search) {
   std::map<std::string, std::vector<size_t>> expected;
   for (size_t i = 0; i < places_.size(); ++i) {
     for (const std::string& word : source_.entry(i).words) {
-      for (const std::string& query : partsOf(queryFor(word), search.part)) {
+      for (const std::string& query :
+           partsOf(queryFor(word, search.part == WordSearch::Part::kEnd), search.part)) {
         std::vector<size_t>& entries = expected[query];
         if (entries.empty() || entries.back() != i) entries.push_back(i);
       }
