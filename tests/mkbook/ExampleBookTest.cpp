@@ -112,6 +112,10 @@ class ExampleBook : public testing::Test {
 TEST_F(ExampleBook, HoldsWhatItsSourceSays) {
   ASSERT_EQ(run().status, 0);
   EXPECT_EQ(summary_.valueOf("entries"), 8u);
+  EXPECT_EQ(summary_.valueOf("menus"), 5u);
+  EXPECT_EQ(summary_.valueOf("pictures"), 4u);
+  EXPECT_EQ(summary_.valueOf("sounds"), 1u);
+  EXPECT_EQ(summary_.valueOf("fields of search forms"), 4u);
   EXPECT_NE(summary_.text().find("written as plain text: menthol (line 110)\n"), std::string::npos);
   EXPECT_EQ(run(true).status, 0);
   EXPECT_EQ(faults_.total(), 0u);

@@ -262,6 +262,9 @@ bool Compilation::writeIndexes() {
 }
 
 void Compilation::writeMedia() {
+  const std::vector<MediumShape> media = source_.media();
+  if (media.empty()) return;
+  progress_.stage("writing pictures and sounds");
   for (const CatalogRecord& record : media_.write(source_, folder_)) {
     records_.push_back(record);
     nextBlock_ = record.last + 1;
@@ -324,6 +327,15 @@ void Compilation::writeCatalog(const BookIdentity& identity) {
 }
 
 void Compilation::account() {
+  const std::vector<MediumShape> media = source_.media();
+  const auto sounds = std::count_if(media.begin(), media.end(), [](const MediumShape& shape) {
+    return shape.kind == MediumShape::Kind::kSound;
+  });
+  if (!source_.menus().empty()) summary_->figure("menus", source_.menus().size());
+  if (!media.empty()) {
+    summary_->figure("pictures", media.size() - static_cast<size_t>(sounds));
+    summary_->figure("sounds", static_cast<size_t>(sounds));
+  }
   summary_->figure("custom characters, full width", characters_.count(true));
   summary_->figure("custom characters, half width", characters_.count(false));
   for (const char32_t character : characters_.lacking())
