@@ -186,6 +186,7 @@ TEST_F(Source, RefusesWhatIsNoText) {
             "3:1: the line has more than 65535 bytes; break it in two");
   EXPECT_EQ(wrong(kHead + std::string(65535, 'x')), "");
   EXPECT_EQ(wrong("\xFF\xFE@\0b\0"), folder_.file("book.txt") + " is in UTF-16");
+  EXPECT_EQ(wrong(kHead + std::string(1, '\0')), folder_.file("book.txt") + " is no text");
   EXPECT_EQ(wrong(""), "1:1: a book begins with @book and its title");
   EXPECT_THROW(TextSource(folder_.file("none"), &summary_), Failure);
   EXPECT_THROW(TextSource(folder_.path(), &summary_), Failure);

@@ -29,6 +29,9 @@ std::string readFile(const std::string& path) {
   }
   if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"))
     throw Failure(mkdict::kExitDamaged, "damaged_input", path + " is in UTF-16", "Save it as UTF-8.");
+  if (text.find('\0') != std::string::npos)
+    throw Failure(mkdict::kExitDamaged, "damaged_input", path + " is no text",
+                  "Name a book in the form of mkbook-text(5).");
   return text;
 }
 

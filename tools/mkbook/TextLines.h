@@ -19,7 +19,7 @@ class TextLines {
 
   // Lines end with LF or CR LF. A byte order mark of UTF-8 is passed over. Control characters but tabs, lines
   // that are too long and what isn't UTF-8 go into *errors. Throws Failure for a file that can't be read, is
-  // too large or in UTF-16.
+  // too large, in UTF-16 or no text.
   TextLines(const std::string& path, SourceErrors* errors);
 
   size_t size() const { return starts_.size() - 1; }
