@@ -41,7 +41,7 @@ std::string plainText(std::string_view words, const BookCharacters& characters) 
     if (word == book::kTagHalfOn || word == book::kTagHalfOff) half = word == book::kTagHalfOn;
     if (word >= book::kFirstCharacter) out += characters.text(word, half);
   }
-  while (out.ends_with(' ') || out.ends_with("　")) out.resize(out.size() - (out.back() == ' ' ? 1 : 3));
+  while (out.ends_with(' ') || out.ends_with("　")) out.erase(out.size() - (out.back() == ' ' ? 1 : 3));
   while (out.starts_with(' ') || out.starts_with("　")) out.erase(0, out[0] == ' ' ? 1 : 3);
   return out;
 }

@@ -263,7 +263,7 @@ void BookTextDecoder::tidy() {
     while (!line.spans.empty() && line.spans.back().kind == SpanKind::kText) {
       std::string& last = line.spans.back().text;
       while (last.ends_with(' ') || last.ends_with("　"))
-        last.resize(last.size() - (last.back() == ' ' ? 1 : 3));
+        last.erase(last.size() - (last.back() == ' ' ? 1 : 3));
       if (!last.empty()) break;
       line.spans.pop_back();
     }
