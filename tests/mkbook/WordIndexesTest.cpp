@@ -48,6 +48,12 @@ TEST(WordIndexes, FileAWordWithSignsAsItIsSpelledAndWithout) {
   EXPECT_EQ(filesFor({jis("(")}), "");
 }
 
+// Beginnings are of the first 62 characters, as many as a search takes in; ends are of what stands behind
+// them, too.
+TEST(WordIndexes, FileLongWordsByTheirOwnEnds) {
+  EXPECT_EQ(filesFor({jis(std::string(62, 'a') + "あ")}), "EXACTL FORWARDL BACKWARDK BACKWARD");
+}
+
 TEST(WordIndexes, AlwaysHaveTheGeneralOnes) {
   WordIndexes indexes;
   indexes.settle();

@@ -59,6 +59,12 @@ unsigned classesOfParts(std::string_view codes, bool ends) {
   return classes;
 }
 
+std::string turned(const std::string& codes) {
+  std::string out;
+  for (size_t at = codes.size(); at >= 2; at -= 2) out += codes.substr(at - 2, 2);
+  return out;
+}
+
 }  // namespace
 
 WordIndexes::WordIndexes() {
@@ -81,8 +87,11 @@ bool WordIndexes::add(std::string_view word, const _SDICADDRESS& address) {
   for (const std::string& form : {spelled, bare}) {
     whole |= classOf(typeOf(form));
     beginnings |= classesOfParts(form, false);
-    ends |= classesOfParts(form, true);
   }
+  // The end of a long word is none of its beginning; keys of ends are turned round.
+  const std::string spelledEnd = IndexBuilder::queryOf(kKindBackward, word);
+  const std::string bareEnd = turned(IndexBuilder::keyOf(kKindBackward, kPlainKeys, word));
+  for (const std::string& form : {spelledEnd, bareEnd}) ends |= classesOfParts(form, true);
   addTo(kForward, beginnings, word, address);
   addTo(kBackward, ends, word, address);
   return addTo(kExact, whole, word, address);
