@@ -93,6 +93,15 @@ Failure noCatalog(const std::string& name, const std::string& catalog) {
           kRebuild};
 }
 
+Failure lackingFiles(const std::string& name, const std::vector<std::string>& files) {
+  std::string names;
+  for (const std::string& file : files) names += (names.empty() ? "" : ", ") + printable(file);
+  return {kExitDamaged, kDamagedBook,
+          "the book " + quoted(name) + " is damaged: its " +
+              (files.size() == 1 ? "file " + names + " is missing" : "files " + names + " are missing"),
+          kRebuild};
+}
+
 Failure lacking(const std::string& name, const std::string& what) {
   return {kExitNothing, "not_available", "the book " + quoted(name) + " has no " + what,
           "See what it has: zavel book info " + printable(name)};

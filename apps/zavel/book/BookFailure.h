@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "Failure.h"
 #include "JsonWriter.h"
@@ -24,6 +25,9 @@ Failure noCatalog(const std::string& name, const std::string& catalog);
 
 // What a book hasn't, as a sentence ends: "a menu".
 Failure lacking(const std::string& name, const std::string& what);
+
+// Of files that its catalog names and that are missing, one at least.
+Failure lackingFiles(const std::string& name, const std::vector<std::string>& files);
 
 // {"code","message","hint"}, or null for none.
 void writeError(JsonWriter& json, const Failure& failure);

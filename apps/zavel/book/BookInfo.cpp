@@ -28,7 +28,7 @@ constexpr MethodName kMethods[] = {{book::kMethodExact, "exact", "whole words"},
                                    {book::kMethodForward, "forward", "beginnings"},
                                    {book::kMethodBackward, "backward", "ends"},
                                    {book::kMethodKeyword, "keyword", "keywords"},
-                                   {book::kMethodCross, "cross", "cross references"},
+                                   {book::kMethodCross, "cross", "all words of the texts"},
                                    {book::kMethodMulti, "multi", "forms"},
                                    {book::kMethodMenu, "menu", "menu"},
                                    {book::kMethodColorMenu, "color_menu", "colour menu"}};
@@ -160,7 +160,9 @@ int runBookInfo(const BookOptions& options) {
   } else {
     printText(place, info);
   }
-  return kExitFound;
+  const Failure incomplete = book.incomplete();
+  if (incomplete) report(incomplete, false);
+  return incomplete.status;
 }
 
 }  // namespace zavel::host

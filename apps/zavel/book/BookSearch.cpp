@@ -38,6 +38,17 @@ std::string cut(const std::string& codes, BookMethod method) {
   return method == BookMethod::kBackward ? codes.substr(codes.size() - kMost) : codes.substr(0, kMost);
 }
 
+std::vector<std::string_view> wordsBetweenBlanks(std::string_view text) {
+  constexpr std::string_view kWideBlank = "\u3000";
+  std::vector<std::string_view> words;
+  for (size_t from = 0; from < text.size();) {
+    const size_t end = std::min({text.find(' ', from), text.find(kWideBlank, from), text.size()});
+    if (end > from) words.push_back(text.substr(from, end - from));
+    from = end + (text.substr(end).starts_with(kWideBlank) ? kWideBlank.size() : 1);
+  }
+  return words;
+}
+
 }  // namespace
 
 const char* methodName(BookMethod method) {
@@ -51,7 +62,24 @@ std::optional<BookMethod> methodOf(std::string_view name) {
   return std::nullopt;
 }
 
+// Keywords of several words are filed whole, those that texts consist of one by one.
 BookHits BookSearch::find(BookMethod method, std::string_view word) {
+  BookHits found = findWord(method, word);
+  const std::vector<std::string_view> words = wordsBetweenBlanks(word);
+  const bool each = method == BookMethod::kKeyword || method == BookMethod::kCross;
+  if (!each || words.size() < 2 || found.failure || !found.available || !found.hits.empty()) return found;
+  found = findWord(method, words[0]);
+  for (size_t i = 1; i < words.size() && !found.failure && !found.hits.empty(); ++i) {
+    BookHits next = findWord(method, words[i]);
+    std::erase_if(next.hits, [&found](const BookHit& hit) {
+      return !std::binary_search(found.hits.begin(), found.hits.end(), hit);
+    });
+    found = std::move(next);
+  }
+  return found;
+}
+
+BookHits BookSearch::findWord(BookMethod method, std::string_view word) {
   BookHits found;
   for (const std::string& codes : keySpellings(word, book_.characters(), false, &found.unknown)) {
     std::string query;

@@ -45,7 +45,8 @@ class BookSearch {
   // The book is borrowed.
   explicit BookSearch(ShelvedBook& book) : book_(book) {}
 
-  // The entries of a word (UTF-8): of the first of its spellings that has any.
+  // The entries of a word (UTF-8): of the first of its spellings that has any. By keywords and across texts,
+  // where each word stands for itself, those that have all words.
   BookHits find(BookMethod method, std::string_view word);
 
   // The entries of a form, by number from 0, whose fields (from 0) have all these keys.
@@ -59,6 +60,7 @@ class BookSearch {
   std::string headwordAt(const _SDICADDRESS& address);
 
  private:
+  BookHits findWord(BookMethod method, std::string_view word);
   bool nextCombination(std::vector<size_t>* choice, const std::vector<std::vector<std::string>>& spellings);
 
   ShelvedBook& book_;

@@ -101,7 +101,8 @@ BookAnswer BookSearcher::ask(const std::string& word, const BookQuery* query) {
       word, options_.query ? "query" : methodName(method_.value_or(BookMethod::kExact)), {}, {}, ""};
   bool known = false;
   for (const std::unique_ptr<ShelvedBook>& book : books_) {
-    const BookHits hits = word.empty() ? BookHits() : search(*book, word, query);
+    BookHits hits = word.empty() ? BookHits() : search(*book, word, query);
+    if (!hits.failure) hits.failure = book->incomplete();
     answer.parts.push_back(answerPart(*book, hits, static_cast<size_t>(options_.limit)));
     if (hits.failure) complain(hits.failure);
     known = known || hits.unknown.empty();

@@ -2,20 +2,22 @@
 #include "book/ShelvedBook.h"
 
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <optional>
 
 #include "Utf8.h"
 #include "book/BookFailure.h"
+#include "book/BookFiles.h"
 #include "book/BookFormat.h"
 #include "book/BookStatus.h"
 #include "book/SDic.h"
+#include "foundation/Storage.h"
 #include "platform/Platform.h"
 #include "platform/TextEncoding.h"
 
 namespace zavel::host {
 namespace {
+
+constexpr size_t kLargestFile = size_t{64} << 20;
 
 bool readNumber(std::string_view digits, uint32_t* number) {
   constexpr size_t kMostDigits = 10;
@@ -65,6 +67,11 @@ const BookCharacters& ShelvedBook::characters() {
   return *characters_;
 }
 
+Failure ShelvedBook::incomplete() const {
+  const std::vector<std::string> missing = missingFiles(place_.catalog);
+  return missing.empty() ? Failure() : lackingFiles(place_.name, missing);
+}
+
 bool ShelvedBook::has(const _SDICADDRESS& address, uint16_t type) const {
   const _SDICADDRESS real = {address.block + static_cast<uint32_t>(address.offset >> book::kBlockShift),
                              static_cast<uint32_t>(address.offset & book::kBlockMask)};
@@ -78,9 +85,8 @@ Failure ShelvedBook::noSuchPlace(const _SDICADDRESS& address) const {
 }
 
 std::optional<std::string> bytesOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-  if (!file.is_open() || file.bad()) return std::nullopt;
+  std::string bytes;
+  if (!readWholeFile(path, kLargestFile, &bytes)) return std::nullopt;
   return bytes;
 }
 

@@ -32,6 +32,9 @@ class ShelvedBook {
   // Read when first asked for.
   const BookCharacters& characters();
 
+  // The failure of a book that lacks files which its catalog names: it opens, and what they hold isn't found.
+  Failure incomplete() const;
+
   // Whether the place lies in the book; `type` as the engine has it, 0 for any data.
   bool has(const _SDICADDRESS& address, uint16_t type = 0) const;
   // The failure of a place that doesn't.
@@ -43,7 +46,7 @@ class ShelvedBook {
   std::optional<BookCharacters> characters_;
 };
 
-// The bytes of a file; nothing when it can't be read.
+// The bytes of a file; nothing when it can't be read or has more than 64 MiB.
 std::optional<std::string> bytesOf(const std::string& path);
 
 // What the publisher or a form's maker wrote, in whichever encoding it is, as UTF-8 without controls.

@@ -49,6 +49,43 @@ TEST_F(CompiledBookTest, AccentsAreFoundAsTheyAreAndAsTheyAreTyped) {
   EXPECT_EQ(json({"search", "--method", "backward", "é"})["entries"].size(), 1u);
 }
 
+// Each word stands for itself.
+TEST_F(CompiledBookTest, EntriesByTheWordsOfTheirTexts) {
+  makeCafe();
+  EXPECT_EQ(json({"search", "--method", "cross", "drink"})["entries"][0]["headword"], "coffee");
+  EXPECT_EQ(json({"search", "--method", "cross", "cafe coffee"})["entries"].size(), 2u);
+  EXPECT_EQ(json({"search", "--method", "cross", "cake  place"})["entries"][0]["headword"], "café");
+  EXPECT_EQ(json({"search", "--method", "cross", "cake drink"})["status"], "not_found");
+  EXPECT_EQ(json({"search", "--method", "keyword", "coffee cafe"})["status"], "not_found");
+}
+
+// The engine opens such a book and leaves out what the file would hold: an answer may lack entries.
+TEST_F(CompiledBookTest, AFileThatIsMissingIsTold) {
+  makeCafe();
+  std::filesystem::remove(root() + "/books/cafe/EXACTL.DAT");
+  const std::string damaged =
+      "zavel: the book \"cafe\" is damaged: its file EXACTL.DAT is missing. Make it again from its source, "
+      "or put "
+      "back a copy that is whole.\n";
+  Outcome outcome = book({"search", "coffee"});
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_TRUE(outcome.err.starts_with(damaged)) << outcome.err;
+  outcome = book({"search", "--method", "forward", "coff"});
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_NE(outcome.out.find("coffee"), std::string::npos);
+  EXPECT_EQ(json({"search", "coffee"})["books"][0]["error"]["code"], "damaged_book");
+  outcome = book({"info", "cafe"});
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_NE(outcome.err.find("its file EXACTL.DAT is missing"), std::string::npos);
+}
+
+TEST_F(CompiledBookTest, ATableThatIsAFolderIsAsNone) {
+  makeCafe();
+  std::filesystem::remove(root() + "/books/cafe/BOOK.UNI");
+  std::filesystem::create_directory(root() + "/books/cafe/BOOK.UNI");
+  EXPECT_EQ(book({"search", "coffee"}).status, 0);
+}
+
 TEST_F(CompiledBookTest, AnEntryReadsAsItsSource) {
   makeCafe();
   const nlohmann::json coffee = json({"search", "coffee"})["entries"][0];
