@@ -251,6 +251,15 @@ TEST_F(Source, RefusesMenusAndFormsThatMakeNoSense) {
   std::string fields = kHead + "@form f\n", forms = kHead;
   for (int i = 0; i < 41; ++i) fields += "@field a\n";
   for (int i = 0; i < 17; ++i) forms += "@form f\n@field a\n";
+  const std::string longest(61, 'x');
+  EXPECT_EQ(wrong("@book T\n@form f\n@field c\n" + longest + "\n@entry a\n@value c: " + longest + "\n"), "");
+  EXPECT_EQ(wrong("@book T\n@form f\n@field c\nx" + longest + "\n@entry a\n"),
+            "4:1: too long; a choice has at most 61 characters");
+  EXPECT_EQ(wrong("@book T\n@form f\n@field c\n@entry a\n@value c: x" + longest + "\n"),
+            "5:11: too long; a value has at most 61 characters");
+  std::string choices = "@book T\n@form f\n@field c\n";
+  for (int i = 0; i < 65537; ++i) choices += "c" + std::to_string(i) + "\n";
+  EXPECT_EQ(wrong(choices + "@entry a\n"), "65540:1: a field of more than 65,536 choices");
   EXPECT_EQ(wrong(fields), "3:1: a form of more than 40 fields");
   EXPECT_EQ(wrong(forms), "35:1: more than 16 forms");
 }

@@ -74,6 +74,12 @@ expect 'a damaged source' 5 '' '*d.dict is no EDICT file*' "$mkbook" "${font[@]}
 expect 'a place that takes no folder' 3 '' "*can't be made*" "$mkbook" "${font[@]}" dictd "$work/d.index" /proc/nowhere/book
 [ -e "$work/other" ] && fail 'failures leave no book'
 
+# Nobody may take a cut account for a whole one.
+"$mkbook" "${font[@]}" dictd "$work/d.index" "$work/told" >/dev/full 2>"$work/err"
+[ $? = 3 ] || fail 'an account that cannot be written ends with 3'
+[[ "$(cat "$work/err")" == "mkbook: the output can't be written"* ]] || fail 'and says so'
+[ -e "$work/told/BOOK.CAT" ] || fail 'the book is there all the same'
+
 # An interrupt in the middle leaves the old book and nothing beside it.
 edict 300000 >"$work/long"
 mkdir "$work/place"

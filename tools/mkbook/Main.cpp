@@ -53,5 +53,9 @@ int main(int argc, char** argv) {
   std::cout << (options.json ? reportJson(options, outcome, summary, faults)
                              : reportText(options, outcome, summary, faults));
   std::cerr << reportErrors(outcome);
-  return outcome.status;
+  if (std::cout.flush() || outcome.status != zavel::mkdict::kExitDone) return outcome.status;
+  // Nobody may take a cut account for a whole one.
+  std::cerr << "mkbook: the output can't be written\nCheck that the disk isn't full and that standard output "
+               "is open.\n";
+  return zavel::mkdict::kExitEnvironment;
 }

@@ -12,8 +12,9 @@ using mkdict::trimmed;
 
 constexpr unsigned kTab = 8;
 constexpr size_t kLongestEntry = size_t{8} << 20;  // bytes
-constexpr size_t kLongestWord = 500, kLongestFieldLabel = 15, kLongestFormName = 31, kLongestValue = 62;
-constexpr size_t kMostFields = 40;
+constexpr size_t kLongestWord = 500, kLongestFieldLabel = 15, kLongestFormName = 31,
+                 kLongestValue = 61;  // a search takes in 63 characters, two of which name form and field
+constexpr size_t kMostFields = 40, kMostChoices = 65536;
 constexpr std::string_view kOpening = "【", kClosing = "】";
 
 size_t charactersOf(std::string_view utf8) {
@@ -142,7 +143,7 @@ void TextSectionReader::value(const Directive& directive, size_t line, TextEntry
   const std::string_view text = trimmed(directive.argument.substr(colon + 1));
   if (charactersOf(text) > kLongestValue)
     complain_(line, static_cast<size_t>(text.data() - lines_[line].data()),
-              "too long; a value has at most 62 characters");
+              "too long; a value has at most 61 characters");
   out->values.emplace_back(label, text);
 }
 
@@ -163,6 +164,7 @@ MultiSearch TextSectionReader::form(const TextSection& section) const {
   MultiSearch out{std::string(head->argument), {}};
   if (out.name.empty()) complain_(section.first, head->offset, "a form without a name");
   demandShort(*head, section.first, kLongestFormName);
+  size_t choices = 0;  // of the last field
   for (size_t i = section.first + 1; i < section.end; ++i) {
     const std::optional<Directive> directive = directiveOf(lines_[i]);
     if (directive && (directive->name == "field" || directive->name == "beginning")) {
@@ -171,11 +173,13 @@ MultiSearch TextSectionReader::form(const TextSection& section) const {
         complain_(i, directive->offset, "a label with a colon, which ends labels in @value");
       demandShort(*directive, i, kLongestFieldLabel);
       out.fields.push_back({std::string(directive->argument), directive->name == "beginning", {}});
+      choices = 0;
     } else if (directive) {
       complain_(i, 0, "unknown in a form; there are @field and @beginning");
     } else if (!isComment(lines_[i]) && !trimmed(lines_[i]).empty()) {
       if (out.fields.empty()) return complain_(i, 0, "a choice without a field ahead of it"), out;
       choice(lines_[i], i, &out.fields.back().choices);
+      if (++choices == kMostChoices + 1) complain_(i, 0, "a field of more than 65,536 choices");
     }
   }
   if (out.fields.empty()) complain_(section.first, 0, "a form without fields");
@@ -191,7 +195,7 @@ void TextSectionReader::choice(std::string_view line, size_t number, std::vector
   const size_t offset = static_cast<size_t>(text.data() - line.data());
   if (text.starts_with("\\@") || text.starts_with("\\#")) text.remove_prefix(1);
   if (charactersOf(text) > kLongestValue)
-    return complain_(number, offset, "too long; a choice has at most 62 characters");
+    return complain_(number, offset, "too long; a choice has at most 61 characters");
   if (below && choices->empty()) return complain_(number, offset, "a choice below none");
   (below ? choices->back().below : *choices).emplace_back(std::string(text));
 }

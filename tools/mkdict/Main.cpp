@@ -55,5 +55,9 @@ int main(int argc, char** argv) {
   const Report report{options, outcome, summary, faults};
   std::cout << (options.json ? report.json() : report.text());
   std::cerr << report.errors();
-  return outcome.status;
+  if (std::cout.flush() || outcome.status != kExitDone) return outcome.status;
+  // Nobody may take a cut account for a whole one.
+  std::cerr << "mkdict: the output can't be written\nCheck that the disk isn't full and that standard output "
+               "is open.\n";
+  return kExitEnvironment;
 }

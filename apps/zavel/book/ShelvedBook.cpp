@@ -2,6 +2,7 @@
 #include "book/ShelvedBook.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <optional>
 
 #include "Utf8.h"
@@ -85,8 +86,11 @@ Failure ShelvedBook::noSuchPlace(const _SDICADDRESS& address) const {
 }
 
 std::optional<std::string> bytesOf(const std::string& path) {
+  std::error_code error;
   std::string bytes;
-  if (!readWholeFile(path, kLargestFile, &bytes)) return std::nullopt;
+  // A pipe would keep its reader waiting.
+  if (!std::filesystem::is_regular_file(path, error) || !readWholeFile(path, kLargestFile, &bytes))
+    return std::nullopt;
   return bytes;
 }
 

@@ -1,4 +1,5 @@
 // Books that mkbook makes of dictionaries, read with `zavel book`.
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 #include <filesystem>
@@ -83,6 +84,10 @@ TEST_F(CompiledBookTest, ATableThatIsAFolderIsAsNone) {
   makeCafe();
   std::filesystem::remove(root() + "/books/cafe/BOOK.UNI");
   std::filesystem::create_directory(root() + "/books/cafe/BOOK.UNI");
+  EXPECT_EQ(book({"search", "coffee"}).status, 0);
+  // A pipe that nobody writes into isn't waited for.
+  std::filesystem::remove(root() + "/books/cafe/BOOK.UNI");
+  ASSERT_EQ(mkfifo((root() + "/books/cafe/BOOK.UNI").c_str(), 0600), 0);
   EXPECT_EQ(book({"search", "coffee"}).status, 0);
 }
 
