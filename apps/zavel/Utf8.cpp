@@ -106,7 +106,8 @@ std::string printable(std::string_view text) {
     char32_t code = 0;
     const size_t length = decodeUtf8(text, &code);
     const bool control = code != U'\n' && (code < 0x20 || (code >= 0x7F && code < 0xA0));
-    if (length == 0 || control) {
+    const bool turnsText = (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
+    if (length == 0 || control || turnsText) {
       out += "\xEF\xBF\xBD";
     } else {
       out.append(text.substr(0, length));
@@ -117,12 +118,14 @@ std::string printable(std::string_view text) {
 }
 
 std::string withoutControls(std::string utf8) {
-  // Controls are one byte, or begin with 0xC2. No early end, so that many bytes go at a time.
+  // Controls are one byte, or begin with 0xC2; marks that turn the text begin with 0xE2. No early end, so
+  // that many bytes go at a time.
   unsigned suspicious = 0;
   for (const char c : utf8) {
     const unsigned char byte = static_cast<unsigned char>(c);
     suspicious |= static_cast<unsigned>(byte < 0x20) & static_cast<unsigned>(byte != '\n');
     suspicious |= static_cast<unsigned>(byte == 0x7F) | static_cast<unsigned>(byte == 0xC2);
+    suspicious |= static_cast<unsigned>(byte == 0xE2);
   }
   return suspicious ? printable(utf8) : utf8;
 }

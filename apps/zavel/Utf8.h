@@ -25,8 +25,8 @@ std::string repairUtf8(std::string_view text);
 
 bool isUtf8(std::string_view text);
 
-// Control characters, which would steer a terminal, become U+FFFD; so do bytes that are not UTF-8. Line ends
-// (0x0A) stay.
+// Control characters, which would steer a terminal, become U+FFFD; so do those that turn the direction of
+// what stands behind them, and bytes that are not UTF-8. Line ends (0x0A) stay.
 std::string printable(std::string_view text);
 
 // The same for what is UTF-8 already, quick where there is nothing to replace.

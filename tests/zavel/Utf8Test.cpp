@@ -47,6 +47,7 @@ TEST(Printable, ControlCharactersAndStrayBytesAreReplaced) {
   EXPECT_EQ(printable("行く\n\x1b[31m\t\x7F"), "行く\n\xEF\xBF\xBD[31m\xEF\xBF\xBD\xEF\xBF\xBD");
   EXPECT_EQ(printable("\xC2\x9B"), "\xEF\xBF\xBD");  // what ESC [ is in one character
   EXPECT_EQ(printable("\xC2\xA0"), "\xC2\xA0");
+  EXPECT_EQ(printable("a\u202Eb\u2066c\u2029"), "a\uFFFDb\uFFFDc\u2029");  // U+2029 parts paragraphs
   EXPECT_EQ(printable("\xE8\xA1"), "\xEF\xBF\xBD\xEF\xBF\xBD");
   EXPECT_EQ(printable(""), "");
   for (const char* text : {"行く\n\x1b[31m\t\x7F", "\xC2\x9B", "a\xC2\xA0", "\x7F", "\x1F", "行く\n", ""}) {

@@ -98,7 +98,8 @@ Failure lackingFiles(const std::string& name, const std::vector<std::string>& fi
   for (const std::string& file : files) names += (names.empty() ? "" : ", ") + printable(file);
   return {kExitDamaged, kDamagedBook,
           "the book " + quoted(name) + " is damaged: its " +
-              (files.size() == 1 ? "file " + names + " is missing" : "files " + names + " are missing"),
+              (files.size() == 1 ? "file " + names + " is missing or empty"
+                                 : "files " + names + " are missing or empty"),
           kRebuild};
 }
 

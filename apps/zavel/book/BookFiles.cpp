@@ -20,9 +20,10 @@ bool isMedium(uint16_t kind) {
   return low >= lowByte(kKindMonoPictures) && low <= lowByte(kKindData4);
 }
 
+// An empty file holds nothing, not even where its sets are.
 bool isThere(const std::filesystem::path& path) {
   std::error_code error;
-  return std::filesystem::is_regular_file(path, error);
+  return std::filesystem::is_regular_file(path, error) && std::filesystem::file_size(path, error) > 0;
 }
 
 }  // namespace

@@ -124,6 +124,11 @@ int runBookGaiji(const BookOptions& options) {
   Failure failure = findBook(options.book, &place);
   if (!failure) failure = book.open(place);
   if (failure) return report(failure, options.json);
+  if (options.character.empty() && !options.output.empty()) {
+    return report(
+        {kExitUsage, "usage", "--output needs a character", "See which there are: zavel book gaiji BOOK"},
+        options.json);
+  }
   if (options.character.empty()) return listGlyphs(book, options);
   Glyph glyph;
   BookMedium medium;

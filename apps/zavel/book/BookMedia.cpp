@@ -137,6 +137,11 @@ int deliver(const ShelvedBook& book, const BookMedium& medium, const BookOptions
                      "Leave out --output: the document holds the data."},
                     true);
     }
+    if (isTerminal(STDOUT_FILENO)) {
+      return report({kExitUsage, "usage", "these bytes are for no terminal",
+                     "Name a file, or pass them on: --output - | another-program"},
+                    false);
+    }
     std::fwrite(medium.data.data(), 1, medium.data.size(), stdout);
     return kExitFound;
   }

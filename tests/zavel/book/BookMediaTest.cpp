@@ -31,6 +31,19 @@ TEST_F(BookMediaTest, APictureOfTwoColours) {
   EXPECT_EQ(book({"picture", "small", "1:50", "-o", "-"}).out, written("p.bmp"));
 }
 
+TEST_F(BookMediaTest, BytesAreForNoTerminal) {
+  const Outcome outcome = zavel({"book", "picture", "small", "1:50", "-o", "-"}).terminal(24, 80).run();
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.out,
+            "zavel: these bytes are for no terminal\n"
+            "Name a file, or pass them on: --output - | another-program\n");
+}
+
+TEST_F(BookMediaTest, AFileNeedsACharacter) {
+  EXPECT_EQ(told(book({"gaiji", "small", "-o", file("g.png")})),
+            "2||zavel: --output needs a character\nSee which there are: zavel book gaiji BOOK\n");
+}
+
 TEST_F(BookMediaTest, ABitmapAsPng) {
   const Outcome outcome = book({"picture", "small", "1:50", "-o", file("p.png")});
   EXPECT_EQ(outcome.status, 0);

@@ -65,7 +65,8 @@ TEST_F(CompiledBookTest, AFileThatIsMissingIsTold) {
   makeCafe();
   std::filesystem::remove(root() + "/books/cafe/EXACTL.DAT");
   const std::string damaged =
-      "zavel: the book \"cafe\" is damaged: its file EXACTL.DAT is missing. Make it again from its source, "
+      "zavel: the book \"cafe\" is damaged: its file EXACTL.DAT is missing or empty. Make it again from its "
+      "source, "
       "or put "
       "back a copy that is whole.\n";
   Outcome outcome = book({"search", "coffee"});
@@ -77,7 +78,15 @@ TEST_F(CompiledBookTest, AFileThatIsMissingIsTold) {
   EXPECT_EQ(json({"search", "coffee"})["books"][0]["error"]["code"], "damaged_book");
   outcome = book({"info", "cafe"});
   EXPECT_EQ(outcome.status, 5);
-  EXPECT_NE(outcome.err.find("its file EXACTL.DAT is missing"), std::string::npos);
+  EXPECT_NE(outcome.err.find("its file EXACTL.DAT is missing or empty"), std::string::npos);
+}
+
+TEST_F(CompiledBookTest, AnEmptyFileIsTold) {
+  makeCafe();
+  folder_.write("root/books/cafe/BODY.DAT", "");
+  const Outcome outcome = book({"search", "coffee"});
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_NE(outcome.err.find("its file BODY.DAT is missing or empty"), std::string::npos) << outcome.err;
 }
 
 TEST_F(CompiledBookTest, ATableThatIsAFolderIsAsNone) {
