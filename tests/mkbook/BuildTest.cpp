@@ -217,6 +217,20 @@ TEST_F(Build, TakesTitleAndIdentity) {
   EXPECT_EQ(SDicGetDicID(book.handle), 4711u);
 }
 
+TEST_F(Build, TellsOfATitleThatDoesNotFit) {
+  const char* const reason = "titles that a catalog can't hold as they are";
+  EXPECT_EQ(run().status, 0);
+  EXPECT_EQ(summary_.leftOutCount(reason), 0u);
+  for (const std::string& title : {std::string(64, 'x'), std::string("a \U0001F600")}) {
+    options_.title = title;
+    EXPECT_EQ(run().status, 0);
+    EXPECT_EQ(summary_.leftOutCount(reason), 1u) << title;
+  }
+  options_.title = std::string(63, 'x');
+  EXPECT_EQ(run().status, 0);
+  EXPECT_EQ(summary_.leftOutCount(reason), 0u);
+}
+
 // The engine knows corrections for the books of some publishers' numbers, which are small.
 TEST_F(Build, MakesAnIdentityOfTheTitle) {
   EXPECT_EQ(run().status, 0);

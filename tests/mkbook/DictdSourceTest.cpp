@@ -98,6 +98,7 @@ TEST_F(Dictd, TakesBytesThatAreNoUtf8ForLatin1) {
   files_.entry("caf\xE9\nx\n", {"caf\xE9"});
   const DictdSource source = open();
   EXPECT_EQ(source.entry(0).headword, "café");
+  EXPECT_EQ(summary_.leftOutCount("entries that are not UTF-8, read as Latin-1"), 1u);
 }
 
 TEST_F(Dictd, CountsWordsWithoutText) {

@@ -72,9 +72,13 @@ std::string picture(size_t width, size_t height) {
 
 }  // namespace
 
+std::string Catalog::storedTitle() const {
+  return std::string(fitting(title));
+}
+
 std::string Catalog::bytes() const {
   const uint32_t icons = static_cast<uint32_t>(kHeader + kRecord * records.size());
-  const std::string_view name = fitting(title);
+  const std::string name = storedTitle();
   std::string out(kMagic);
   appendBE32(out, kDataVersion);
   out += static_cast<char>(name.size());

@@ -28,6 +28,9 @@ struct Catalog {
   std::string largeIcon;  // 32 x 32 dots of four bits, the bottom row first: 512 bytes
   std::string smallIcon;  // 16 x 15 dots: 120 bytes
 
+  // As much of the title as fits.
+  std::string storedTitle() const;
+
   // The file. Throws std::length_error when a name is too long.
   std::string bytes() const;
 };

@@ -318,6 +318,8 @@ void Compilation::writeFonts() {
 void Compilation::writeCatalog(const BookIdentity& identity) {
   Catalog catalog;
   catalog.title = platform().encoding().toSjisLossy(identity.title).bytes();
+  if (platform().encoding().fromSjisLossy(catalog.storedTitle()) != identity.title)
+    summary_->leftOut("titles that a catalog can't hold as they are", identity.title);
   catalog.identity = identity.number != 0 ? identity.number : identityOf(identity.title);
   catalog.records = records_;
   catalog.largeIcon = source_.largeIcon().empty() ? largeBookIcon() : source_.largeIcon();

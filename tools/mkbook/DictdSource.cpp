@@ -206,8 +206,11 @@ void DictdSource::collect(mkdict::Summary* summary) {
   std::map<std::pair<size_t, size_t>, std::vector<std::string>> places;
   for (const mkdict::DictdReader::Entry& entry : reader_.entries()) {
     const std::string word = readable(entry.word);
-    const bool empty = mkdict::trimmed(joined(reader_.textOf(entry))).empty();
+    const std::string_view text = reader_.textOf(entry);
+    const bool empty = mkdict::trimmed(joined(text)).empty();
     if (isAboutItself(word)) continue;
+    if (!isValidUtf8(text) || !isValidUtf8(entry.word))
+      summary->leftOut("entries that are not UTF-8, read as Latin-1", word);
     if (empty || mkdict::trimmed(word).empty()) {
       summary->leftOut(empty ? "words that lead to no text" : "entries without a word", word);
     } else {
