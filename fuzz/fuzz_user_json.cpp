@@ -28,7 +28,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (size > 4096) return 0;
   const std::string text(reinterpret_cast<const char*>(data), size);
   std::vector<JsonEntry> entries;
-  const bool document = readJsonDocument(text, nullptr, &entries);
+  std::string damage;
+  const bool document = readJsonDocument(text, nullptr, &entries, &damage);
   fuzz::demand(!document || isJsonDocument(text), "a document is JSON");
   for (const JsonEntry& entry : entries) check(entry);
   const UserLanguage japanese = UserLanguage::kJapanese;
