@@ -164,9 +164,19 @@ Failure UserStore::beginSession() {
     if (status != engine::kNoKihonFile && status != engine::kNoIndexMemory) break;
   }
   session_ = status == kOk;
+  if (session_ && !made && access_ == UserAccess::kWrite) return beginWithNewFiles();
   // Files that can't be made are to the engine files that can't be opened.
   if (!made && isOfFiles(status)) status = engine::kFileError;
   return session_ ? Failure{} : failureOf(status, made ? "opening" : "making the files");
+}
+
+// A marker from before there were any files knows neither the index that is to be saved nor its backup.
+Failure UserStore::beginWithNewFiles() {
+  if (UserMarker::beginning(place_, language_, UserMarker::kChanging).write(place_, language_)) return {};
+  session_ = false;
+  EndAPI();
+  undo();
+  return failureOf(engine::kFileError, "making the files");
 }
 
 Failure UserStore::statusFailure(uint16_t status, const std::string& what, bool writing) const {

@@ -97,6 +97,7 @@ class UserStore {
   Failure dropStamp();
   void stampAnew();
   Failure beginSession();
+  Failure beginWithNewFiles();
   Failure undo();
   void unmark();
   Failure failureOf(uint16_t status, const std::string& what) const;

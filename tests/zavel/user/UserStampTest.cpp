@@ -373,6 +373,31 @@ TEST_F(UserStampTest, ACrashAtAnyMomentLeavesThemClear) {
   }
 }
 
+// Nor is a set lost whose making and first entry broke off, with the power or without: what it began with is
+// known before its first index is saved.
+TEST_F(UserStampTest, ACrashAtAnyMomentOfTheFirstEntryLeavesThemClear) {
+  for (const auto language : {kE, kJ}) {
+    const UserEntry ant = language == kE ? english("ant") : japanese("あり", "蟻");
+    const UserEntry bee = language == kE ? english("bee") : japanese("はち", "蜂");
+    for (unsigned seed = 1; seed <= 3; ++seed) {
+      long n = 1;
+      for (;; ++n) {
+        std::filesystem::remove_all(folder_.path() + "/user");
+        const int result = test::runAndCrash(n, seed, [&] { return add({ant}).empty() ? 0 : 1; });
+        ASSERT_GE(result, 0);
+        const Strings left = told(language);
+        ASSERT_TRUE(left == Strings{""} || left == (Strings{"", ant.word})) << n << left[0];
+        ASSERT_EQ(add({bee}), "") << n;
+        ASSERT_EQ(told(language).size(), left.size() + 1) << n;
+        for (const std::string& name : names())
+          ASSERT_EQ(name.find(".kept-"), std::string::npos) << n << name;
+        if (result != test::kCrashed) break;
+      }
+      EXPECT_GT(n, 20);
+    }
+  }
+}
+
 // Likewise where an operation fails and the command goes on.
 TEST_F(UserStampTest, AFailingDiskLeavesThemClear) {
   ASSERT_EQ(add({english("ant"), english("bee")}), "");
