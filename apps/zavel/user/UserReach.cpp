@@ -55,9 +55,12 @@ UserReach UserReach::of(const UserPlace& place, UserLanguage language, const Use
   UserReach reach;
   const UserStamp stamp = UserStamp::read(place, language);
   const std::string entries = place.file(userFiles(language).back());
-  reach.stamped = stamp.isOf(files.indexHash(), WindowFile(entries).size());
-  if (!stamp.known || reach.stamped) return reach;
+  if (!stamp.known) return reach;
   reach.stamped = stamp.fits(place, language);
+  if (stamp.isOf(files.indexHash(), WindowFile(entries).size())) {
+    reach.otherTexts = !reach.stamped;
+    return reach;
+  }
   const uint64_t stored = reach.stamped ? stamp.entriesEnd : 0;
   const uint64_t begun = marker.work == UserMarker::kChanging ? marker.entriesEnd : UINT64_MAX;
   FileRanges gaps = files.gaps();
@@ -70,7 +73,8 @@ UserReach UserReach::of(const UserPlace& place, UserLanguage language, const Use
 }
 
 Failure unclearEntries(UserLanguage language, const std::string& folder, const UserReach& reach) {
-  const std::string name = "my" + userFiles(language).front();
+  const std::string name =
+      "my" + (reach.otherTexts ? userFiles(language).back() : userFiles(language).front());
   std::string text;
   for (size_t i = 0; i < std::min(reach.words.size(), kMostNamed); ++i)
     text += (i > 0 ? ", \"" : "\"") + reach.words[i] + "\"";
@@ -78,13 +82,15 @@ Failure unclearEntries(UserLanguage language, const std::string& folder, const U
     text += " and " + std::to_string(reach.words.size() - kMostNamed) + " others";
   const size_t count = reach.unreached.size();
   const std::string what =
-      count == 0   ? " leads to entries that were deleted"
-      : count == 1 ? " doesn't lead to an entry that is there: " + text
-                   : " doesn't lead to " + std::to_string(count) + " entries that are there: " + text;
+      reach.otherTexts ? " holds other texts than were left in it"
+      : count == 0     ? " leads to entries that were deleted"
+      : count == 1     ? " doesn't lead to an entry that is there: " + text
+                       : " doesn't lead to " + std::to_string(count) + " entries that are there: " + text;
   return {
       kExitDamaged, kUnclear,
       entriesOf(language) + " in " + folder + " are not as they were left: " + name + what +
-          "; it may be older than the other files, or damaged, or another program deleted entries",
+          "; it may be older than the other files, or damaged, or another program " +
+          (reach.otherTexts ? "changed" : "deleted") + " entries",
       "Put a copy of that folder in its place; or save all there is (zavel user export FILE), run \"zavel "
       "user arrange --accept\" and import what is missing then (zavel user import FILE)."};
 }

@@ -1,6 +1,7 @@
 // Whether a dictionary whose files belong together still leads to everything that was stored: with an older
 // first index in the place of the present one, or with offsets in it lost, entries look just like deleted
-// ones. A stamp tells which of them were.
+// ones. A stamp tells which of them were. It also tells an older file of entries from the present one, where
+// both have the same size and their entries the same places.
 #ifndef ZAVEL_USER_USERREACH_H
 #define ZAVEL_USER_USERREACH_H
 
@@ -22,8 +23,11 @@ struct UserReach {
   std::vector<std::string> words;  // theirs
   bool revived = false;            // something leads to one that was deleted
   bool stamped = false;            // a stamp is there that fits the files
+  // The file of entries is of the size that the stamp has, and so is the first index the one of the stamp;
+  // but the bytes are others.
+  bool otherTexts = false;
 
-  bool clear() const { return unreached.empty() && !revived; }
+  bool clear() const { return unreached.empty() && !revived && !otherTexts; }
 
   // `files`: whole, looked at in full. Of a change that broke off, what it added and nothing leads to doesn't
   // count.

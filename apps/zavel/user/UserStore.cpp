@@ -207,7 +207,9 @@ Failure UserStore::salvage(Failure damage, std::vector<UserEntry>* entries) {
   // A damaged file of entries is hardly another one: what was deleted in it is where it was.
   UserStamp stamp = UserStamp::read(place_, language_);
   const bool fits = stamp.fits(place_, language_);
-  if (whole && !fits) stamp.dead.clear();
+  // With the size and the index that the stamp has, so do deleted entries stand where it has them.
+  const UserStamp now = whole && !fits ? UserStamp::of(place_, language_, {}) : UserStamp();
+  if (whole && !fits && !stamp.isOf(now.indexHash, now.entriesEnd)) stamp.dead.clear();
   SalvagedEntries found = salvageEntries(language_, paths, stamp, fits && !whole);
   const std::string lost = whole ? std::string() : lostText(found);
   if (!lost.empty()) damage.message += "; " + lost;

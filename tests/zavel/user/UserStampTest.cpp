@@ -221,6 +221,41 @@ TEST_F(UserStampTest, AnIndexFromBeforeADeletionIsToldToo) {
   EXPECT_NE(failure.message.find("myej.idx leads to entries that were deleted; "), std::string::npos);
 }
 
+// Arranged files of entries with texts of the same lengths have the same size and the same index.
+TEST_F(UserStampTest, AnOlderFileOfEntriesOfTheSameSizeIsTold) {
+  for (const auto& [language, name] : {std::pair{kE, "myej.dic"}, std::pair{kJ, "myje.dic"}}) {
+    const bool en = language == kE;
+    UserEntry ant = en ? english("ant", "aa") : japanese("あり"), bee = ant, dead = ant;
+    bee.word = en ? "bee" : "はち";
+    dead.word = en ? "dead" : "しんだ";
+    ASSERT_EQ(add({ant, bee, dead}), "");
+    ASSERT_EQ(arrange(language), "");
+    const std::string older = bytes(name);
+    UserEntry edited = bee;
+    edited.meaning = en ? "bb" : "meanimg";
+    ASSERT_EQ(change(language, [&](UserStore& open) { return replaceIn(open, bee.word, edited); }), "");
+    ASSERT_EQ(arrange(language), "");
+    ASSERT_EQ(remove(language, dead.word), "");
+    const std::string whole = bytes(name);
+    ASSERT_EQ(whole.size(), older.size());
+    put(name, older);
+    expectUnclear(language, {ant.word, bee.word});
+    Failure failure;
+    shown(language, &failure);
+    EXPECT_EQ(failure.message, std::string("your ") + (en ? "English" : "Japanese") + " entries in " +
+                                   place().folder() + " are not as they were left: " + name +
+                                   " holds other texts than were left in it; it may be older than the other "
+                                   "files, or damaged, or another program changed entries");
+    put(name, whole);
+    EXPECT_EQ(told(language), (Strings{"", ant.word, bee.word}));
+    EXPECT_EQ(find(language, bee.word)[0].meaning, edited.meaning);
+    put(name, older);
+    EXPECT_EQ(arrange(language, true), "");
+    EXPECT_EQ(bytes(std::string(name) + ".kept-1"), older);
+    EXPECT_EQ(told(language), (Strings{"", ant.word, bee.word}));
+  }
+}
+
 TEST_F(UserStampTest, OwnChangesAreClear) {
   for (const auto language : {kE, kJ}) {
     const bool en = language == kE;
