@@ -121,8 +121,7 @@ int runUserImport(const UserOptions& options) {
     failure = import.run();
     counts = import.counts();
   }
-  if (!damage.empty())
-    warn(fileName(options) + " is an export of entries that were damaged: " + printable(damage));
+  if (!damage.empty()) warn(fileName(options) + " was exported with a warning: " + printable(damage));
   tellRefused(options, items, byLine);
   const bool whole = !failure && !interrupted();
   const char* status = failure ? "error" : !whole ? "interrupted" : counts.refused > 0 ? "partly" : "done";

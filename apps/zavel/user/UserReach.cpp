@@ -2,6 +2,7 @@
 #include "user/UserReach.h"
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_set>
 
 #include "engine/DicFormat.h"
@@ -29,6 +30,31 @@ std::vector<std::string> wordsOf(const std::string& entries, UserLanguage langua
     if (known.insert(word).second) words.push_back(std::move(word));
   }
   return words;
+}
+
+std::string named(const std::vector<std::string>& words) {
+  std::string text;
+  for (size_t i = 0; i < std::min(words.size(), kMostNamed); ++i)
+    text += (i > 0 ? ", \"" : "\"") + words[i] + "\"";
+  if (words.size() > kMostNamed) text += " and " + std::to_string(words.size() - kMostNamed) + " others";
+  return text;
+}
+
+// What is wrong with the first index, behind its name.
+std::string wrongWays(const UserReach& reach) {
+  const size_t lost = reach.unreached.size(), back = reach.revived.size();
+  std::string text;
+  if (lost > 0) {
+    text = " doesn't lead to " +
+           (lost == 1 ? "an entry that is" : std::to_string(lost) + " entries that are") +
+           " there: " + named(reach.words);
+  }
+  if (back > 0) {
+    text += std::string(lost > 0 ? ", and" : "") + " leads to " +
+            (back == 1 ? "an entry that was" : std::to_string(back) + " entries that were") +
+            " deleted: " + named(reach.revivedWords);
+  }
+  return text;
 }
 
 }  // namespace
@@ -68,24 +94,15 @@ UserReach UserReach::of(const UserPlace& place, UserLanguage language, const Use
   const auto isDead = [&](uint64_t entry) { return reach.stamped && stamp.isDead(entry); };
   reach.unreached = entriesIn(entries, language, gaps, isDead);
   reach.words = wordsOf(entries, language, reach.unreached);
-  reach.revived = std::any_of(files.entries().begin(), files.entries().end(), isDead);
+  std::copy_if(files.entries().begin(), files.entries().end(), std::back_inserter(reach.revived), isDead);
+  reach.revivedWords = wordsOf(entries, language, reach.revived);
   return reach;
 }
 
 Failure unclearEntries(UserLanguage language, const std::string& folder, const UserReach& reach) {
   const std::string name =
       "my" + (reach.otherTexts ? userFiles(language).back() : userFiles(language).front());
-  std::string text;
-  for (size_t i = 0; i < std::min(reach.words.size(), kMostNamed); ++i)
-    text += (i > 0 ? ", \"" : "\"") + reach.words[i] + "\"";
-  if (reach.words.size() > kMostNamed)
-    text += " and " + std::to_string(reach.words.size() - kMostNamed) + " others";
-  const size_t count = reach.unreached.size();
-  const std::string what =
-      reach.otherTexts ? " holds other texts than were left in it"
-      : count == 0     ? " leads to entries that were deleted"
-      : count == 1     ? " doesn't lead to an entry that is there: " + text
-                       : " doesn't lead to " + std::to_string(count) + " entries that are there: " + text;
+  const std::string what = reach.otherTexts ? " holds other texts than were left in it" : wrongWays(reach);
   return {
       kExitDamaged, kUnclear,
       entriesOf(language) + " in " + folder + " are not as they were left: " + name + what +

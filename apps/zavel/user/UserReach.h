@@ -21,13 +21,15 @@ struct UserReach {
   // Offsets of whole entries that nothing leads to, though this program didn't delete them.
   std::vector<uint32_t> unreached;
   std::vector<std::string> words;  // theirs
-  bool revived = false;            // something leads to one that was deleted
-  bool stamped = false;            // a stamp is there that fits the files
+  // Offsets of entries that something leads to, though they were deleted.
+  std::vector<uint32_t> revived;
+  std::vector<std::string> revivedWords;
+  bool stamped = false;  // a stamp is there that fits the files
   // The file of entries is of the size that the stamp has, and so is the first index the one of the stamp;
   // but the bytes are others.
   bool otherTexts = false;
 
-  bool clear() const { return unreached.empty() && !revived && !otherTexts; }
+  bool clear() const { return unreached.empty() && revived.empty() && !otherTexts; }
 
   // `files`: whole, looked at in full. Of a change that broke off, what it added and nothing leads to doesn't
   // count.

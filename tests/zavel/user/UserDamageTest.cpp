@@ -324,8 +324,7 @@ TEST_F(UserDamage, DocumentsTellTheDamage) {
   const test::Outcome imported = user({"import", words});
   EXPECT_EQ(imported.status, 0);
   EXPECT_EQ(imported.out, "4 entries added\n");
-  EXPECT_EQ(imported.err,
-            "zavel: " + words + " is an export of entries that were damaged: " + message + "\n");
+  EXPECT_EQ(imported.err, "zavel: " + words + " was exported with a warning: " + message + "\n");
   EXPECT_EQ(nlohmann::json::parse(user({"import", words, "--json"}).out)["damaged_export"], message);
   EXPECT_FALSE(nlohmann::json::parse(user({"export", "--json"}).out).contains("damage"));
   EXPECT_FALSE(nlohmann::json::parse(user({"list", "--json"}).out).contains("damage"));

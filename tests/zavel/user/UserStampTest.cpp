@@ -218,7 +218,27 @@ TEST_F(UserStampTest, AnIndexFromBeforeADeletionIsToldToo) {
   expectUnclear(kE, {"ant", "bee"});
   Failure failure;
   shown(kE, &failure);
-  EXPECT_NE(failure.message.find("myej.idx leads to entries that were deleted; "), std::string::npos);
+  EXPECT_NE(failure.message.find("myej.idx leads to an entry that was deleted: \"bee\"; "),
+            std::string::npos);
+}
+
+TEST_F(UserStampTest, WhatAnOlderIndexHidesAndWhatItBringsBackAreBothTold) {
+  std::vector<UserEntry> dead;
+  for (const char* word : {"da", "db", "dc", "dd", "de", "df", "dg"}) dead.push_back(english(word));
+  ASSERT_EQ(add({english("ant"), english("bee")}), "");
+  ASSERT_EQ(add(dead), "");
+  const std::string older = bytes("myej.idx");
+  for (const UserEntry& entry : dead) ASSERT_EQ(remove(kE, entry.word), "");
+  ASSERT_EQ(add({english("kiwi")}), "");
+  put("myej.idx", older);
+  Failure failure;
+  shown(kE, &failure);
+  EXPECT_EQ(
+      failure.message,
+      "your English entries in " + place().folder() +
+          " are not as they were left: myej.idx doesn't lead to an entry that is there: \"kiwi\", and "
+          "leads to 7 entries that were deleted: \"da\", \"db\", \"dc\", \"dd\", \"de\" and 2 others; it "
+          "may be older than the other files, or damaged, or another program deleted entries");
 }
 
 // Arranged files of entries with texts of the same lengths have the same size and the same index.
