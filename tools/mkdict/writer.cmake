@@ -14,6 +14,7 @@ list(APPEND mkdict_sources
   JapaneseRanks.cpp
   JsonString.cpp
   Options.cpp
+  ProgramRun.cpp
   Progress.cpp
   ReadingUses.cpp
   Report.cpp
