@@ -204,12 +204,14 @@ std::vector<std::string> headwordsOf(const std::vector<UserEntry>& entries) {
   return words;
 }
 
-std::string lostText(const SalvagedEntries& entries) {
+std::string lostText(const SalvagedEntries& entries, bool sure) {
   const std::vector<LostWord>& lost = entries.lost;
   if (entries.byFile && !entries.entries.empty())
     return std::string("entries that you deleted or changed may be among those that can be read") +
            (entries.gaps ? ", and others can't be read" : "");
-  if (lost.empty()) return entries.entries.empty() ? "" : "each of them can be read";
+  if (lost.empty() && entries.entries.empty()) return "";
+  if (lost.empty())
+    return sure ? "each of them can be read" : "those that can be read may not be all, nor as you left them";
   std::string text;
   for (size_t i = 0; i < std::min(lost.size(), kMostNamed); ++i) {
     text += (i > 0 ? ", \"" : "\"") + lost[i].word + "\"";

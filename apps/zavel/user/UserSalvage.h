@@ -41,8 +41,8 @@ SalvagedEntries salvageEntries(UserLanguage language, const UserPaths& paths, co
 std::vector<std::string> headwordsOf(const std::vector<UserEntry>& entries);
 
 // How far they can be read, for a message: "the entry "grok" can't be read". Empty where there are none at
-// all.
-std::string lostText(const SalvagedEntries& entries);
+// all. `sure`: nothing tells that their file is of another time than the stamp or the index, or was altered.
+std::string lostText(const SalvagedEntries& entries, bool sure);
 
 }  // namespace zavel::host
 

@@ -207,11 +207,13 @@ Failure UserStore::salvage(Failure damage, std::vector<UserEntry>* entries) {
   // A damaged file of entries is hardly another one: what was deleted in it is where it was.
   UserStamp stamp = UserStamp::read(place_, language_);
   const bool fits = stamp.fits(place_, language_);
+  const UserStamp now = UserStamp::of(place_, language_, {});
   // With the size and the index that the stamp has, so do deleted entries stand where it has them.
-  const UserStamp now = whole && !fits ? UserStamp::of(place_, language_, {}) : UserStamp();
   if (whole && !fits && !stamp.isOf(now.indexHash, now.entriesEnd)) stamp.dead.clear();
+  // An older file of entries fits the stamp of its time. An index that is none says nothing of when it was.
+  const bool sure = !stamp.known || (fits && (!now.known || now.indexHash == stamp.indexHash));
   SalvagedEntries found = salvageEntries(language_, paths, stamp, fits && !whole);
-  const std::string lost = whole ? std::string() : lostText(found);
+  const std::string lost = whole ? std::string() : lostText(found, sure);
   if (!lost.empty()) damage.message += "; " + lost;
   if (!whole) damage.hint = kDamageHint;
   *entries = std::move(found.entries);

@@ -249,6 +249,27 @@ TEST_F(UserDamage, WordsThatAreSpelledOtherwiseAreReadToo) {
   EXPECT_NE(found.err.find("; each of them can be read\n"), std::string::npos) << found.err;
 }
 
+// The stamp tells, though what is there reads well.
+TEST_F(UserDamage, EntriesThatMayBeOthersAreNotSaidToBeAll) {
+  const char* const unsure = "; those that can be read may not be all, nor as you left them\n";
+  ASSERT_EQ(user({"add", "犬", "dog", "--reading", "いぬ"}).status, 0);
+  const Bytes whole = files()["myje.dic"];
+  Bytes other = whole;
+  put("myje.dic", other.replace(other.find("\x8C\xA2"), 2, "\x8C\xA3"));  // another kanji
+  const test::Outcome altered = user({"list"});
+  EXPECT_EQ(altered.status, 5);
+  EXPECT_NE(altered.err.find(unsure), std::string::npos) << altered.err;
+  put("myje.dic", whole);
+  ASSERT_EQ(user({"add", "apple", "x"}).status, 0);
+  const Files older = files();
+  ASSERT_EQ(user({"add", "banana", "x"}).status, 0);
+  for (const char* name : {"myej.dic", "myej.stamp"}) put(name, older.at(name));
+  const test::Outcome list = user({"list", "--lang", "en"});
+  EXPECT_EQ(list.status, 5);
+  EXPECT_EQ(list.out, "apple\n");
+  EXPECT_NE(list.err.find(unsure), std::string::npos) << list.err;
+}
+
 TEST_F(UserDamage, AnExportFromBeforeTheDamageIsNotReplaced) {
   makeSets();
   const std::string words = this->file("words.tsv");
