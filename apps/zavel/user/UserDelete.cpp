@@ -192,6 +192,11 @@ int runUserArrange(const UserOptions& options) {
       return report(failure, options.json);
     }
   }
+  if (done.empty()) {
+    // Why there are none: there may be something else in the place of their folder.
+    const Failure failure = makeStore()->open(languagesOf(options).front(), UserAccess::kRead);
+    if (failure) return report(failure, options.json);
+  }
   showArranged(done, options.json);
   if (done.empty()) std::fprintf(stderr, "zavel: you have no entries yet\n");
   return done.empty() ? kExitNothing : kExitFound;

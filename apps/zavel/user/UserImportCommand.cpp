@@ -125,8 +125,11 @@ int runUserImport(const UserOptions& options) {
   tellRefused(options, items, byLine);
   const bool whole = !failure && !interrupted();
   const char* status = failure ? "error" : !whole ? "interrupted" : counts.refused > 0 ? "partly" : "done";
-  std::fputs((options.json ? summaryJson(counts, items, status, failure, damage) : summary(counts)).c_str(),
-             stdout);
+  if (options.json) {
+    std::fputs(summaryJson(counts, items, status, failure, damage).c_str(), stdout);
+  } else if (!failure || counts.added + counts.replaced > 0) {
+    std::fputs(summary(counts).c_str(), stdout);
+  }
   if (failure) return report(failure, false);
   if (interrupted()) {
     std::fflush(stdout);

@@ -274,6 +274,13 @@ Failure UserRecovery::notWritten() const {
           kWriteHint};
 }
 
+Failure UserRecovery::notTaken() const {
+  return {kExitEnvironment, "not_stored",
+          entriesOf(language_) + " can't be taken as they stand: files in " + place_.folder() +
+              " can't be written",
+          kWriteHint};
+}
+
 Failure UserRecovery::failureOf(const UserCheck& files) const {
   if (files.whole()) return {};
   if (files.unreadable()) return unreadableEntries(language_, place_.folder(), files.wrong());
@@ -305,12 +312,13 @@ Failure UserRecovery::takeAsItStands(const UserCheck& files) const {
   for (const std::string& name : allNames()) {
     std::string as;
     if (!there(name)) continue;
-    if (!keep(path(name), &as, true)) return notWritten();
+    if (!keep(path(name), &as, true)) return notTaken();
     kept += (kept.empty() ? "" : ", ") + as;
   }
+  if (!UserStamp::of(place_, language_, files.gaps()).write(place_, language_)) return notTaken();
   accepted_->push_back(entriesOf(language_) + " are taken as they stand; copies of the files are kept as " +
                        kept);
-  return UserStamp::of(place_, language_, files.gaps()).write(place_, language_) ? Failure{} : notWritten();
+  return {};
 }
 
 Failure UserRecovery::damage(UserCheck::Depth depth, Standing* standing) const {

@@ -87,6 +87,7 @@ class UserRecovery {
   bool anyFile() const;
   Failure failureOf(const UserCheck& files) const;
   Failure notWritten() const;
+  Failure notTaken() const;
 
   UserPlace place_;
   UserLanguage language_;

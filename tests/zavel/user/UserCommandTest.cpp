@@ -238,7 +238,7 @@ TEST_F(UserCommandTest, AFileInThePlaceOfTheFolderIsNoFolder) {
   std::filesystem::create_directories(root());
   std::ofstream(users()) << "x";
   for (const std::vector<std::string>& command :
-       {std::vector<std::string>{"list"}, {"export"}, {"add", "bank", "銀行"}}) {
+       {std::vector<std::string>{"list"}, {"export"}, {"add", "bank", "銀行"}, {"arrange"}}) {
     const Outcome outcome = run(command);
     EXPECT_EQ(outcome.status, 3) << command[0];
     EXPECT_EQ(

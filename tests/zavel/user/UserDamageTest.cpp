@@ -319,6 +319,17 @@ TEST_F(UserDamage, AnImportTellsAsJsonWhatWentInBesideTheDamage) {
   EXPECT_EQ(json["refused"][0]["line"], 4);
 }
 
+TEST_F(UserDamage, AnImportThatCannotBeginTellsThatAlone) {
+  makeSets();
+  put("myej.dic", shorter(files()["myej.dic"]));
+  const std::string words = this->file("words.tsv");
+  std::ofstream(words) << "lang\tword\tmeaning\nen\tcat\tx\n";
+  const test::Outcome imported = user({"import", words});
+  EXPECT_EQ(imported.status, 5);
+  EXPECT_EQ(imported.out, "");
+  EXPECT_TRUE(imported.err.starts_with("zavel: your English entries in ")) << imported.err;
+}
+
 // Documents of damaged entries say so themselves, and an import passes it on.
 TEST_F(UserDamage, DocumentsTellTheDamage) {
   makeSets();

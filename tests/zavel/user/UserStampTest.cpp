@@ -373,6 +373,37 @@ TEST_F(UserStampTest, OnesWordTakesThemAsTheyStandAndKeepsCopies) {
   EXPECT_FALSE(exists("myej.idx.kept-2"));  // where all is clear nothing is kept
 }
 
+TEST_F(UserStampTest, WhereNoCopyCanBeKeptNothingIsTaken) {
+  ASSERT_EQ(add({english("ant")}), "");
+  const std::string older = bytes("myej.idx");
+  ASSERT_EQ(add({english("bee")}), "");
+  put("myej.idx", older);
+  const Files before = files();
+  const std::string reason =
+      "your English entries can't be taken as they stand: files in " + place().folder() + " can't be written";
+  int told = 0;
+  for (long n = 1;; ++n) {
+    restore(before);
+    long faults = 0;
+    Failure failure;
+    {
+      test::FaultyStorage disk;
+      disk.failAt(n, test::FaultyStorage::kForEver);
+      UserStore open = store();
+      open.acceptUnclear();
+      failure = open.open(kE, UserAccess::kWrite);
+      faults = disk.faults();
+    }
+    if (failure.message == reason) {
+      ++told;
+      for (const char* name : {"myej.idx", "myej.ix3", "myej.dic"})
+        EXPECT_EQ(bytes(name), before.at(name)) << n << name;
+    }
+    if (faults == 0) break;
+  }
+  EXPECT_GT(told, 3);  // three files and the stamp
+}
+
 // A set that was copied without its stamp, back over a newer one.
 TEST_F(UserStampTest, AnOlderSetIsWholeByItself) {
   ASSERT_EQ(add({english("ant"), english("bee")}), "");
