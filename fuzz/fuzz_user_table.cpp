@@ -45,7 +45,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   readLines(text);
   std::vector<ImportItem> items;
   bool byLine = false;
-  readImport(text, nullptr, &items, &byLine);
+  std::string damage;
+  readImport(text, nullptr, &items, &byLine, &damage);
   for (const ImportItem& item : items) {
     if (item.wrong.empty()) fuzz::demandSettledRoundTrip(item.entry, readBack);
     UserExample example;
