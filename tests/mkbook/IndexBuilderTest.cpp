@@ -323,6 +323,19 @@ TEST(ManyWords, AreFoundByTheirEnds) {
   }
 }
 
+// Half of the words by each.
+TEST(ManyWords, AreFoundAsKeywordsAndInTexts) {
+  const std::vector<std::string> words = generated(kManyWords);
+  Indexed book(words, {0x80, 0x81}, kPlainKeys);
+  const Model model(words, false);
+  bool texts = false;
+  for (const size_t i : ordered(words, false)) {
+    texts = !texts;
+    ASSERT_EQ(book.search(texts ? "△" : "▲", words[i]), model.exact(plain(words[i])))
+        << test::fromJis(words[i]);
+  }
+}
+
 // The kinds for kana and for letters, each asked by keys of its own sort.
 TEST(IndexBuilder, FilesKanaAndLettersInKindsOfTheirOwn) {
   std::vector<std::string> kana, letters;
