@@ -151,6 +151,18 @@ TEST_F(Source, HasForms) {
       << summary_.text();
 }
 
+TEST_F(Source, TellsOfValuesThatAreNoChoice) {
+  open(
+      "@book T\n@form f\n@field c\nred\nblue\n@field free\n@entry a\n@value c: blu\n@value c: Red\n@value "
+      "free: x\n");
+  EXPECT_NE(summary_.text().find("1  values that are none of their field's choices: c: blu\n"),
+            std::string::npos)
+      << summary_.text();
+  // Another form takes any.
+  open("@book T\n@form f\n@field c\nred\n@form g\n@field c\n@entry a\n@value c: blu\n@value c: red\n");
+  EXPECT_EQ(summary_.leftOutCount("values that are none of their field's choices"), 0u);
+}
+
 TEST_F(Source, TellsAllThatIsWrongAtOnce) {
   folder_.write("book.txt", "@book T\n@entry あ\nい{x}\n@bogus\n");
   try {

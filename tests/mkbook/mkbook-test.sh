@@ -80,6 +80,11 @@ expect 'a place that takes no folder' 3 '' "*can't be made*" "$mkbook" "${font[@
 [[ "$(cat "$work/err")" == "mkbook: the output can't be written"* ]] || fail 'and says so'
 [ -e "$work/told/BOOK.CAT" ] || fail 'the book is there all the same'
 
+# A file that may not grow as large as it must is a full disk.
+(ulimit -f 1; exec "$mkbook" "${font[@]}" edict "$work/edict" "$work/limited") >"$work/out" 2>"$work/err"
+[ $? = 3 ] || fail 'a limit of file sizes ends with 3'
+[ -z "$(ls -d "$work"/limited* 2>/dev/null)" ] || fail 'and leaves nothing'
+
 # An interrupt in the middle leaves the old book and nothing beside it.
 edict 300000 >"$work/long"
 mkdir "$work/place"

@@ -258,6 +258,7 @@ void TextSource::checkValues() {
       if (!labels.contains(label)) complain(i, directive->offset, "no form has a field " + label);
     }
   }
+  findStrayValues(values);
   const auto note = [&](const SearchField& field, const std::string& choice) {
     const auto at = values.lower_bound({field.label, folded(choice)});
     const bool found = at != values.end() && at->first == field.label &&
@@ -273,6 +274,27 @@ void TextSource::checkValues() {
       }
     }
   }
+}
+
+// Where a field is asked for by one of its choices, a value that is none of them can't be asked for.
+void TextSource::findStrayValues(const std::set<std::pair<std::string, std::string>>& values) {
+  std::set<std::pair<std::string, std::string>> choices;
+  std::set<std::string> chosen;
+  for (const MultiSearch& form : forms_) {
+    for (const SearchField& field : form.fields) {
+      if (field.byBeginning || field.choices.empty()) continue;
+      chosen.insert(field.label);
+      for (const Choice& choice : field.choices) {
+        choices.emplace(field.label, folded(choice.name));
+        for (const Choice& below : choice.below) choices.emplace(field.label, folded(below.name));
+      }
+    }
+  }
+  for (const MultiSearch& form : forms_)
+    for (const SearchField& field : form.fields)
+      if (field.byBeginning || field.choices.empty()) chosen.erase(field.label);
+  for (const auto& value : values)
+    if (chosen.contains(value.first) && !choices.contains(value)) strayValues_.push_back(value);
 }
 
 void TextSource::tellLost(mkdict::Summary* summary) const {
@@ -297,6 +319,8 @@ void TextSource::tellLost(mkdict::Summary* summary) const {
   }
   for (const auto& [field, choice] : deadChoices_)
     summary->leftOut("choices that no entry has", field + ": " + choice);
+  for (const auto& [field, value] : strayValues_)
+    summary->leftOut("values that are none of their field's choices", field + ": " + value);
 }
 
 TextEntry TextSource::parsed(size_t number) const {

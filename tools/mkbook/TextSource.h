@@ -3,6 +3,7 @@
 #define MKBOOK_TEXTSOURCE_H
 
 #include <optional>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -48,6 +49,7 @@ class TextSource : public BookSource {
   void readMenus();
   void readForms();
   void checkValues();
+  void findStrayValues(const std::set<std::pair<std::string, std::string>>& values);
   void tellLost(mkdict::Summary* summary) const;
 
   uint32_t numberIn(const Directive& directive, size_t line, uint32_t least);
@@ -77,6 +79,7 @@ class TextSource : public BookSource {
   std::vector<ToMenu> toMenus_;
   bool inPictureMenu_ = false;
   std::vector<std::pair<std::string, std::string>> deadChoices_;  // field, choice
+  std::vector<std::pair<std::string, std::string>> strayValues_;  // field, value in small letters
 };
 
 }  // namespace zavel::mkbook

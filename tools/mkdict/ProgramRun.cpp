@@ -38,6 +38,8 @@ const volatile std::sig_atomic_t* watchSignals() {
   struct sigaction action = {};
   action.sa_handler = stop;
   for (const int number : {SIGINT, SIGTERM, SIGHUP}) sigaction(number, &action, nullptr);
+  // A file that may not grow further is a failed write, as on a full disk.
+  signal(SIGXFSZ, SIG_IGN);
   return &g_stop;
 }
 

@@ -9,7 +9,7 @@
 
 namespace zavel::mkdict {
 
-// From now on SIGINT, SIGTERM and SIGHUP set a flag, which stays; gives it.
+// From now on SIGINT, SIGTERM and SIGHUP set a flag, which stays, and SIGXFSZ does nothing; gives the flag.
 const volatile std::sig_atomic_t* watchSignals();
 
 // Progress as `how` asks for it (auto, bar, plain, json, none) on standard error, a terminal or not.

@@ -60,6 +60,7 @@ void BookQueryReader::split(std::string_view text) {
     addWord(std::exchange(word, {}));
     if (sign) tokens_.push_back({row->sign, std::string(text.substr(0, length)), row->method});
     if (c != '"') continue;
+    quoteOpen_ = text.find('"', 1) == std::string_view::npos;
     const size_t end = std::min(text.find('"', 1), text.size());
     tokens_.push_back({Sign::kQuoted, std::string(text.substr(1, end - 1))});
     length = std::min(end + 1, text.size());
@@ -77,7 +78,9 @@ void BookQueryReader::addWord(std::string word) {
 }
 
 std::unique_ptr<BookQuery> BookQueryReader::read(std::string* wrong) {
-  std::unique_ptr<BookQuery> query = tokens_.empty() ? fail("it is empty") : combination(0);
+  std::unique_ptr<BookQuery> query = quoteOpen_        ? fail("a quote isn't ended")
+                                     : tokens_.empty() ? fail("it is empty")
+                                                       : combination(0);
   if (query && next_ < tokens_.size()) {
     query = fail(at(Sign::kClose) ? "a group ends that wasn't begun"
                                   : "\"and\" or \"or\" is missing ahead of " + quoted(tokens_[next_].text));

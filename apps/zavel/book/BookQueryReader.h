@@ -40,6 +40,7 @@ class BookQueryReader {
   std::vector<Token> tokens_;
   size_t next_ = 0;
   unsigned operands_ = 1;
+  bool quoteOpen_ = false;
   std::string wrong_;
 };
 

@@ -72,6 +72,8 @@ TEST(BookQueryTest, Forms) {
 
 TEST(BookQueryTest, WhatIsWrongIsTold) {
   EXPECT_EQ(read(""), "wrong: it is empty");
+  EXPECT_EQ(read("\"dog"), "wrong: a quote isn't ended");
+  EXPECT_EQ(read("dog and \""), "wrong: a quote isn't ended");
   EXPECT_EQ(read("a and"), "wrong: a word is missing behind \"and\"");
   EXPECT_EQ(read("and a"), "wrong: a word is missing ahead of \"and\"");
   EXPECT_EQ(read("a and or b"), "wrong: a word is missing ahead of \"or\"");
